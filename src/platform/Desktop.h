@@ -1,0 +1,40 @@
+// The desktop around the program: the screen, the pointer, other copies, and programs started
+// outside.
+#pragma once
+
+#include <string>
+
+namespace platform {
+
+struct PointPx {
+    int x = 0;
+    int y = 0;
+};
+
+struct SizePx {
+    int width = 0;
+    int height = 0;
+};
+
+/// Window positions are kept in twips: 1440 to the inch, 15 to a pixel at 96 dots to the inch.
+constexpr int twipsPerPixel = 15;
+
+class Desktop {
+public:
+    virtual ~Desktop() = default;
+
+    [[nodiscard]] virtual SizePx screenSize() = 0;
+    [[nodiscard]] virtual PointPx GetCursorPos() = 0; ///< on the screen
+
+    /// Whether another copy of the program runs for this user; holds the place of the one copy if
+    /// not.
+    [[nodiscard]] virtual bool isAnotherCopyRunning() = 0;
+
+    /// Opens the help at its first page; `file` is the help's name as the program has it.
+    virtual void HtmlHelpA(const std::string& file) = 0;
+
+    /// A random number in [0, 1).
+    [[nodiscard]] virtual double Rnd() = 0;
+};
+
+} // namespace platform

@@ -1,0 +1,37 @@
+// The host's files, by name: UTF-8 paths in which '\' and '/' both separate, found without regard
+// to case.
+#pragma once
+
+#include <iosfwd>
+#include <memory>
+#include <string>
+
+namespace platform {
+
+/// Every call takes a name as the program has it (see `resolve` in CaseBlind.h): the exact name is
+/// tried first, then one that differs in case only. A stream that is null stands for a failed open.
+class Files {
+public:
+    virtual ~Files() = default;
+
+    /// For reading, binary. Null for what is no readable file, a directory among others.
+    [[nodiscard]] virtual std::unique_ptr<std::istream> openForInput(const std::string& name) = 0;
+
+    /// For writing, binary, created or truncated.
+    [[nodiscard]] virtual std::unique_ptr<std::ostream> openForOutput(const std::string& name) = 0;
+
+    /// For writing from the first byte on, binary, created if missing and never truncated: what the
+    /// file holds behind the last byte written stays.
+    [[nodiscard]] virtual std::unique_ptr<std::ostream> openForBinary(const std::string& name) = 0;
+
+    /// True if the name can be opened for input.
+    [[nodiscard]] virtual bool canRead(const std::string& name) = 0;
+
+    // These return whether they did what they say.
+    virtual bool remove(const std::string& name) = 0;
+    virtual bool rename(const std::string& from, const std::string& to) = 0; ///< replaces `to`
+    virtual bool copy(const std::string& from, const std::string& to) = 0;   ///< replaces `to`
+    virtual bool createFolder(const std::string& name) = 0; ///< false also if it was there
+};
+
+} // namespace platform

@@ -1,0 +1,22 @@
+// The command-string interface to the devices that play and record files.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace platform {
+
+class Mci {
+public:
+    virtual ~Mci() = default;
+
+    /// Carries out one command string (UTF-8). Returns 0 or an error code; `reply`, if given, gets
+    /// the text of a "status" query and is left alone by everything else.
+    virtual std::uint32_t mciSendStringA(const std::string& command,
+                                         std::string* reply = nullptr) = 0;
+
+    /// The text of an error code, UTF-8; empty for a code that is not known.
+    [[nodiscard]] virtual std::string mciGetErrorStringA(std::uint32_t code) = 0;
+};
+
+} // namespace platform

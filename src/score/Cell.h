@@ -1,0 +1,78 @@
+// What the numbers in the grids mean: note cells, pitches and instruments.
+#pragma once
+
+#include <cstdint>
+
+namespace velorin {
+
+// A note cell:
+//
+//       -1           empty, a rest
+//   0 .. 127         a note starts here; the value is its pitch index
+//   1000 + pitch     the note goes on
+//
+//   column   0     1     2     3     4
+//           60  1060  1060    -1    64        a note of three columns, a rest, a note of one
+//
+// A reader makes three tests only: below 0, below 1000, and the rest; so other numbers, which only
+// a file can bring, have a meaning too.
+
+constexpr std::int16_t emptyCell = -1;
+constexpr std::int16_t heldOffset = 1000;
+
+constexpr bool isEmpty(int cell) {
+    return cell < 0;
+}
+constexpr bool isStart(int cell) {
+    return cell >= 0 && cell < heldOffset;
+}
+constexpr bool isHeld(int cell) {
+    return cell >= heldOffset;
+}
+
+/// The pitch index of a cell that is not empty, counted downwards from the top line of the tableau.
+constexpr int pitchOf(int cell) {
+    return cell % heldOffset;
+}
+
+/// The held cell of a pitch index.
+constexpr std::int16_t heldCell(int pitch) {
+    return static_cast<std::int16_t>(heldOffset + pitch);
+}
+
+/// The MIDI key of a pitch index: the tableau counts down from key 127, the device counts up.
+constexpr int PitchToKey(int pitch) {
+    return 127 - pitch;
+}
+
+// Instruments: 0..127 are General MIDI programs (0-based), 128..174 the sounds of the General MIDI
+// percussion map.
+
+constexpr int firstPercussion = 128;
+constexpr int percussionSounds = 47;
+constexpr bool isPercussion(int instrument) {
+    return instrument >= firstPercussion;
+}
+
+/// The MIDI key of a percussion instrument: 128 is key 35, "Acoustic Bass Drum".
+constexpr int percussionKey(int instrument) {
+    return instrument - 93;
+}
+
+/// The MIDI channel (0-based) that General MIDI keeps for percussion.
+constexpr int percussionChannel = 9;
+
+// Rows of the score.
+
+constexpr int scoreRows = 13;
+constexpr int musicRows = 8; ///< rows 0..7 stand on `MusicBox`, 8..12 on `Beatbox`
+constexpr int scoreColumns = 1001;
+constexpr int lastGridColumn = 1000;
+constexpr int lastShownColumn = 999; ///< the grid has column 1000, no view reaches it
+
+constexpr int firstPercussionRow = 8;
+constexpr bool isMusicRow(int row) {
+    return row < firstPercussionRow;
+}
+
+} // namespace velorin

@@ -1,0 +1,56 @@
+// A fixed grid of signed 16-bit cells: rows of columns, flat in memory, never resized.
+#pragma once
+
+#include <array>
+#include <cassert>
+#include <cstdint>
+#include <optional>
+
+namespace velorin {
+
+/// Row [0, Rows), column [0, Columns). One accessor for each way guards the bounds, so that no
+/// caller does it by hand: a write outside is dropped, a read outside tells that there is nothing.
+template <int Rows, int Columns>
+class Grid {
+public:
+    static constexpr int rows = Rows;
+    static constexpr int columns = Columns;
+
+    /// The cell, or no value outside the grid.
+    [[nodiscard]] std::optional<std::int16_t> read(int row, int column) const {
+        if (!holds(row, column))
+            return std::nullopt;
+        return cells_[index(row, column)];
+    }
+
+    /// Writes the cell; outside the grid it does nothing. Returns whether there was such a cell.
+    bool write(int row, int column, std::int16_t value) {
+        if (!holds(row, column))
+            return false;
+        cells_[index(row, column)] = value;
+        return true;
+    }
+
+    /// The cell of a place that the caller knows to lie inside.
+    [[nodiscard]] std::int16_t at(int row, int column) const {
+        assert(holds(row, column));
+        return cells_[index(row, column)];
+    }
+
+    void fill(std::int16_t value) { cells_.fill(value); }
+
+    [[nodiscard]] static constexpr bool holds(int row, int column) {
+        return row >= 0 && row < Rows && column >= 0 && column < Columns;
+    }
+
+    friend bool operator==(const Grid&, const Grid&) = default;
+
+private:
+    static constexpr std::size_t index(int row, int column) {
+        return static_cast<std::size_t>(row) * Columns + static_cast<std::size_t>(column);
+    }
+
+    std::array<std::int16_t, static_cast<std::size_t>(Rows) * Columns> cells_{};
+};
+
+} // namespace velorin
