@@ -33,3 +33,12 @@ endfunction()
 function(velorin_warnings target)
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Werror)
 endfunction()
+
+# velorin_program(name SOURCES... LINK libs...): a program, built into bin/.
+function(velorin_program name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+    add_executable(${name} ${ARG_SOURCES})
+    velorin_warnings(${name})
+    target_link_libraries(${name} PRIVATE ${ARG_LINK})
+    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+endfunction()
