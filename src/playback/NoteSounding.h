@@ -29,10 +29,11 @@ public:
     void StopColumnNotes();
     void ChangeInstrument(int instrument, int row);
 
-    void Device_Click();   ///< closes and reopens the device that `Form3`'s `Combo2` shows
-    void Combo1_Click();   ///< the instrument list's choice goes to `CurrentRow`
-    void Combo5_Click();   ///< the percussion list's choice goes to `CurrentRow`
-    void Command9_Click(); ///< the number in `Instxt` goes to `CurrentRow`
+    void Device_Click(); ///< closes and reopens the device that `Form3`'s `Combo2` shows
+    void Combo2_Click() { Device_Click(); } ///< the main window's own device list was chosen from
+    void Combo1_Click();                    ///< the instrument list's choice goes to `CurrentRow`
+    void Combo5_Click();                    ///< the percussion list's choice goes to `CurrentRow`
+    void Command9_Click();                  ///< the number in `Instxt` goes to `CurrentRow`
 
     void StopSound();       ///< stops playing and resets the device
     void Command32_Click(); ///< "Stop all": the same, and every file that plays

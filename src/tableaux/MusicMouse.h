@@ -9,20 +9,18 @@ class MusicTableau;
 class NoteSounding;
 class Picmain;
 class PolyTableau;
-class ScoreDesk;
 class TableauDesk;
 struct Studio;
 
 class MusicMouse {
 public:
     MusicMouse(Studio& studio, Picmain& area, MusicTableau& tableau, PolyTableau& poly,
-               NoteSounding& sounding, ScoreDesk& scoreDesk, TableauDesk& desk)
+               NoteSounding& sounding, TableauDesk& desk)
         : studio_(studio),
           area_(area),
           tableau_(tableau),
           poly_(poly),
           sounding_(sounding),
-          scoreDesk_(scoreDesk),
           desk_(desk) {}
 
     void MusicBox_MouseDown(int button, int shift, double x, double y);
@@ -38,7 +36,6 @@ private:
     MusicTableau& tableau_;
     PolyTableau& poly_;
     NoteSounding& sounding_;
-    ScoreDesk& scoreDesk_;
     TableauDesk& desk_;
 };
 

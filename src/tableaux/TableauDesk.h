@@ -2,6 +2,8 @@
 // menus.
 #pragma once
 
+#include <string>
+
 namespace velorin {
 
 /// Implemented by `Form1`. Sizes in logical pixels.
@@ -24,6 +26,11 @@ public:
     /// editing), and unloads it.
     virtual void popupCommand1() = 0;
     virtual void popupCommand2() = 0;
+
+    /// The main window's own hidden instrument lists, filled like those of `Form3`: "24 Nylon
+    /// Guitar", "128 Acoustic Bass Drum". An index [0, 128) and [0, 47); empty outside.
+    [[nodiscard]] virtual std::string Combo1Entry(int index) = 0;
+    [[nodiscard]] virtual std::string Combo5Entry(int index) = 0;
 };
 
 } // namespace velorin
