@@ -1,0 +1,102 @@
+// File operations on the host's files, with the test's own refusals in front.
+#include "support/ScriptedFiles.h"
+
+#include "platform/CaseBlind.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+#include <stdexcept>
+#include <system_error>
+
+namespace scripted {
+
+namespace fs = std::filesystem;
+
+TemporaryFolder::TemporaryFolder() {
+    std::string name = (fs::temp_directory_path() / "velorin-XXXXXX").string();
+    if (mkdtemp(name.data()) == nullptr)
+        throw std::runtime_error("no temporary folder");
+    path_ = name;
+}
+
+TemporaryFolder::~TemporaryFolder() {
+    std::error_code ignored;
+    fs::remove_all(path_, ignored);
+}
+
+std::unique_ptr<std::istream> ScriptedFiles::openForInput(const std::string& name) {
+    const fs::path path = platform::resolve(name);
+    std::error_code error;
+    if (name.empty() || fs::is_directory(path, error))
+        return nullptr;
+    auto stream = std::make_unique<std::ifstream>(path, std::ios::binary);
+    return stream->is_open() ? std::move(stream) : nullptr;
+}
+
+std::unique_ptr<std::ostream> ScriptedFiles::openForOutput(const std::string& name) {
+    const fs::path path = platform::resolve(name);
+    if (name.empty() || !mayWrite(path))
+        return nullptr;
+    auto stream = std::make_unique<std::ofstream>(path, std::ios::binary | std::ios::trunc);
+    return stream->is_open() ? std::move(stream) : nullptr;
+}
+
+std::unique_ptr<std::ostream> ScriptedFiles::openForBinary(const std::string& name) {
+    const fs::path path = platform::resolve(name);
+    if (name.empty() || !mayWrite(path))
+        return nullptr;
+    // Only opening for reading as well keeps what the file holds; only opening for writing makes a
+    // file that is not there.
+    std::error_code error;
+    const auto mode = fs::exists(path, error) ? std::ios::in | std::ios::out : std::ios::out;
+    auto stream = std::make_unique<std::fstream>(path, std::ios::binary | mode);
+    return stream->is_open() ? std::move(stream) : nullptr;
+}
+
+bool ScriptedFiles::canRead(const std::string& name) {
+    return openForInput(name) != nullptr;
+}
+
+bool ScriptedFiles::remove(const std::string& name) {
+    const fs::path path = platform::resolve(name);
+    std::error_code error;
+    return mayWrite(path) && fs::is_regular_file(path, error) && fs::remove(path, error);
+}
+
+bool ScriptedFiles::rename(const std::string& from, const std::string& to) {
+    const fs::path source = platform::resolve(from);
+    const fs::path target = platform::resolve(to);
+    if (!mayWrite(source) || !mayWrite(target))
+        return false;
+    std::error_code error;
+    fs::rename(source, target, error);
+    return !error;
+}
+
+bool ScriptedFiles::copy(const std::string& from, const std::string& to) {
+    const fs::path target = platform::resolve(to);
+    std::error_code error;
+    return mayWrite(target) && fs::copy_file(platform::resolve(from), target,
+                                             fs::copy_options::overwrite_existing, error);
+}
+
+bool ScriptedFiles::createFolder(const std::string& name) {
+    const fs::path path = platform::resolve(name);
+    std::error_code error;
+    return mayWrite(path) && fs::create_directory(path, error);
+}
+
+void ScriptedFiles::makeReadOnly(const std::string& name) {
+    readOnly_.push_back(platform::resolve(name).lexically_normal());
+}
+
+bool ScriptedFiles::mayWrite(const fs::path& path) const {
+    const fs::path asked = path.lexically_normal();
+    return std::none_of(readOnly_.begin(), readOnly_.end(), [&asked](const fs::path& locked) {
+        const auto ends = std::mismatch(locked.begin(), locked.end(), asked.begin(), asked.end());
+        return ends.first == locked.end();
+    });
+}
+
+} // namespace scripted

@@ -1,0 +1,37 @@
+// The command-string interface of a test: it keeps a log and answers what it was told to answer.
+#pragma once
+
+#include "platform/Mci.h"
+#include "support/VirtualTime.h"
+
+#include <string>
+#include <vector>
+
+namespace scripted {
+
+class ScriptedMci final : public platform::Mci {
+public:
+    explicit ScriptedMci(const VirtualTime& time) : time_(time) {}
+
+    std::uint32_t mciSendStringA(const std::string& command, std::string* reply) override;
+    /// "error 263" for code 263.
+    std::string mciGetErrorStringA(std::uint32_t code) override;
+
+    /// From now on a command that begins with `prefix` (case does not count) is answered so. The
+    /// newest reply that matches counts; with none the answer is 0 and an empty text.
+    void reply(const std::string& prefix, std::uint32_t code, const std::string& text);
+
+    std::vector<std::string> log; ///< "0.120 open \"a.mid\" type sequencer alias midi"
+
+private:
+    struct Reply {
+        std::string prefix; ///< lower case
+        std::uint32_t code = 0;
+        std::string text;
+    };
+
+    const VirtualTime& time_;
+    std::vector<Reply> replies_;
+};
+
+} // namespace scripted

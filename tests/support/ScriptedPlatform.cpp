@@ -1,0 +1,47 @@
+// The settings store of a test, its random numbers, and the assembly of the host.
+#include "support/ScriptedPlatform.h"
+
+#include "platform/Text.h"
+
+namespace scripted {
+
+namespace {
+
+std::pair<std::string, std::string> address(const std::string& section, const std::string& key) {
+    return {platform::lowerCase(section), platform::lowerCase(key)};
+}
+
+} // namespace
+
+std::string ScriptedSettings::GetSetting(const std::string& section, const std::string& key,
+                                         const std::string& fallback) {
+    return find(section, key).value_or(fallback);
+}
+
+void ScriptedSettings::SaveSetting(const std::string& section, const std::string& key,
+                                   const std::string& value) {
+    values_[address(section, key)] = value;
+}
+
+std::optional<std::string> ScriptedSettings::find(const std::string& section,
+                                                  const std::string& key) const {
+    const auto found = values_.find(address(section, key));
+    if (found == values_.end())
+        return std::nullopt;
+    return found->second;
+}
+
+double ScriptedDesktop::Rnd() {
+    if (randoms.empty())
+        return 0.0;
+    const double number = randoms.front();
+    randoms.pop_front();
+    return number;
+}
+
+ScriptedPlatform::ScriptedPlatform()
+    : midi(time), mci(time), platform{time,    time,  midi,  mci,
+                                      dialogs, boxes, files, settings,
+                                      desktop, menus, time,  folder.path().string()} {}
+
+} // namespace scripted

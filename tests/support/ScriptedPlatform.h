@@ -1,0 +1,74 @@
+// A whole host for a test: virtual time, devices that keep logs, dialogs that are answered
+// beforehand, real files in a folder of its own.
+#pragma once
+
+#include "platform/Desktop.h"
+#include "platform/Platform.h"
+#include "platform/Settings.h"
+#include "support/ScriptedDialogs.h"
+#include "support/ScriptedFiles.h"
+#include "support/ScriptedMci.h"
+#include "support/ScriptedMidi.h"
+#include "support/VirtualTime.h"
+
+#include <deque>
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace scripted {
+
+/// Keys and sections do not mind case. Everything is kept until the end of the test.
+class ScriptedSettings final : public platform::Settings {
+public:
+    std::string GetSetting(const std::string& section, const std::string& key,
+                           const std::string& fallback) override;
+    void SaveSetting(const std::string& section, const std::string& key,
+                     const std::string& value) override;
+
+    [[nodiscard]] std::optional<std::string> find(const std::string& section,
+                                                  const std::string& key) const;
+
+private:
+    std::map<std::pair<std::string, std::string>, std::string> values_;
+};
+
+class ScriptedDesktop final : public platform::Desktop {
+public:
+    platform::SizePx screenSize() override { return screen; }
+    platform::PointPx GetCursorPos() override { return cursor; }
+    bool isAnotherCopyRunning() override { return anotherCopy; }
+    void HtmlHelpA(const std::string& file) override { programs.push_back("help " + file); }
+    double Rnd() override; ///< the next of `randoms`; 0 when there is none
+
+    platform::SizePx screen{1024, 768};
+    platform::PointPx cursor;
+    bool anotherCopy = false;
+    std::deque<double> randoms;
+    std::vector<std::string> programs; ///< what was started outside: "help name"
+};
+
+/// The interfaces refer to this object, so it stays where it is and outlives every user.
+class ScriptedPlatform {
+public:
+    ScriptedPlatform();
+    ScriptedPlatform(const ScriptedPlatform&) = delete;
+    ScriptedPlatform& operator=(const ScriptedPlatform&) = delete;
+
+    TemporaryFolder folder;
+    VirtualTime time;
+    ScriptedMidi midi;
+    ScriptedMci mci;
+    ScriptedDialogs dialogs;
+    ScriptedBoxes boxes;
+    ScriptedMenus menus;
+    ScriptedFiles files;
+    ScriptedSettings settings;
+    ScriptedDesktop desktop;
+
+    platform::Platform platform; ///< all of the above; the program's folder is `folder`
+};
+
+} // namespace scripted

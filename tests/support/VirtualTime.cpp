@@ -1,0 +1,125 @@
+// The order in which planned things run, and where the clock goes.
+#include "support/VirtualTime.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <utility>
+
+namespace scripted {
+
+namespace {
+
+constexpr Nanoseconds nanosecondsPerMillisecond = 1'000'000;
+
+// A loop that yields this often without waiting will never end by itself.
+constexpr std::int64_t idleYieldLimit = 20'000'000;
+
+} // namespace
+
+std::uint32_t VirtualTime::GetTickCount() {
+    return static_cast<std::uint32_t>(now_ / nanosecondsPerMillisecond);
+}
+
+void VirtualTime::hold(int milliseconds) {
+    moveTo(now_ + milliseconds * nanosecondsPerMillisecond);
+}
+
+void VirtualTime::moveTo(Nanoseconds time) {
+    if (time > now_)
+        idleYields_ = 0;
+    now_ = time;
+}
+
+const VirtualTime::Planned* VirtualTime::next() const {
+    const auto earlier = [](const Planned& a, const Planned& b) {
+        return a.time != b.time ? a.time < b.time : a.number < b.number;
+    };
+    const auto found = std::min_element(planned_.begin(), planned_.end(), earlier);
+    return found == planned_.end() ? nullptr : &*found;
+}
+
+// What a planned thing does may yield again, and that inner yield takes its share of the list; so
+// the list is asked anew for each step, within the bounds that held when this yield began.
+void VirtualTime::runDue() {
+    const Nanoseconds until = now_;
+    const int newest = lastNumber_;
+    while (!isEnding()) {
+        const Planned* due = nullptr;
+        for (const Planned& each : planned_) {
+            const bool mayRun = each.time <= until && each.number <= newest;
+            if (mayRun && (due == nullptr || each.time < due->time))
+                due = &each;
+        }
+        if (due == nullptr)
+            return;
+        const std::function<void()> run = due->run;
+        cancel(due->number);
+        run();
+    }
+}
+
+void VirtualTime::Yield() {
+    if (++idleYields_ > idleYieldLimit && deadline_ != INT64_MAX) {
+        brokenOff_ = true;
+        now_ = deadline_;
+    }
+    runDue();
+}
+
+void VirtualTime::waitUntil(std::int64_t counter) {
+    if (isEnding() || now_ >= counter)
+        return;
+    const Planned* planned = next();
+    const Nanoseconds target = planned != nullptr ? std::min(planned->time, counter) : counter;
+    if (target >= deadline_) {
+        moveTo(deadline_);
+        brokenOff_ = true;
+        return;
+    }
+    const bool isTheEnd = target == counter;
+    moveTo(std::max(now_, target));
+    if (!isTheEnd)
+        runDue();
+}
+
+void VirtualTime::pass(Nanoseconds duration) {
+    const Nanoseconds end = now_ + duration;
+    while (now_ < end && !isEnding())
+        waitUntil(end);
+    Yield();
+}
+
+int VirtualTime::plan(Nanoseconds delay, std::function<void()> run) {
+    planned_.push_back({now_ + delay, ++lastNumber_, std::move(run)});
+    return lastNumber_;
+}
+
+int VirtualTime::after(int milliseconds, std::function<void()> fire) {
+    return plan(milliseconds * nanosecondsPerMillisecond, std::move(fire));
+}
+
+void VirtualTime::cancel(int number) {
+    std::erase_if(planned_, [number](const Planned& each) { return each.number == number; });
+}
+
+std::string VirtualTime::stamp() const {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.3f",
+                  static_cast<double>(now_) / static_cast<double>(nanosecondsPerSecond));
+    return text;
+}
+
+void VirtualTime::beginCommand() {
+    deadline_ = now_ + oneDay;
+    idleYields_ = 0;
+    brokenOff_ = false;
+}
+
+bool VirtualTime::endCommand() {
+    const bool wasBrokenOff = brokenOff_;
+    brokenOff_ = false;
+    deadline_ = INT64_MAX;
+    return wasBrokenOff;
+}
+
+} // namespace scripted
