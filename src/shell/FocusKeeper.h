@@ -1,0 +1,52 @@
+// The one place that knows which control has the focus, and runs the focus handlers in their order.
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+
+#include <functional>
+#include <unordered_map>
+
+namespace velorin {
+
+/// One for the program. The focus moves when a user moves it (Tab, a press on a control that takes
+/// the keyboard) or when a procedure gives it. The window system's own moves, on showing or
+/// activating a window or on disabling the control that has it, do not count.
+class FocusKeeper : public QObject {
+    Q_OBJECT
+
+public:
+    FocusKeeper();
+    ~FocusKeeper() override;
+
+    /// Runs the lost-focus handler of the old control, then the got-focus handler of the new one,
+    /// before it returns. Nothing happens if `control` has the focus, is disabled or is hidden.
+    void give(QWidget* control);
+
+    /// Null if nothing has it: at the start, and after the window of the control has gone.
+    [[nodiscard]] QWidget* current() const { return current_; }
+
+    /// One handler for each control; a second call replaces the first. Forgotten with the control.
+    void onGot(QWidget* control, std::function<void()> handler);
+    void onLost(QWidget* control, std::function<void()> handler);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    struct Handlers {
+        std::function<void()> got;
+        std::function<void()> lost;
+    };
+
+    Handlers& handlersOf(QWidget* control);
+    void moveTo(QWidget* control);
+    void followWindowSystem(QWidget* control, Qt::FocusReason reason);
+
+    QPointer<QWidget> current_;
+    std::unordered_map<QObject*, Handlers> handlers_;
+    bool tabPressed_ = false;
+};
+
+} // namespace velorin

@@ -1,0 +1,94 @@
+// The program: it owns the studio and the windows, starts them in their order and ends them in
+// theirs.
+#pragma once
+
+#include "platform/Platform.h"
+#include "score/Studio.h"
+#include "shell/FocusKeeper.h"
+#include "shell/SkinnedFrame.h"
+#include "shell/ToolWindow.h"
+
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+namespace velorin {
+
+class Form1;
+class HoldingLoop;
+class SetupToolbar;
+
+/// One for each run. The platform outlives it. All calls come from the user-interface thread.
+class Program {
+public:
+    explicit Program(platform::Platform& platform);
+    ~Program();
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    /// Everything from the splash to the moment when the user can act. False if the start was
+    /// refused because another copy runs.
+    bool start();
+
+    /// True after the exit command, or after a start that was refused. Windows are off the screen;
+    /// handlers that were running may still have to return.
+    [[nodiscard]] bool hasEnded() const { return ended_; }
+
+    /// What the process is to return: 0, or 1 after `endWithError`.
+    [[nodiscard]] int exitStatus() const { return exitStatus_; }
+
+    /// The exit command. A second call does nothing.
+    void Command3_Click();
+
+    /// For an error that nothing may go on after: says it in one message box and ends in the usual
+    /// order.
+    void endWithError(const std::string& text);
+
+    [[nodiscard]] Studio& studio() { return *studio_; }
+    [[nodiscard]] Form1& form1() { return *form1_; }
+    [[nodiscard]] SetupToolbar& setup() { return *setup_; }
+
+    /// A window by its name: Form1, Form2, Form3, Frmmenu, Record, Wiz, frminfo, openerF. With
+    /// `load` it is loaded as its first use would. Null for one that is not loaded, not built or
+    /// not known.
+    QWidget* window(const QString& name, bool load);
+
+    /// Makes a window known under its name. `Form3` is there from the start.
+    void addToolWindow(const QString& name, std::unique_ptr<ToolWindow> window);
+    [[nodiscard]] ToolWindow* toolWindow(const QString& name);
+
+    /// Loads a tool window and shows it above the others. Nothing happens if it is not built.
+    void showWindow(const QString& name);
+    void unloadWindow(const QString& name);
+
+    /// Hides the window at once and destroys it when no handler runs any more.
+    void destroyLater(std::unique_ptr<QWidget> window);
+
+    FocusKeeper focus;
+    FrameState frames;
+    QString activeToolbar; ///< the tool window that was active last
+
+private:
+    struct NamedWindow {
+        QString name;
+        std::unique_ptr<ToolWindow> window;
+    };
+
+    bool IsProgramRunning();
+    void destroyWaiting();
+
+    platform::Platform& host_;
+    std::unique_ptr<HoldingLoop> loop_;
+    platform::Platform platform_; ///< the host's, with `loop_` in place of its loop
+    std::unique_ptr<SetupToolbar> setup_;
+    std::unique_ptr<Studio> studio_;
+    std::vector<NamedWindow> toolWindows_;
+    std::unique_ptr<Form1> form1_;
+    std::vector<std::unique_ptr<QWidget>> waiting_; ///< to be destroyed
+    bool ending_ = false;
+    bool ended_ = false;
+    int exitStatus_ = 0;
+};
+
+} // namespace velorin

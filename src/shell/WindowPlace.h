@@ -1,0 +1,43 @@
+// Where a window stands, in twips: the value that was set is kept as long as the window stays
+// there.
+#pragma once
+
+#include <QPoint>
+#include <QSize>
+
+#include <string>
+
+class QWidget;
+
+namespace velorin {
+
+/// Left, top, width and height in twips, single precision. A value that is no whole number of
+/// pixels is rounded for the screen and kept as it is for the reader, so that a place that is saved
+/// and restored does not creep.
+class WindowPlace {
+public:
+    explicit WindowPlace(QWidget& window) : window_(window) {}
+
+    [[nodiscard]] float Left() const;
+    [[nodiscard]] float Top() const;
+    [[nodiscard]] float Width() const;
+    [[nodiscard]] float Height() const;
+
+    void moveTo(float left, float top);
+    void resizeTo(float width, float height);
+
+private:
+    QWidget& window_;
+    float left_ = 0.0F;
+    float top_ = 0.0F;
+    float width_ = 0.0F;
+    float height_ = 0.0F;
+    QPoint placedAt_;
+    QSize placedSize_;
+};
+
+/// The text of a place as the settings keep it, and back; a text that is no number gives `present`.
+[[nodiscard]] std::string twipsText(float twips);
+[[nodiscard]] float twipsFrom(const std::string& text, float present);
+
+} // namespace velorin
