@@ -1,0 +1,109 @@
+// Files through the standard library's streams and file system calls.
+#include "host/HostFiles.h"
+
+#include "platform/CaseBlind.h"
+
+#include <filesystem>
+#include <fstream>
+#include <system_error>
+
+namespace velorin::host {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+bool isPipe(const fs::path& path) {
+    std::error_code error;
+    return fs::is_fifo(path, error);
+}
+
+/// A file that nobody may write to is not deleted either, whatever its folder allows.
+bool isWriteProtected(const fs::path& path) {
+    constexpr fs::perms writable =
+        fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    std::error_code error;
+    const fs::file_status status = fs::status(path, error);
+    return fs::exists(status) && (status.permissions() & writable) == fs::perms::none;
+}
+
+} // namespace
+
+std::unique_ptr<std::istream> HostFiles::openForInput(const std::string& name) {
+    const fs::path path = platform::resolve(name);
+    std::error_code error;
+    if (!fs::is_regular_file(path, error))
+        return nullptr;
+    auto stream = std::make_unique<std::ifstream>(path, std::ios::binary);
+    if (!stream->is_open())
+        return nullptr;
+    return stream;
+}
+
+std::unique_ptr<std::ostream> HostFiles::openForOutput(const std::string& name) {
+    const fs::path path = platform::resolve(name);
+    if (isPipe(path))
+        return nullptr;
+    auto stream = std::make_unique<std::ofstream>(path, std::ios::binary | std::ios::trunc);
+    if (!stream->is_open())
+        return nullptr;
+    return stream;
+}
+
+// A stream that neither truncates nor appends has to be open for reading too, and then makes no
+// file; so a missing file is made first.
+std::unique_ptr<std::ostream> HostFiles::openForBinary(const std::string& name) {
+    const fs::path path = platform::resolve(name);
+    std::error_code error;
+    if (isPipe(path) || fs::is_directory(path, error))
+        return nullptr;
+    if (!fs::exists(path, error))
+        std::ofstream(path, std::ios::binary | std::ios::app).close();
+    auto stream =
+        std::make_unique<std::fstream>(path, std::ios::binary | std::ios::in | std::ios::out);
+    if (!stream->is_open())
+        return nullptr;
+    return stream;
+}
+
+bool HostFiles::canRead(const std::string& name) {
+    return openForInput(name) != nullptr;
+}
+
+bool HostFiles::remove(const std::string& name) {
+    const fs::path path = platform::resolve(name);
+    std::error_code error;
+    if (fs::is_directory(fs::symlink_status(path, error)) || isWriteProtected(path))
+        return false;
+    return fs::remove(path, error) && !error;
+}
+
+bool HostFiles::rename(const std::string& from, const std::string& to) {
+    std::error_code error;
+    fs::rename(platform::resolve(from), platform::resolve(to), error);
+    return !error;
+}
+
+bool HostFiles::copy(const std::string& from, const std::string& to) {
+    const fs::path source = platform::resolve(from);
+    const fs::path target = platform::resolve(to);
+    fs::path unfinished = target;
+    unfinished += ".part";
+    std::error_code error;
+    bool done = fs::copy_file(source, unfinished, fs::copy_options::overwrite_existing, error);
+    if (done && !error) {
+        fs::rename(unfinished, target, error);
+        done = !error;
+    }
+    std::error_code ignored; // nothing more can be done about a remainder that stays
+    if (!done)
+        fs::remove(unfinished, ignored);
+    return done;
+}
+
+bool HostFiles::createFolder(const std::string& name) {
+    std::error_code error;
+    return fs::create_directory(platform::resolve(name), error) && !error;
+}
+
+} // namespace velorin::host

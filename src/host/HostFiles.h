@@ -1,0 +1,26 @@
+// The files of the machine the program runs on.
+#pragma once
+
+#include "platform/Files.h"
+
+namespace velorin::host {
+
+/// Names are found without regard to case (see platform/CaseBlind.h). No call throws.
+class HostFiles final : public platform::Files {
+public:
+    /// Null for all but regular files: a pipe or a device could hold the program up for ever.
+    std::unique_ptr<std::istream> openForInput(const std::string& name) override;
+    std::unique_ptr<std::ostream> openForOutput(const std::string& name) override;
+    std::unique_ptr<std::ostream> openForBinary(const std::string& name) override;
+    bool canRead(const std::string& name) override;
+
+    bool remove(const std::string& name) override; ///< no folder, no write-protected file
+    bool rename(const std::string& from, const std::string& to) override;
+
+    /// The copy takes its name only when it is whole; if it fails, a file of that name stays as it
+    /// was.
+    bool copy(const std::string& from, const std::string& to) override;
+    bool createFolder(const std::string& name) override;
+};
+
+} // namespace velorin::host

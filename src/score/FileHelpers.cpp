@@ -1,0 +1,33 @@
+// Shared file operations and the wait that belongs to them.
+#include "score/FileHelpers.h"
+
+#include "platform/Clock.h"
+#include "platform/Files.h"
+#include "platform/MessageLoop.h"
+#include "platform/Platform.h"
+
+#include <ostream>
+
+namespace velorin {
+
+void yieldFor(platform::Platform& platform, int milliseconds) {
+    const std::int64_t frequency = platform.clock.QueryPerformanceFrequency();
+    const std::int64_t end =
+        platform.clock.QueryPerformanceCounter() + frequency * milliseconds / 1000;
+    while (platform.clock.QueryPerformanceCounter() < end && !platform.loop.isEnding())
+        platform.loop.waitUntil(end);
+}
+
+bool FileExists(platform::Platform& platform, const std::string& name) {
+    return platform.files.canRead(name);
+}
+
+// The open comes first, so that the file is there to be deleted; a failure of either is ignored,
+// and the wait lasts all the same.
+void p_DestroyFile(platform::Platform& platform, const std::string& name) {
+    platform.files.openForBinary(name).reset();
+    platform.files.remove(name);
+    yieldFor(platform, 200);
+}
+
+} // namespace velorin

@@ -1,0 +1,136 @@
+// Files of the machine: names whose case differs, old tails that stay, folders that are no files.
+#include "host/HostFiles.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+using velorin::host::HostFiles;
+namespace fs = std::filesystem;
+
+namespace {
+
+/// A folder of its own for each test, removed at its end.
+class HostFilesTest : public testing::Test {
+protected:
+    HostFilesTest() {
+        std::string pattern = (fs::temp_directory_path() / "velorin-files-XXXXXX").string();
+        folder = mkdtemp(pattern.data());
+    }
+    ~HostFilesTest() override { fs::remove_all(folder); }
+
+    [[nodiscard]] std::string at(const std::string& name) const { return folder + "\\" + name; }
+
+    void put(const std::string& name, const std::string& content) {
+        const auto stream = files.openForOutput(at(name));
+        ASSERT_NE(stream, nullptr);
+        *stream << content;
+    }
+
+    std::string content(const std::string& name) {
+        const auto stream = files.openForInput(at(name));
+        if (!stream)
+            return "no such file";
+        return {std::istreambuf_iterator<char>(*stream), {}};
+    }
+
+    std::string folder;
+    HostFiles files;
+};
+
+} // namespace
+
+TEST_F(HostFilesTest, FileIsFoundUnderANameThatDiffersInCase) {
+    put("Mein Lied \xC3\x84.SNG", "x");
+    EXPECT_EQ(content("mein lied \xC3\xA4.sng"), "x");
+    EXPECT_TRUE(files.canRead(at("MEIN LIED \xC3\x84.sng")));
+}
+
+TEST_F(HostFilesTest, WritingUnderAnotherCaseReplacesTheFileThatIsThere) {
+    put("Song.SNG", "old");
+    put("song.sng", "new");
+    EXPECT_EQ(content("Song.SNG"), "new");
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 1);
+}
+
+TEST_F(HostFilesTest, ExactNameWinsOverOneThatDiffersInCase) {
+    std::ofstream(folder + "/Song.sng") << "capital";
+    std::ofstream(folder + "/song.sng") << "small";
+    EXPECT_EQ(content("song.sng"), "small");
+    EXPECT_EQ(content("Song.sng"), "capital");
+}
+
+TEST_F(HostFilesTest, BinaryWritingKeepsWhatLiesBehindTheLastByte) {
+    put("a.mid", "123456789");
+    {
+        const auto stream = files.openForBinary(at("a.mid"));
+        ASSERT_NE(stream, nullptr);
+        *stream << "abc";
+    }
+    EXPECT_EQ(content("a.mid"), "abc456789");
+}
+
+TEST_F(HostFilesTest, BinaryWritingMakesAMissingFile) {
+    *files.openForBinary(at("b.mid")) << "abc";
+    EXPECT_EQ(content("b.mid"), "abc");
+}
+
+TEST_F(HostFilesTest, FolderIsNoFile) {
+    EXPECT_TRUE(files.createFolder(at("songs")));
+    EXPECT_FALSE(files.createFolder(at("songs"))) << "it is there already";
+    EXPECT_FALSE(files.canRead(at("songs")));
+    EXPECT_EQ(files.openForOutput(at("songs")), nullptr);
+    EXPECT_EQ(files.openForBinary(at("songs")), nullptr);
+    EXPECT_FALSE(files.remove(at("songs")));
+    EXPECT_TRUE(fs::exists(folder + "/songs"));
+}
+
+TEST_F(HostFilesTest, MissingFileCanNeitherBeReadNorRemovedNorCopied) {
+    EXPECT_FALSE(files.canRead(at("a")));
+    EXPECT_FALSE(files.canRead(""));
+    EXPECT_FALSE(files.remove(at("a")));
+    EXPECT_FALSE(files.copy(at("a"), at("b")));
+    EXPECT_FALSE(files.rename(at("a"), at("b")));
+}
+
+TEST_F(HostFilesTest, WriteProtectedFileIsNotRemoved) {
+    put("a", "kept");
+    fs::permissions(folder + "/a", fs::perms::owner_read);
+    EXPECT_FALSE(files.remove(at("a")));
+    EXPECT_EQ(content("a"), "kept");
+}
+
+TEST_F(HostFilesTest, CopyReplacesItsTargetAndLeavesNoRemainder) {
+    put("a", "new");
+    put("b", "old");
+    EXPECT_TRUE(files.copy(at("a"), at("b")));
+    EXPECT_EQ(content("b"), "new");
+    EXPECT_EQ(content("a"), "new");
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 2);
+}
+
+TEST_F(HostFilesTest, FailedCopyLeavesItsTargetAlone) {
+    put("b", "old");
+    EXPECT_FALSE(files.copy(at("missing"), at("b")));
+    EXPECT_EQ(content("b"), "old");
+}
+
+TEST_F(HostFilesTest, RenameReplacesItsTarget) {
+    put("a", "new");
+    put("b", "old");
+    EXPECT_TRUE(files.rename(at("a"), at("b")));
+    EXPECT_EQ(content("b"), "new");
+    EXPECT_FALSE(files.canRead(at("a")));
+}
+
+TEST_F(HostFilesTest, FullDiskIsToldByTheStream) {
+    const auto stream = files.openForOutput("/dev/full");
+    if (!stream)
+        GTEST_SKIP() << "no such device here";
+    *stream << "abc";
+    stream->flush();
+    EXPECT_FALSE(stream->good());
+}
