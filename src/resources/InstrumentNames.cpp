@@ -4,6 +4,18 @@
 
 namespace velorin {
 
+namespace {
+
+template <std::size_t Size>
+std::string entry(const std::array<std::string_view, Size>& names, int index, int firstNumber) {
+    if (index < 0 || static_cast<std::size_t>(index) >= Size)
+        return {};
+    return std::to_string(index + firstNumber) + " " +
+           std::string(names[static_cast<std::size_t>(index)]);
+}
+
+} // namespace
+
 const std::array<std::string_view, 128> instrumentNames{
     "Acoustic Grand Piano",
     "Bright Acoustic Piano",
@@ -186,13 +198,11 @@ const std::array<std::string_view, 47> percussionNames{
 };
 
 std::string instrumentEntry(int index) {
-    return std::to_string(index) + " " +
-           std::string(instrumentNames.at(static_cast<std::size_t>(index)));
+    return entry(instrumentNames, index, 0);
 }
 
 std::string percussionEntry(int index) {
-    return std::to_string(index + 128) + " " +
-           std::string(percussionNames.at(static_cast<std::size_t>(index)));
+    return entry(percussionNames, index, 128);
 }
 
 } // namespace velorin

@@ -14,7 +14,8 @@ extern const std::array<std::string_view, 128> instrumentNames;
 /// By percussion sound [0, 47); entry 0 is MIDI key 35.
 extern const std::array<std::string_view, 47> percussionNames;
 
-/// List entries, "24 Nylon Guitar" and "128 Acoustic Bass Drum"; the index is that of the table.
+/// List entries, "24 Nylon Guitar" and "128 Acoustic Bass Drum"; the index is that of the table;
+/// empty outside it.
 [[nodiscard]] std::string instrumentEntry(int index);
 [[nodiscard]] std::string percussionEntry(int index);
 

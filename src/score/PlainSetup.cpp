@@ -1,7 +1,7 @@
 // Plain values with the bounds of the controls that they stand for.
 #include "score/PlainSetup.h"
 
-#include "score/InstrumentNames.h"
+#include "resources/InstrumentNames.h"
 
 namespace velorin {
 
@@ -80,7 +80,7 @@ void PlainSetup::setCombo1(int i) {
 }
 
 std::string PlainSetup::Combo1Entry(int i) {
-    return programEntry(i);
+    return instrumentEntry(i);
 }
 
 std::string PlainSetup::Combo5Entry(int i) {

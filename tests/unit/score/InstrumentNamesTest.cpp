@@ -1,5 +1,5 @@
 // The instruments' names as the lists show them.
-#include "score/InstrumentNames.h"
+#include "resources/InstrumentNames.h"
 
 #include "score/PlainSetup.h"
 
@@ -8,10 +8,10 @@
 using namespace velorin;
 
 TEST(InstrumentNames, ProgramsGoFromTheGrandPianoToTheGunshot) {
-    EXPECT_EQ(programEntry(0), "0 Acoustic Grand Piano");
-    EXPECT_EQ(programEntry(24), "24 Nylon Guitar");
-    EXPECT_EQ(programEntry(73), "73 Flute");
-    EXPECT_EQ(programEntry(127), "127 Gunshot");
+    EXPECT_EQ(instrumentEntry(0), "0 Acoustic Grand Piano");
+    EXPECT_EQ(instrumentEntry(24), "24 Nylon Guitar");
+    EXPECT_EQ(instrumentEntry(73), "73 Flute");
+    EXPECT_EQ(instrumentEntry(127), "127 Gunshot");
 }
 
 TEST(InstrumentNames, PercussionIsNumberedFrom128) {
@@ -21,17 +21,17 @@ TEST(InstrumentNames, PercussionIsNumberedFrom128) {
 }
 
 TEST(InstrumentNames, OutsideTheListsThereIsNoEntry) {
-    EXPECT_EQ(programEntry(-1), "");
-    EXPECT_EQ(programEntry(128), "");
+    EXPECT_EQ(instrumentEntry(-1), "");
+    EXPECT_EQ(instrumentEntry(128), "");
     EXPECT_EQ(percussionEntry(-1), "");
     EXPECT_EQ(percussionEntry(47), "");
 }
 
 TEST(InstrumentNames, EveryEntryHasAName) {
-    for (int program = 0; program < 128; ++program)
-        EXPECT_FALSE(programName(program).empty()) << program;
-    for (int index = 0; index < 47; ++index)
-        EXPECT_FALSE(percussionName(index).empty()) << index;
+    for (std::size_t program = 0; program < 128; ++program)
+        EXPECT_FALSE(instrumentNames.at(program).empty()) << program;
+    for (std::size_t index = 0; index < 47; ++index)
+        EXPECT_FALSE(percussionNames.at(index).empty()) << index;
 }
 
 TEST(InstrumentNames, PlainSetupShowsTheSameEntries) {
