@@ -1,0 +1,108 @@
+// How the frames of the windows are painted.
+#include "shell/FramePaint.h"
+
+#include "shell/LookColors.h"
+
+#include <QLinearGradient>
+#include <QPainter>
+
+namespace velorin {
+
+namespace {
+
+void strokeRounded(QPainter& painter, const QColor& colour, const QRectF& box, double radius) {
+    painter.setPen(QPen(colour, 1.0));
+    painter.setBrush(Qt::NoBrush);
+    const double drawn = radius > 0.0 ? radius : 0.0;
+    painter.drawRoundedRect(box, drawn, drawn);
+}
+
+QLinearGradient downwards(double top, double foot, const QColor& first, const QColor& last) {
+    QLinearGradient gradient(0, top, 0, foot);
+    gradient.setColorAt(0, first);
+    gradient.setColorAt(1, last);
+    return gradient;
+}
+
+} // namespace
+
+QPainterPath framePath(QSize size, double radius) {
+    QPainterPath path;
+    path.addRoundedRect(QRectF(QPointF(0, 0), QSizeF(size)), radius, radius);
+    return path;
+}
+
+void paintFrameLines(QPainter& painter, QSize size, double radius) {
+    const double w = size.width();
+    const double h = size.height();
+    strokeRounded(painter, look::innerLight, QRectF(1.5, 1.5, w - 3, h - 3), radius - 1.5);
+    strokeRounded(painter, look::ink950, QRectF(0.5, 0.5, w - 1, h - 1), radius - 0.5);
+}
+
+void paintMainFrame(QPainter& painter, QSize size, double radius) {
+    const double w = size.width();
+    const double h = size.height();
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    QLinearGradient ground(0, 0, 0, h);
+    ground.setColorAt(0, QColor(70, 76, 138));
+    // On a very low window the title's stop would lie behind the next one.
+    ground.setColorAt(qMin(25.0 / h, 0.12), QColor(54, 59, 112));
+    ground.setColorAt(0.12, QColor(44, 48, 96));
+    ground.setColorAt(1, QColor(32, 35, 74));
+    painter.fillPath(framePath(size, radius), ground);
+    paintFrameLines(painter, size, radius);
+    strokeRounded(painter, look::areaLight, QRectF(24.5, 24.5, w - 48, h - 48), 5);
+    strokeRounded(painter, look::ink950, QRectF(25.5, 24.5, w - 50, h - 49), 4);
+    painter.restore();
+}
+
+void paintToolFrame(QPainter& painter, QSize size, double radius) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QPainterPath outline = framePath(size, radius);
+    painter.fillPath(outline, look::ink700);
+    QPainterPath band;
+    band.addRect(QRectF(0, 0, size.width(), toolTitleHeight));
+    painter.fillPath(outline.intersected(band),
+                     downwards(0, toolTitleHeight, look::titleTop, look::titleFoot));
+    painter.fillRect(QRectF(0, toolTitleHeight - 1, size.width(), 1), look::ink900);
+    paintFrameLines(painter, size, radius);
+    painter.restore();
+}
+
+void paintStrip(QPainter& painter, QRect strip) {
+    painter.fillRect(strip,
+                     downwards(strip.top(), strip.bottom() + 1, look::face, look::stripFoot));
+    painter.fillRect(QRect(strip.left(), strip.top(), strip.width(), 1), QColor(255, 255, 255, 26));
+    painter.fillRect(QRect(strip.left(), strip.bottom(), strip.width(), 1), look::ink950);
+}
+
+void paintRoundStrip(QPainter& painter, QRect strip) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(look::line, 1.0));
+    painter.setBrush(downwards(strip.top(), strip.bottom() + 1, look::face, look::stripFoot));
+    painter.drawRoundedRect(QRectF(strip).adjusted(0.5, 0.5, -0.5, -0.5), 6, 6);
+    painter.restore();
+}
+
+void paintSeparator(QPainter& painter, int x, int y, int height) {
+    painter.fillRect(QRect(x, y, 1, height), look::ink900);
+    painter.fillRect(QRect(x + 1, y, 1, height), QColor(255, 255, 255, 28));
+}
+
+FramePiece::FramePiece(QWidget* window, const QString& name, Recipe recipe)
+    : QWidget(window), recipe_(std::move(recipe)) {
+    setObjectName(name);
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    lower();
+}
+
+void FramePiece::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.translate(-pos());
+    recipe_(painter, parentWidget()->size());
+}
+
+} // namespace velorin

@@ -1,0 +1,23 @@
+// Booleans and window positions as the settings store keeps them, and back.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace velorin {
+
+/// "True" or "False".
+[[nodiscard]] std::string settingText(bool value);
+
+/// A position in twips, in single precision: at most seven digits, whole numbers without a point.
+[[nodiscard]] std::string settingText(float twips);
+
+/// "True" and "False" in any case; a number is true if it is not 0. No value for any other text.
+[[nodiscard]] std::optional<bool> settingBoolean(std::string_view text);
+
+/// The number that the text begins with, in twips. No value for a text without digits, or for a
+/// number that single precision does not hold.
+[[nodiscard]] std::optional<float> settingTwips(std::string_view text);
+
+} // namespace velorin

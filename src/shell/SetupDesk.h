@@ -1,0 +1,33 @@
+// What the Setup Toolbar asks of the main window: its handlers of the same names, and an end in
+// order.
+#pragma once
+
+#include <string>
+
+namespace velorin {
+
+/// The four tool windows; `Form1` notes which of them was active last.
+enum class Toolbar { Form2, Form3, Record, Wiz };
+
+/// Implemented by `Form1`. Row [0, 13).
+class SetupDesk {
+public:
+    virtual ~SetupDesk() = default;
+
+    // The main window's own handlers.
+    virtual void Combo1_Click() = 0;
+    virtual void Combo5_Click() = 0;
+    virtual void Device_Click() = 0;
+    virtual void TrackSel_Click(int row) = 0;
+    virtual void Form_Resize() = 0;
+    virtual void DrawNoteArray() = 0;
+
+    /// A tool window became the active one.
+    virtual void noteActiveToolbar(Toolbar toolbar) = 0;
+
+    /// An error that ends the run: says `text` in a message box, then runs the exit command. The
+    /// process ends with a status other than 0.
+    virtual void endWithError(const std::string& text) = 0;
+};
+
+} // namespace velorin

@@ -1,0 +1,47 @@
+// Moving and shaping windows that have no frame of the desktop's: the drag by the title, the
+// top-most state, the rounded outline.
+#pragma once
+
+#include <QObject>
+#include <QPoint>
+
+class QWidget;
+
+namespace velorin {
+
+/// Puts a window above all others, or among them again. It keeps its place and its size, and does
+/// not take the focus.
+void SetTopMost(QWidget& window, bool topmost);
+[[nodiscard]] bool isTopMost(const QWidget& window);
+
+/// Cuts the window to a rounded rectangle; `ellipse` is the width and height of the corner's
+/// ellipse in pixels, 0 takes the cut away. Pixels that the outline only touches stay, so that a
+/// compositor sees the smooth edge, and a desktop without one the dark outline.
+void ApplyWindowRegion(QWidget& window, int ellipse);
+
+/// Moves a window by presses on the widgets it watches. The desktop is asked to move the window;
+/// where there is nobody to ask, the window follows the pointer by itself until the button is
+/// released.
+class WindowDrag : public QObject {
+    Q_OBJECT
+
+public:
+    explicit WindowDrag(QWidget* window); ///< owned by the window
+
+    /// A press of the left button on `handle` drags the window from now on.
+    void watch(QWidget* handle);
+
+    /// Starts a drag at a place on the screen. Does nothing while the right button is down. Returns
+    /// whether a drag has begun.
+    bool DragWindow(Qt::MouseButtons buttons, QPoint place);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QWidget* window_;
+    bool following_ = false;
+    QPoint grip_; ///< the pointer's place in the window, while it follows
+};
+
+} // namespace velorin

@@ -1,0 +1,65 @@
+// Dragging and shaping the windows.
+#include "shell/WindowDrag.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QMouseEvent>
+#include <QWidget>
+
+namespace velorin {
+namespace {
+
+TEST(WindowDrag, ARightPressOnATitleDoesNotStartADrag) {
+    QWidget window;
+    auto* drag = new WindowDrag(&window);
+    EXPECT_FALSE(drag->DragWindow(Qt::RightButton, QPoint(5, 5)));
+    EXPECT_FALSE(drag->DragWindow(Qt::LeftButton | Qt::RightButton, QPoint(5, 5)));
+    EXPECT_TRUE(drag->DragWindow(Qt::LeftButton, QPoint(5, 5)));
+}
+
+TEST(WindowDrag, TheWindowFollowsThePointerWhereNobodyElseMovesIt) {
+    QWidget window;
+    window.move(100, 100);
+    QWidget title(&window);
+    auto* drag = new WindowDrag(&window);
+    drag->watch(&title);
+    const auto send = [&](QEvent::Type type, QPoint place, Qt::MouseButton button,
+                          Qt::MouseButtons buttons) {
+        QMouseEvent event(type, QPointF(2, 2), QPointF(place), button, buttons, Qt::NoModifier);
+        QCoreApplication::sendEvent(&title, &event);
+    };
+    send(QEvent::MouseButtonPress, {110, 105}, Qt::LeftButton, Qt::LeftButton);
+    send(QEvent::MouseMove, {140, 95}, Qt::NoButton, Qt::LeftButton);
+    EXPECT_EQ(window.pos(), QPoint(130, 90));
+    send(QEvent::MouseButtonRelease, {140, 95}, Qt::LeftButton, Qt::NoButton);
+    send(QEvent::MouseMove, {300, 300}, Qt::NoButton, Qt::LeftButton);
+    EXPECT_EQ(window.pos(), QPoint(130, 90));
+}
+
+TEST(WindowDrag, TopMostComesAndGoesAndKeepsThePlace) {
+    QWidget window;
+    window.move(40, 50);
+    SetTopMost(window, true);
+    EXPECT_TRUE(isTopMost(window));
+    SetTopMost(window, false);
+    EXPECT_FALSE(isTopMost(window));
+    EXPECT_EQ(window.pos(), QPoint(40, 50));
+}
+
+TEST(WindowDrag, TheRegionLeavesOutTheCornersOnly) {
+    QWidget window;
+    window.resize(200, 100);
+    ApplyWindowRegion(window, 26);
+    const QRegion region = window.mask();
+    EXPECT_FALSE(region.contains(QPoint(0, 0)));
+    EXPECT_FALSE(region.contains(QPoint(199, 99)));
+    EXPECT_TRUE(region.contains(QPoint(13, 0)));
+    EXPECT_TRUE(region.contains(QPoint(0, 13)));
+    EXPECT_EQ(region.boundingRect(), QRect(0, 0, 200, 100));
+    ApplyWindowRegion(window, 0);
+    EXPECT_TRUE(window.mask().isEmpty());
+}
+
+} // namespace
+} // namespace velorin
