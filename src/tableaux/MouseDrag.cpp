@@ -1,0 +1,142 @@
+// The steps that a drag on `MusicBox` and a drag on `Beatbox` have in common.
+#include "tableaux/MouseDrag.h"
+
+#include "platform/MessageLoop.h"
+#include "platform/Text.h"
+#include "score/Studio.h"
+#include "tableaux/Picture.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace velorin {
+
+namespace {
+
+constexpr Colour black = rgb(0, 0, 0);
+constexpr Colour white = rgb(255, 255, 255);
+constexpr Colour barColour = rgb(68, 204, 255);
+
+int scoreColumn(const Studio& studio, int screenColumn) {
+    return studio.view.FirstColumn + screenColumn;
+}
+
+bool isHeldAtMouse(const Studio& studio) {
+    const auto cell = studio.score.NoteArray.read(studio.score.CurrentRow,
+                                                  scoreColumn(studio, studio.drag.MouseColumn));
+    return cell && isHeld(*cell);
+}
+
+void stepMouseColumn(Studio& studio, int step) {
+    store(studio.drag.MouseColumn, platform::toInt16(studio.drag.MouseColumn + step));
+}
+
+void writeCell(Studio& studio, int screenColumn, int value) {
+    Score& score = studio.score;
+    const int row = score.CurrentRow;
+    const int column = scoreColumn(studio, screenColumn);
+    if (const auto cell = platform::toInt16(value))
+        score.NoteArray.write(row, column, *cell);
+    score.InstrumentArray.write(row, column, score.RowInstrument[static_cast<std::size_t>(row)]);
+}
+
+} // namespace
+
+std::optional<std::int16_t> pixelToCell(double pixel) {
+    return platform::toInt16(std::trunc(platform::roundHalfEven(pixel) / cellPx));
+}
+
+std::optional<std::int16_t> pixelToTipColumn(double x) {
+    return platform::toInt16(std::floor(x / cellPx));
+}
+
+std::optional<std::int16_t> draggedPitch(const Studio& studio) {
+    return platform::toInt16(studio.view.TopPitch + studio.drag.MouseLine);
+}
+
+std::optional<std::int16_t> pressedScoreColumn(const Studio& studio) {
+    return platform::toInt16(scoreColumn(studio, studio.drag.MouseColumn));
+}
+
+// The raw column is remembered, not the clamped one: a pointer that moves about left of the press
+// redraws the same band at each new column.
+bool takeDragColumn(Studio& studio, double x) {
+    Drag& drag = studio.drag;
+    const auto column = pixelToCell(x);
+    if (!column || *column == drag.PriorDragColumn)
+        return false;
+    drag.PriorDragColumn = *column;
+    drag.DragColumn = std::max(std::min(*column, studio.view.VisibleColumns), drag.MouseColumn);
+    return true;
+}
+
+void clampToVisible(Studio& studio) {
+    studio.drag.MouseColumn = std::min(studio.drag.MouseColumn, studio.view.VisibleColumns);
+}
+
+void clampToDragStart(Studio& studio) {
+    studio.drag.MouseColumn = std::max(studio.drag.MouseColumn, studio.drag.DragStart);
+}
+
+void writeNoteHead(Studio& studio) {
+    writeCell(studio, studio.drag.DragStart, studio.view.TopPitch + studio.drag.MouseLine);
+}
+
+bool writeHeldCells(Studio& studio) {
+    const Drag& drag = studio.drag;
+    const int pitch = studio.view.TopPitch + drag.MouseLine;
+    for (int column = drag.DragStart + 1; column <= drag.MouseColumn; ++column)
+        writeCell(studio, column, heldOffset + pitch);
+    return drag.MouseColumn > drag.DragStart;
+}
+
+void repairBehindNote(Studio& studio) {
+    Score& score = studio.score;
+    const int column = scoreColumn(studio, studio.drag.MouseColumn) + 1;
+    const auto cell = score.NoteArray.read(score.CurrentRow, column);
+    if (cell && isHeld(*cell))
+        score.NoteArray.write(score.CurrentRow, column,
+                              static_cast<std::int16_t>(*cell - heldOffset));
+}
+
+void walkToHead(Studio& studio, const std::function<void()>& passed) {
+    for (int steps = 0; steps < scoreColumns && isHeldAtMouse(studio); ++steps) {
+        passed();
+        stepMouseColumn(studio, -1);
+        studio.platform.loop.Yield();
+    }
+}
+
+void eraseCell(Studio& studio) {
+    Score& score = studio.score;
+    const int column = scoreColumn(studio, studio.drag.MouseColumn);
+    score.NoteArray.write(score.CurrentRow, column, emptyCell);
+    score.InstrumentArray.write(score.CurrentRow, column, 0);
+}
+
+void eraseHeldCells(Studio& studio, const std::function<void()>& erased) {
+    for (int steps = 0; steps < scoreColumns && isHeldAtMouse(studio); ++steps) {
+        eraseCell(studio);
+        erased();
+        stepMouseColumn(studio, 1);
+    }
+}
+
+void drawBarLines(Picture& picture, int firstColumn) {
+    for (int x = 0; x < picture.ScaleWidth(); x += cellPx) {
+        if ((x / cellPx + firstColumn) % 4 == 0)
+            picture.verticalLine(x, 0, picture.ScaleHeight(), barColour);
+    }
+}
+
+void drawNoteHead(Picture& picture, int column, int line) {
+    picture.circle(column * cellPx + 5, line * cellPx + 5, 5, black);
+    picture.circle(column * cellPx + 3, line * cellPx + 3, 1, white);
+}
+
+void drawBand(Picture& picture, int column, int lastColumn, int line, Colour colour) {
+    picture.outlineBox(column * cellPx + 1, line * cellPx + 4, lastColumn * cellPx + 10,
+                       line * cellPx + 7, colour);
+}
+
+} // namespace velorin

@@ -1,0 +1,88 @@
+// What the drags on the music and the percussion tableau share: from pixels to cells, the column
+// reached, the note written and the note erased.
+#pragma once
+
+#include "score/RowColors.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+
+namespace velorin {
+
+class Picture;
+struct Studio;
+
+constexpr int cellPx = 12; ///< a column is as wide as a line is high
+
+/// What the left button does, `EditMode`.
+namespace editMode {
+constexpr int draw = 0;
+constexpr int marker = 1;
+constexpr int select = 2;
+} // namespace editMode
+
+/// What the right button does while `EditMode` draws, `RightClickMode`.
+namespace rightClick {
+constexpr int erase = 0;
+constexpr int menu = 1;
+constexpr int polynotes = 2;
+} // namespace rightClick
+
+/// The screen column or line of a place in pixels: rounded to a whole pixel, halves to even, then
+/// divided by 12 towards zero, so that -11..11 is 0. No value outside 16 bits.
+[[nodiscard]] std::optional<std::int16_t> pixelToCell(double pixel);
+
+/// The screen column that a tool tip speaks of: rounded down, so that -5 is column -1.
+[[nodiscard]] std::optional<std::int16_t> pixelToTipColumn(double x);
+
+/// Stores what there is; an assignment without a value is skipped.
+inline void store(std::int16_t& variable, std::optional<std::int16_t> value) {
+    if (value)
+        variable = *value;
+}
+
+/// `TopPitch` plus `MouseLine`, the pitch index of the drag; no value outside 16 bits.
+[[nodiscard]] std::optional<std::int16_t> draggedPitch(const Studio& studio);
+
+/// The score column of the screen column `MouseColumn`; no value outside 16 bits.
+[[nodiscard]] std::optional<std::int16_t> pressedScoreColumn(const Studio& studio);
+
+/// Takes the column under the pointer as `DragColumn`, kept between the press and the right edge of
+/// the view. False if it is the column of the last move that counted: the move then ends.
+[[nodiscard]] bool takeDragColumn(Studio& studio, double x);
+
+void clampToVisible(Studio& studio);   ///< `MouseColumn` to at most `VisibleColumns`
+void clampToDragStart(Studio& studio); ///< `MouseColumn` to at least `DragStart`
+
+// The release, from `DragStart` to `MouseColumn` in `CurrentRow`.
+void writeNoteHead(Studio& studio);
+/// Returns whether the note is longer than one column.
+bool writeHeldCells(Studio& studio);
+/// What is left of a note behind the new one becomes a note of its own.
+void repairBehindNote(Studio& studio);
+
+// The right button's stroke. `MouseColumn` itself walks, left to the head and right to the end.
+
+/// Calls `passed` for each held cell, steps left of it and lets the message loop through. A cell
+/// outside the grid ends the walk; it takes at most as many steps as the grid has columns.
+void walkToHead(Studio& studio, const std::function<void()>& passed);
+void eraseCell(Studio& studio); ///< the cell at `MouseColumn` and its instrument
+/// Erases the held cells from `MouseColumn` on and calls `erased` for each.
+void eraseHeldCells(Studio& studio, const std::function<void()>& erased);
+
+/// A line at every fourth column, as high as the picture.
+void drawBarLines(Picture& picture, int firstColumn);
+
+// The rubber band of a note, `column` and `line` counted from the edge of the screen.
+//
+//      .---.
+//     ( o   )=========      the head, radius 5, with its highlight, over the band, 4 high
+//      '---'
+
+/// In the picture's fill state.
+void drawNoteHead(Picture& picture, int column, int line);
+/// The edge in `colour`, the interior by the fill state.
+void drawBand(Picture& picture, int column, int lastColumn, int line, Colour colour);
+
+} // namespace velorin

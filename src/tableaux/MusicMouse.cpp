@@ -1,0 +1,354 @@
+// What a press, a move and a release on the music tableau do, by button and mode.
+#include "tableaux/MusicMouse.h"
+
+#include "platform/Text.h"
+#include "playback/NoteSounding.h"
+#include "score/SetupControls.h"
+#include "score/Studio.h"
+#include "tableaux/MouseDrag.h"
+#include "tableaux/MusicTableau.h"
+#include "tableaux/Picmain.h"
+#include "tableaux/PolyTableau.h"
+#include "tableaux/TableauDesk.h"
+
+#include <array>
+
+namespace velorin {
+
+namespace {
+
+constexpr Colour selectionBlue = rgb(0, 0, 255);
+
+void clearSelection(Score& score) {
+    score.SelectStart = -1;
+    score.SelectEnd = -1;
+}
+
+std::string withoutNumber(const std::string& entry) {
+    const auto blank = entry.find(' ');
+    return blank == std::string::npos ? entry : entry.substr(blank + 1);
+}
+
+} // namespace
+
+// Press.
+
+void MusicMouse::MusicBox_MouseDown(int button, int /*shift*/, double x, double y) {
+    if (!isMusicRow(studio_.score.CurrentRow)) {
+        selectMusicGroup();
+        return;
+    }
+    if (studio_.run.IsPlaying)
+        return;
+    area_.MusicBox->setMousePointer(pointerUpArrow);
+    studio_.drag.MouseHeld = flagSet;
+    store(studio_.drag.MouseColumn, pixelToCell(x));
+    store(studio_.drag.MouseLine, pixelToCell(y));
+    switch (studio_.run.EditMode) {
+    case editMode::draw:
+        pressInDrawMode(button);
+        break;
+    case editMode::marker:
+        pressInMarkerMode(button);
+        break;
+    case editMode::select:
+        pressInSelectMode(button);
+        break;
+    default:
+        break;
+    }
+}
+
+// The option is set last: its own handler then redraws in the row's colour and gives the row the
+// instrument that the list shows.
+void MusicMouse::selectMusicGroup() {
+    studio_.score.CurrentRow = 0;
+    sounding_.Combo1_Click();
+    studio_.setup.TrackSel_MouseDown(0);
+    studio_.setup.setTrackHidePicture(0, true);
+    studio_.setup.setTrackSel(0, true);
+}
+
+void MusicMouse::pressInDrawMode(int button) {
+    clearSelection(studio_.score);
+    studio_.score.StartColumn = 0;
+    if (button == leftButton) {
+        beginNote();
+    } else if (button == rightButton) {
+        const int mode = studio_.run.RightClickMode;
+        if (mode == rightClick::menu)
+            desk_.popupCommand1();
+        else if (mode == rightClick::erase || mode == rightClick::polynotes)
+            eraseOrMark();
+    }
+}
+
+void MusicMouse::beginNote() {
+    Drag& drag = studio_.drag;
+    area_.MusicBox->setMousePointer(pointerOwn);
+    const int row = studio_.score.CurrentRow;
+    sounding_.SoundRow = static_cast<std::int16_t>(row);
+    if (const auto volume = studio_.setup.vol(row))
+        store(sounding_.Velocity, platform::readInt16(*volume));
+    if (!studio_.setup.TrackHide(row)) {
+        if (const auto pitch = draggedPitch(studio_))
+            sounding_.StartNoteBtnDn(*pitch);
+    }
+    drag.PressColumn = drag.MouseColumn;
+    sounding_.StartColumnNotes();
+    tableau_.GetRow(drag.MouseLine);
+    drag.DragStart = drag.MouseColumn;
+    Picture& picture = area_.MusicBox->picture;
+    picture.fillStyle = FillStyle::solid;
+    drawNoteHead(picture, drag.MouseColumn, drag.MouseLine);
+    showLine();
+}
+
+// Chord marks go by the column on the screen, cells by the column of the score. In a scrolled view
+// a mark therefore lands elsewhere than its note; files and chords have been made with that.
+//
+// The walk from a held cell to the head clears the marks it passes, the one just set among them, so
+// that only a press on the head itself sets one.
+void MusicMouse::eraseOrMark() {
+    Score& score = studio_.score;
+    const Drag& drag = studio_.drag;
+    const auto mark = [&](int screenColumn, std::int16_t value) {
+        score.PolyArray.write(score.CurrentRow + 1, screenColumn, value);
+    };
+    if (score.NoteArray.read(score.CurrentRow, studio_.view.FirstColumn + drag.MouseColumn) ==
+        emptyCell)
+        return;
+    mark(drag.MouseColumn + 1, 1);
+    walkToHead(studio_, [&] { mark(drag.MouseColumn + 1, 0); });
+    if (studio_.run.RightClickMode != rightClick::polynotes) {
+        eraseCell(studio_);
+        mark(drag.MouseColumn + 1, 0);
+        store(studio_.drag.MouseColumn, platform::toInt16(drag.MouseColumn + 1));
+        eraseHeldCells(studio_, [&] { mark(drag.MouseColumn, 0); });
+    }
+    redraw();
+}
+
+void MusicMouse::pressInMarkerMode(int button) {
+    if (button == rightButton) {
+        desk_.popupCommand2();
+        return;
+    }
+    store(studio_.score.StartColumn, pressedScoreColumn(studio_));
+    tableau_.DrawNoteArray();
+}
+
+void MusicMouse::pressInSelectMode(int button) {
+    Score& score = studio_.score;
+    if (button == leftButton) {
+        beginSelection();
+    } else if (button == rightButton) {
+        desk_.popupCommand2();
+        clearSelection(score);
+        score.StartColumn = 0;
+        tableau_.DrawNoteArray();
+    }
+}
+
+// Inside or behind an old selection the new start shows at once, and the old end stays until the
+// release; before it, the outline is drawn over again by the redraw.
+void MusicMouse::beginSelection() {
+    Score& score = studio_.score;
+    Drag& drag = studio_.drag;
+    const auto column = pressedScoreColumn(studio_);
+    const bool startsLater = score.SelectStart != -1 && column && *column >= score.SelectStart;
+    if (startsLater)
+        store(score.SelectStart, column);
+    tableau_.DrawNoteArray();
+    tableau_.GetBox();
+    outlineSelection(drag.MouseColumn * cellPx + 16);
+    drag.DragStart = drag.MouseColumn;
+    if (!startsLater) {
+        store(score.SelectStart, column);
+        tableau_.DrawNoteArray();
+    }
+    store(score.StartColumn, column);
+    store(studio_.run.PlayBlockStart, column);
+}
+
+void MusicMouse::outlineSelection(int right) {
+    Picture& picture = area_.MusicBox->picture;
+    picture.outlineBox(studio_.drag.MouseColumn * cellPx, 0, right, picture.ScaleHeight() - 1,
+                       selectionBlue);
+    area_.MusicBox->update();
+}
+
+// Move.
+
+void MusicMouse::MusicBox_MouseMove(int button, int shift, double x, double y) {
+    if (!isMusicRow(studio_.score.CurrentRow))
+        return;
+    showToolTip(x);
+    const int mode = studio_.run.EditMode;
+    if (studio_.run.IsPlaying && (button != noButton || mode != editMode::draw))
+        return;
+    if (button != noButton && !studio_.drag.MouseHeld)
+        return;
+    if (studio_.drag.PriorLine != studio_.drag.MouseLine)
+        area_.MusicBox->setMousePointer(pointerUpArrow);
+    if (mode == editMode::draw) {
+        if (button == noButton)
+            area_.MusicBox->setMousePointer(pointerUpArrow);
+        else if (button == rightButton)
+            MusicBox_MouseDown(rightButton, shift, x, y);
+        else if (button == leftButton && !dragNote(x))
+            return;
+    } else if (mode == editMode::select && button == leftButton && !dragSelection(x)) {
+        return;
+    }
+    store(studio_.drag.PriorLine, pixelToCell(y));
+}
+
+// The grids are read at the column on the screen: the tool tip speaks of the first screen of the
+// score, however far the view is scrolled.
+void MusicMouse::showToolTip(double x) {
+    const auto column = pixelToTipColumn(x);
+    if (!column)
+        return;
+    const int row = studio_.view.HoverRow - 1;
+    const auto cell = studio_.score.NoteArray.read(row, *column);
+    if (!cell)
+        return;
+    if (isEmpty(*cell)) {
+        area_.MusicBox->setToolTip({});
+        return;
+    }
+    const int instrument = *studio_.score.InstrumentArray.read(row, *column);
+    const std::string entry = desk_.Combo1Entry(instrument);
+    if (*cell > 0)
+        NoteLabel(*cell);
+    area_.MusicBox->setToolTip(
+        QString::fromStdString(studio_.view.LastNoteLabel + " -  " + withoutNumber(entry)));
+}
+
+// The pen tells that the note stays on its line, whatever the pointer does.
+bool MusicMouse::dragNote(double x) {
+    Drag& drag = studio_.drag;
+    const bool onItsLine = drag.PriorLine == drag.MouseLine;
+    area_.MusicBox->setMousePointer(onItsLine ? pointerOwn : pointerUpArrow);
+    if (!takeDragColumn(studio_, x))
+        return false;
+    tableau_.PutRow(drag.MouseLine);
+    Picture& picture = area_.MusicBox->picture;
+    const Colour colour = studio_.view.DrawColor;
+    drawBand(picture, drag.MouseColumn, drag.DragColumn, drag.MouseLine, colour);
+    picture.fillColor = colour;
+    picture.fillStyle = FillStyle::solid;
+    drawNoteHead(picture, drag.MouseColumn, drag.MouseLine);
+    showLine();
+    return true;
+}
+
+// The strip that `GetRow` saves and `PutRow` puts back is what a step of the drag touches.
+void MusicMouse::showLine() {
+    area_.MusicBox->update(0, studio_.drag.MouseLine * cellPx, area_.MusicBox->width(), 15);
+}
+
+bool MusicMouse::dragSelection(double x) {
+    if (!takeDragColumn(studio_, x))
+        return false;
+    tableau_.PutBox();
+    outlineSelection(studio_.drag.DragColumn * cellPx + 12);
+    return true;
+}
+
+// Release.
+
+void MusicMouse::MusicBox_MouseUp(int button, int /*shift*/, double x, double /*y*/) {
+    if (!isMusicRow(studio_.score.CurrentRow) || studio_.run.IsPlaying)
+        return;
+    area_.MusicBox->setMousePointer(pointerUpArrow);
+    if (!studio_.drag.MouseHeld)
+        return;
+    studio_.drag.MouseHeld = flagClear;
+    if (studio_.run.EditMode == editMode::draw)
+        releaseInDrawMode(button, x);
+    else if (studio_.run.EditMode == editMode::select && button == leftButton)
+        endSelection(x);
+}
+
+void MusicMouse::releaseInDrawMode(int button, double x) {
+    clearSelection(studio_.score);
+    studio_.score.StartColumn = 0;
+    store(studio_.drag.MouseColumn, pixelToCell(x));
+    if (button == rightButton)
+        poly_.DrawPolyTableau();
+    else if (button == leftButton)
+        endNote();
+}
+
+void MusicMouse::endNote() {
+    clampToVisible(studio_);
+    sounding_.SoundRow = studio_.score.CurrentRow;
+    if (const auto pitch = draggedPitch(studio_))
+        sounding_.StopNoteBtnUp(*pitch);
+    clampToDragStart(studio_);
+    writeNoteHead(studio_);
+    if (writeHeldCells(studio_))
+        sounding_.StopSound();
+    repairBehindNote(studio_);
+    redraw();
+}
+
+void MusicMouse::endSelection(double x) {
+    store(studio_.drag.MouseColumn, pixelToCell(x));
+    clampToVisible(studio_);
+    clampToDragStart(studio_);
+    const auto column = pressedScoreColumn(studio_);
+    store(studio_.score.SelectEnd, column);
+    store(studio_.run.PlayBlockEnd, column);
+    redraw();
+}
+
+void MusicMouse::redraw() {
+    tableau_.DrawNoteArray();
+    poly_.DrawPolyTableau();
+}
+
+// Around the mouse.
+
+void MusicMouse::MusicBox_GotFocus() {
+    area_.MusicBox->setToolTip({});
+    SetupControls& setup = studio_.setup;
+    for (int row = 0; row < musicRows; ++row) {
+        if (setup.TrackSel(row))
+            return;
+    }
+    setup.setTrackSel(0, true);
+    for (int row = firstPercussionRow; row < scoreRows; ++row) {
+        setup.setTrackSel(row, false);
+        setup.setTrackHidePicture(row, false);
+    }
+    setup.setTrackHidePicture(0, true);
+}
+
+void MusicMouse::FunctionBut_Click(int index) {
+    store(studio_.run.EditMode, platform::toInt16(index));
+    if (index == editMode::draw)
+        area_.MusicBox->setMousePointer(pointerDefault);
+    else if (index == editMode::marker || index == editMode::select)
+        area_.MusicBox->setMousePointer(pointerCross);
+}
+
+// Counted from 9, "B", down to 19, "C#". A C comes out as 8, for which there is no name, so that
+// the label found before stays.
+void MusicMouse::NoteLabel(int value) {
+    static constexpr std::array<const char*, 11> names{"B", "A#", "A",  "G#", "G", "F#",
+                                                       "F", "E",  "D#", "D",  "C#"};
+    if (value > heldOffset)
+        value -= heldOffset;
+    int step = value + 1;
+    if (step < 9)
+        step += 12;
+    while (step >= 20)
+        step -= 12;
+    if (step >= 9)
+        studio_.view.LastNoteLabel = names[static_cast<std::size_t>(step - 9)];
+}
+
+} // namespace velorin
