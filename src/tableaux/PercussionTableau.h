@@ -19,11 +19,22 @@ public:
     void Beatbox_MouseDown(int button, int shift, double x, double y);
     void Beatbox_MouseMove(int button, int shift, double x, double y);
     void Beatbox_MouseUp(int button, int shift, double x, double y);
-    void Beatbox_GotFocus();
+    void Beatbox_GotFocus(); ///< makes sure that a percussion row is selected; row 9 does not count
     void Beatbox_LostFocus();
     void Check2_Click(); ///< shows or hides the strip
 
 private:
+    void selectPercussionGroup();
+    void raiseHoverRow();
+    void pressInDrawMode(int button);
+    void beginBeat();
+    void eraseBeat();
+    void pressInSelectMode(int button);
+    void showToolTip(double x);
+    bool dragBeat(double x); ///< false if the move stays in the column of the last that counted
+    void resizeStrip(double y);
+    void endBeat();
+
     Studio& studio_;
     Picmain& area_;
     MusicTableau& music_;
