@@ -18,6 +18,9 @@ public:
     void Pic1_MouseUp(int button, int shift, double x, double y);
 
 private:
+    void paintMark(double snapped, double y);
+    void wipeMark(double snapped, double y);
+
     Studio& studio_;
     Picmain& area_;
     MusicTableau& music_;
