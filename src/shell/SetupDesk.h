@@ -2,12 +2,14 @@
 // order.
 #pragma once
 
+#include <memory>
 #include <string>
+
+class QWidget;
 
 namespace velorin {
 
-/// The four tool windows; `Form1` notes which of them was active last.
-enum class Toolbar { Form2, Form3, Record, Wiz };
+struct FrameState;
 
 /// Implemented by `Form1`. Row [0, 13).
 class SetupDesk {
@@ -22,8 +24,15 @@ public:
     virtual void Form_Resize() = 0;
     virtual void DrawNoteArray() = 0;
 
-    /// A tool window became the active one.
-    virtual void noteActiveToolbar(Toolbar toolbar) = 0;
+    /// A tool window, told by its name, became the active one.
+    virtual void noteActiveToolbar(const char* name) = 0;
+
+    /// What the frames of all windows share.
+    [[nodiscard]] virtual FrameState& frames() = 0;
+
+    /// Takes a window that is off the screen, and destroys it when no handler runs any more. Never
+    /// destroys it before it returns.
+    virtual void destroyLater(std::unique_ptr<QWidget> window) = 0;
 
     /// An error that ends the run: says `text` in a message box, then runs the exit command. The
     /// process ends with a status other than 0.

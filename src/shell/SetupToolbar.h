@@ -3,11 +3,9 @@
 #pragma once
 
 #include "score/SetupControls.h"
-
-#include <QPointer>
+#include "shell/ToolWindow.h"
 
 #include <memory>
-#include <vector>
 
 namespace velorin {
 
@@ -18,7 +16,7 @@ struct Studio;
 
 /// One for the run. Needs a QApplication once a control is used. The references may be to objects
 /// that are still to be made: nothing of them is touched before the first use.
-class SetupToolbar final : public SetupControls {
+class SetupToolbar final : public SetupControls, public ToolWindow {
 public:
     SetupToolbar(Studio& studio, NoteSounding& sounding, SetupDesk& desk);
     ~SetupToolbar() override;
@@ -26,14 +24,10 @@ public:
     /// The window, loaded if it was not: `Form_Load` runs, the window stays hidden.
     Form3& form();
     [[nodiscard]] bool isLoaded() const { return form_ != nullptr; }
-    [[nodiscard]] bool isVisible() const;
 
-    void show(); ///< loads it and puts it on the screen, without the focus
-    void hide(); ///< nothing if it is not loaded
-
-    /// `Form_Unload` and the end of the window; nothing if it is not loaded. It leaves the screen
-    /// at once and is destroyed when the last of its handlers has returned.
-    void unload();
+    QWidget* window() override;
+    QWidget& load() override;
+    void unload() override;
 
     bool TrackHide(int row) override;
     std::optional<std::string> vol(int row) override;
@@ -64,16 +58,10 @@ public:
     void showFirstTab() override;
 
 private:
-    friend class Form3;
-    void handlerBegins() { ++running_; }
-    void handlerEnds();
-
     Studio& studio_;
     NoteSounding& sounding_;
     SetupDesk& desk_;
-    Form3* form_ = nullptr;             ///< the loaded window
-    std::vector<QPointer<Form3>> gone_; ///< unloaded while one of their handlers still ran
-    int running_ = 0;                   ///< handlers of `Form3` on the stack
+    std::unique_ptr<Form3> form_;
 };
 
 } // namespace velorin

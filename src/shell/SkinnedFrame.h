@@ -3,6 +3,8 @@
 #pragma once
 
 #include "score/View.h"
+#include "shell/FramePaint.h"
+#include "shell/WindowDrag.h"
 
 #include <QPainterPath>
 #include <QWidget>
@@ -69,13 +71,5 @@ constexpr int minimumHeightPx = 90;
 
 /// Paints the whole frame of a window; each piece shows its part of it.
 void paintFrame(QPainter& painter, FrameKind kind, QSize window, int ellipse);
-
-/// Puts the window above all others, or back among them; the flag can be read back.
-void SetTopMost(QWidget& window, bool topMost);
-[[nodiscard]] bool isTopMost(const QWidget& window);
-
-/// Makes a press of the left button on `title` drag its window, by the window system where that has
-/// a move of its own. Presses of the right button do nothing.
-void makeDragHandle(QWidget& title);
 
 } // namespace velorin

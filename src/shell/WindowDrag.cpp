@@ -83,4 +83,9 @@ bool WindowDrag::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
+void makeDragHandle(QWidget& title) {
+    auto* const drag = new WindowDrag(title.window());
+    drag->watch(&title);
+}
+
 } // namespace velorin

@@ -44,4 +44,7 @@ private:
     QPoint grip_; ///< the pointer's place in the window, while it follows
 };
 
+/// Makes a press of the left button on `title` drag its window.
+void makeDragHandle(QWidget& title);
+
 } // namespace velorin
