@@ -4,6 +4,7 @@
 
 #include "tableaux/Picture.h"
 
+#include <QCursor>
 #include <QWidget>
 
 #include <functional>
@@ -20,10 +21,11 @@ constexpr int pointerOwn = 99; ///< the control's own cursor image, the pen
 constexpr int noButton = 0;
 constexpr int leftButton = 1;
 constexpr int rightButton = 2;
+constexpr int middleButton = 4;
 
-/// The picture always has the size of the widget. Drawing into `picture` shows after `update`,
-/// which the caller may leave to the control: whatever is drawn through `paint...` marks what it
-/// touched.
+/// The picture always has the size of the widget, as long as that is set through `place`. Whatever
+/// is drawn into `picture` shows by itself at the next turn of the event loop. The object name is
+/// the control's name.
 class PictureBox : public QWidget {
     Q_OBJECT
 
@@ -34,17 +36,31 @@ public:
     Picture picture;
 
     /// Sets the geometry; a negative size is refused whole, and nothing changes. Returns whether it
-    /// was done.
+    /// was done. Works on a hidden control too. A picture that gets another size is all ground.
     bool place(int x, int y, int widthPx, int heightPx);
 
     [[nodiscard]] int MousePointer() const { return pointer_; }
     void setMousePointer(int pointer);
+    /// What pointer 99 shows; a cross until it is given.
+    void setOwnCursor(const QCursor& cursor);
 
-    /// Called with the button (of a move: the button held, 0 for none), the shift state and the
-    /// place in pixels.
+    /// Makes the control a mere catcher of the mouse: it paints nothing and keeps no pixels.
+    void paintNothing();
+
+    /// Called with the button (of a move: the button held, 0 for none, the left one if both are),
+    /// the shift state (1 shift, 2 control, 4 alt, added) and the place in pixels.
     std::function<void(int button, int shift, double x, double y)> onMouseDown;
     std::function<void(int button, int shift, double x, double y)> onMouseMove;
     std::function<void(int button, int shift, double x, double y)> onMouseUp;
+
+    /// Called after `onMouseDown`: the focus moves only when the press has been handled.
+    std::function<void()> onPressed;
+    std::function<void()> onGotFocus;
+    std::function<void()> onLostFocus;
+
+    /// Called when the control came to a screen of another scale: the picture is empty and is to be
+    /// drawn anew.
+    std::function<void()> onRescaled;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -52,9 +68,16 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    void fitPicture();
+    void showTouched(const QRect& touched);
+
     int pointer_ = pointerDefault;
+    bool paints_ = true;
+    QCursor ownCursor_{Qt::CrossCursor};
 };
 
 } // namespace velorin

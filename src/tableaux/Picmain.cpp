@@ -1,0 +1,195 @@
+// The work area of the main window: its controls at their design rectangles.
+#include "tableaux/Picmain.h"
+
+#include <QFile>
+#include <QIcon>
+#include <QLinearGradient>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QPixmap>
+
+namespace velorin {
+
+namespace {
+
+constexpr Colour white = rgb(255, 255, 255);
+constexpr Colour navy = rgb(0, 0, 64);
+constexpr Colour ruler = rgb(30, 34, 98);
+constexpr Colour cream = rgb(255, 255, 192);
+constexpr Colour barText = rgb(192, 255, 255);
+constexpr int missingBar = 14;
+
+/// The legend's colours; that of lane 7 is paler than its marks.
+constexpr std::array<Colour, 8> legendColors{
+    rgb(255, 0, 0),   rgb(0, 0, 255),   rgb(0, 255, 0),     rgb(255, 0, 255),
+    rgb(0, 255, 255), rgb(255, 128, 0), rgb(255, 255, 128), rgb(192, 192, 255)};
+
+QColor toQColor(Colour colour) {
+    return QColor::fromRgb(toPixel(colour));
+}
+
+QString indexed(const char* name, int index) {
+    return QString("%1(%2)").arg(name).arg(index);
+}
+
+/// The strip behind the bar numbers: out of the ground's navy within 40 pixels.
+class Ruler final : public QWidget {
+public:
+    using QWidget::QWidget;
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        QLinearGradient shade(0, 0, 40, 0);
+        shade.setColorAt(0, toQColor(navy));
+        shade.setColorAt(1, toQColor(ruler));
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(shade);
+        painter.drawRoundedRect(QRectF(rect()), 4, 4);
+    }
+};
+
+class Chip final : public QWidget {
+public:
+    Chip(QWidget* parent, Colour colour) : QWidget(parent), colour_(colour) {}
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(toQColor(colour_));
+        painter.drawRoundedRect(QRectF(rect()), 2, 2);
+    }
+
+private:
+    Colour colour_;
+};
+
+QCursor penCursor(const QWidget& shown) {
+    const QString file = ":/look/cursor-pen.svg";
+    if (!QFile::exists(file))
+        return Qt::CrossCursor;
+    const QPixmap pen = QIcon(file).pixmap(QSize(32, 32), shown.devicePixelRatioF());
+    return pen.isNull() ? QCursor(Qt::CrossCursor) : QCursor(pen, 3, 28);
+}
+
+} // namespace
+
+// From below: Shape2, TopBar, Label10, TopBarOverlay, PicX, Pt1, MusicBox, Pic1, Beatbox, scroll
+// bars. Controls stack in the order in which they are made.
+Picmain::Picmain(QWidget* parent)
+    : QWidget(parent),
+      SwapScreen(white),
+      BlueBox(rgb(0, 0, 255)),
+      RedBox(rgb(255, 0, 0)),
+      GreenBox(rgb(0, 255, 0)) {
+    setObjectName("Picmain");
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    Picture11 = new QWidget(this);
+    Picture11->setObjectName("Picture11");
+    Picture11->hide();
+    makeBarNumbers();
+    makeTableaux();
+    makeScrollBars();
+    nameForReaders();
+}
+
+void Picmain::makeBarNumbers() {
+    Shape2 = new Ruler(this);
+    Shape2->setObjectName("Shape2");
+    Shape2->setGeometry(9, 2, 518, 18);
+    Shape2->setAttribute(Qt::WA_TransparentForMouseEvents);
+    const QFont font = inkFont(10, 600, 10);
+    for (int k = 0; k < static_cast<int>(TopBar.size()); ++k) {
+        if (k == missingBar)
+            continue;
+        auto* label = new InkLabel(this, indexed("TopBar", k), font, barText);
+        label->setGeometry(32 + 48 * k, 2, 26, 18);
+        label->hide();
+        TopBar[static_cast<std::size_t>(k)] = label;
+    }
+    QFont tight = inkFont(9, 500, 8);
+    tight.setLetterSpacing(QFont::AbsoluteSpacing, -0.3);
+    Label10 = new InkLabel(this, "Label10", tight, cream);
+    Label10->setText("Note #");
+    Label10->setGeometry(1, 2, 30, 18);
+    TopBarOverlay = new PictureBox(this, "TopBarOverlay", navy);
+    TopBarOverlay->paintNothing();
+    TopBarOverlay->place(29, 2, 497, 18);
+}
+
+void Picmain::makeTableaux() {
+    PicX = new PictureBox(this, "PicX", navy);
+    PicX->setToolTip("Octave; Note");
+    makeLegend();
+    MusicBox =
+        new PictureBox(this, "MusicBox", white, FillStyle::horizontalLines, rgb(192, 255, 255));
+    Pic1 = new PictureBox(this, "Pic1", white, FillStyle::solid, rgb(224, 224, 224));
+    Beatbox = new PictureBox(this, "Beatbox", rgb(192, 255, 192));
+    Beatbox->setToolTip("Percussion Tableau");
+    PicX->place(3, 23, 26, 209);
+    MusicBox->place(29, 25, 498, 208);
+    Pic1->place(32, 232, 477, 58);
+    Beatbox->place(29, 23, 498, 12);
+    const double ratio = devicePixelRatioF();
+    SwapScreen.resize(498, 208, ratio);
+    BlueBox.resize(498, 208, ratio);
+    RedBox.resize(12, 208, ratio);
+    GreenBox.resize(12, 208, ratio);
+
+    const QCursor pen = penCursor(*this);
+    MusicBox->setOwnCursor(pen);
+    Beatbox->setOwnCursor(pen);
+    for (PictureBox* box : {MusicBox, Beatbox})
+        box->setFocusPolicy(Qt::TabFocus);
+}
+
+void Picmain::makeLegend() {
+    Pt1 = new QWidget(this);
+    Pt1->setObjectName("Pt1");
+    Pt1->setGeometry(15, 232, 16, 70);
+    for (int k = 0; k < 8; ++k) {
+        auto* chip = new Chip(Pt1, legendColors[static_cast<std::size_t>(k)]);
+        chip->setObjectName(indexed("Label8", k));
+        chip->setToolTip(QString("Ch %1 Polyphonics").arg(k + 1));
+        chip->setGeometry(1, 7 * k + 1, 12, 6);
+        Label8[static_cast<std::size_t>(k)] = chip;
+    }
+}
+
+void Picmain::makeScrollBars() {
+    HScroll1 = new QScrollBar(Qt::Horizontal, this);
+    HScroll1->setObjectName("HScroll1");
+    HScroll1->setGeometry(29, 291, 499, 14);
+    HScroll1->setRange(20, 980);
+    HScroll1->setPageStep(40);
+    HScroll1->setValue(20);
+    VScroll1 = new QScrollBar(Qt::Vertical, this);
+    VScroll1->setObjectName("VScroll1");
+    VScroll1->setGeometry(528, 25, 14, 208);
+    VScroll1->setRange(6, 121);
+    VScroll1->setPageStep(13);
+    VScroll1->setValue(61);
+    for (QScrollBar* bar : {HScroll1, VScroll1})
+        bar->setFocusPolicy(Qt::TabFocus);
+}
+
+void Picmain::nameForReaders() {
+    MusicBox->setAccessibleName("Music Tableau");
+    Beatbox->setAccessibleName("Percussion Tableau");
+    Pic1->setAccessibleName("Polyphonics Tableau");
+    PicX->setAccessibleName("Octave; Note");
+    TopBarOverlay->setAccessibleName("Bar numbers");
+    HScroll1->setAccessibleName("Columns");
+    VScroll1->setAccessibleName("Pitches");
+    for (QWidget* chip : Label8)
+        chip->setAccessibleName(chip->toolTip());
+}
+
+void Picmain::paintEvent(QPaintEvent* event) {
+    QPainter(this).fillRect(event->rect(), toQColor(navy));
+}
+
+} // namespace velorin

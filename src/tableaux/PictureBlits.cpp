@@ -1,0 +1,126 @@
+// A drawing surface with a fill state: copies between surfaces, and blending.
+#include "tableaux/Picture.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace velorin {
+
+namespace {
+
+constexpr std::uint32_t redBlueMask = 0xff00ffU;
+
+/// One channel pair (two bytes in the lanes of 32 bits) of a target under a weighted source.
+///
+/// A lane holds at most 255 * 255 + 127, so two lanes never meet; and (t + 1 + t / 256) / 256 is
+/// t / 255 for every such t, which spares the division.
+std::uint32_t blendPair(std::uint32_t target, std::uint32_t weighted, std::uint32_t rest) {
+    const std::uint32_t sum = target * rest + weighted;
+    return (sum + 0x10001U + (sum >> 8 & redBlueMask)) >> 8 & redBlueMask;
+}
+
+std::uint32_t weigh(std::uint32_t pair, std::uint32_t alpha) {
+    return pair * alpha + 0x7f007fU; // half of 255, so that the division rounds
+}
+
+void blendLine(std::uint32_t* target, int count, std::uint32_t source, std::uint32_t alpha) {
+    const std::uint32_t rest = 255 - alpha;
+    const std::uint32_t redBlue = weigh(source & redBlueMask, alpha);
+    const std::uint32_t green = weigh(source >> 8 & 0xffU, alpha);
+    for (int i = 0; i < count; ++i) {
+        const std::uint32_t pixel = target[i];
+        target[i] = 0xff000000U | blendPair(pixel & redBlueMask, redBlue, rest) |
+                    (blendPair(pixel >> 8 & 0xffU, green, rest) & 0xffU) << 8;
+    }
+}
+
+/// Takes from a run of `length` pixels what lies outside either surface.
+void clipRun(long long& target, long long& source, long long& length, int targetLimit,
+             int sourceLimit) {
+    const long long before = std::max({0LL, -target, -source});
+    target += before;
+    source += before;
+    length -= before;
+    length = std::min({length, targetLimit - target, sourceLimit - source});
+}
+
+} // namespace
+
+void Picture::BitBlt(int x, int y, int widthPx, int heightPx, const Picture& source, int sourceX,
+                     int sourceY) {
+    if (widthPx <= 0 || heightPx <= 0 || image_.isNull() || source.image_.isNull())
+        return;
+    touch(x, y, x + static_cast<long long>(widthPx), y + static_cast<long long>(heightPx));
+    if (ratio_ == source.ratio_)
+        copySameScale(x, y, widthPx, heightPx, source, sourceX, sourceY);
+    else
+        copyOtherScale(x, y, widthPx, heightPx, source, sourceX, sourceY);
+}
+
+/// The number of device pixels depends on the logical size alone, and never on the place: at a
+/// fractional ratio it may be one more than the place holds, but a strip comes back exactly.
+void Picture::copySameScale(int x, int y, int widthPx, int heightPx, const Picture& source,
+                            int sourceX, int sourceY) {
+    long long left = toDevice(x);
+    long long top = toDevice(y);
+    long long fromLeft = toDevice(sourceX);
+    long long fromTop = toDevice(sourceY);
+    long long width = toDeviceLength(widthPx);
+    long long height = toDeviceLength(heightPx);
+    clipRun(left, fromLeft, width, image_.width(), source.image_.width());
+    clipRun(top, fromTop, height, image_.height(), source.image_.height());
+    if (width <= 0 || height <= 0)
+        return;
+    // Within one surface the lines are taken in the order in which none is overwritten before it
+    // is read.
+    const bool upwards = fromTop < top;
+    for (long long i = 0; i < height; ++i) {
+        const int row = static_cast<int>(upwards ? height - 1 - i : i);
+        std::memmove(line(static_cast<int>(top) + row) + left,
+                     source.line(static_cast<int>(fromTop) + row) + fromLeft,
+                     static_cast<std::size_t>(width) * sizeof(std::uint32_t));
+    }
+}
+
+/// Between surfaces of different scale, as for a moment after the window went to another screen:
+/// the nearest pixel is taken.
+void Picture::copyOtherScale(int x, int y, int widthPx, int heightPx, const Picture& source,
+                             int sourceX, int sourceY) {
+    const DeviceBox box = deviceBox(x, y, static_cast<int>(std::min(x + widthPx - 1LL, 0x7fffLL)),
+                                    static_cast<int>(std::min(y + heightPx - 1LL, 0x7fffLL)));
+    for (int row = box.top; row < box.bottom; ++row) {
+        const long long fromY = toLogical(row) - y + sourceY;
+        for (int column = box.left; column < box.right; ++column) {
+            const long long fromX = toLogical(column) - x + sourceX;
+            if (fromX >= 0 && fromY >= 0 && fromX < source.width_ && fromY < source.height_)
+                line(row)[column] =
+                    toPixel(source.pixel(static_cast<int>(fromX), static_cast<int>(fromY)));
+        }
+    }
+}
+
+void Picture::AlphaBlend(int x, int y, int widthPx, int heightPx, const Picture& source,
+                         int alpha) {
+    if (widthPx <= 0 || heightPx <= 0 || image_.isNull() || source.image_.isNull())
+        return;
+    const long long right = x + widthPx - 1LL;
+    const long long bottom = y + heightPx - 1LL;
+    touch(x, y, right, bottom);
+    const auto weight = static_cast<std::uint32_t>(std::clamp(alpha, 0, 255));
+    const DeviceBox box = deviceBox(x, y, static_cast<int>(std::min(right, 0x7fffLL)),
+                                    static_cast<int>(std::min(bottom, 0x7fffLL)));
+    for (int row = box.top; row < box.bottom; ++row) {
+        if (source.plain_) {
+            blendLine(line(row) + box.left, box.right - box.left, toPixel(source.ground_), weight);
+            continue;
+        }
+        const long long fromY = (toLogical(row) - y) * source.height_ / heightPx;
+        for (int column = box.left; column < box.right; ++column) {
+            const long long fromX = (toLogical(column) - x) * source.width_ / widthPx;
+            const Colour colour = source.pixel(static_cast<int>(fromX), static_cast<int>(fromY));
+            blendLine(line(row) + column, 1, toPixel(colour), weight);
+        }
+    }
+}
+
+} // namespace velorin

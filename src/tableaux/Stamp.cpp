@@ -1,0 +1,107 @@
+// Circles ready for copying.
+#include "tableaux/Stamp.h"
+
+#include <QImage>
+#include <QPainter>
+
+#include <cmath>
+#include <functional>
+
+namespace velorin {
+
+namespace {
+
+/// More kinds than any score has colours; past it the case starts anew, so that it cannot grow.
+constexpr std::size_t stampLimit = 64;
+
+QColor toQColor(Colour colour) {
+    return QColor::fromRgb(toPixel(colour));
+}
+
+using Mask = std::function<bool(int deviceX, int deviceY)>;
+
+Stamp draw(const StampKey& key, double ratio, const Mask& covers) {
+    Stamp stamp;
+    stamp.key = key;
+    stamp.offset = static_cast<int>(std::ceil(key.radius * ratio)) + 1;
+    stamp.size = 2 * stamp.offset + static_cast<int>(std::ceil(ratio)) + 1;
+    QImage image(stamp.size, stamp.size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+
+    const QPointF centre(stamp.offset + 0.5 * ratio, stamp.offset + 0.5 * ratio);
+    const double radius = key.radius * ratio;
+    if (key.style != FillStyle::transparent) {
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(toQColor(key.fill));
+        painter.drawEllipse(centre, radius, radius);
+    }
+    for (int y = 0; covers && y < stamp.size; ++y)
+        for (int x = 0; x < stamp.size; ++x)
+            if (!covers(x, y))
+                image.setPixel(x, y, 0);
+    {
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(toQColor(key.outline), ratio));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawEllipse(centre, radius, radius);
+    }
+
+    for (int y = 0; y < stamp.size; ++y) {
+        const auto* row = reinterpret_cast<const std::uint32_t*>(image.constScanLine(y));
+        int from = 0;
+        int to = stamp.size;
+        while (from < to && row[from] == 0)
+            ++from;
+        while (to > from && row[to - 1] == 0)
+            --to;
+        stamp.pixels.insert(stamp.pixels.end(), row, row + stamp.size);
+        stamp.spans.emplace_back(from, to);
+    }
+    return stamp;
+}
+
+} // namespace
+
+bool patternCovers(FillStyle style, long long x, long long y) {
+    switch (style) {
+    case FillStyle::solid:
+        return true;
+    case FillStyle::horizontalLines:
+        return (y & 7) == 4;
+    case FillStyle::diagonalCross:
+        return ((x + y) & 7) == 0 || ((x - y) & 7) == 0;
+    case FillStyle::transparent:
+        break;
+    }
+    return false;
+}
+
+Stamp makeStamp(const StampKey& key, double ratio) {
+    return draw(key, ratio, nullptr);
+}
+
+Stamp makePatternStamp(const StampKey& key, double ratio, long long x, long long y) {
+    const int offset = static_cast<int>(std::ceil(key.radius * ratio)) + 1;
+    return draw(key, ratio, [&](int deviceX, int deviceY) {
+        const auto logical = [&](long long centre, int device) {
+            return centre + static_cast<long long>(std::floor((device - offset + 0.5) / ratio));
+        };
+        return patternCovers(key.style, logical(x, deviceX), logical(y, deviceY));
+    });
+}
+
+const Stamp& StampCase::get(const StampKey& key, double ratio) {
+    if (ratio != ratio_ || stamps_.size() > stampLimit) {
+        stamps_.clear();
+        ratio_ = ratio;
+    }
+    for (const Stamp& stamp : stamps_)
+        if (stamp.key == key)
+            return stamp;
+    return stamps_.emplace_back(makeStamp(key, ratio));
+}
+
+} // namespace velorin
