@@ -7,16 +7,20 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 
 namespace velorin {
 
 class PlaybackDesk;
-class StopWatch;
 struct Studio;
 
 /// Opens and closes the device, turns cells into short messages, sounds chords and selects
 /// instruments. No operation here yields, so `Velocity`, `NoteKey` and `NoteChannel` may be shared
-/// by all of them. Rows [0, 13).
+/// by all of them. Rows [0, 13); a note index counts from the top of the tableau, so index 60 is
+/// key 67.
+///
+/// A key outside [-128, 127] has no place in a message: the note that would need it, and the notes
+/// of the same operation behind it, are not sent. The device's own refusals are not looked at.
 class NoteSounding {
 public:
     NoteSounding(Studio& studio, PlaybackDesk& desk) : studio_(studio), desk_(desk) {}
@@ -28,6 +32,10 @@ public:
     void StartColumnNotes();           ///< the other unhidden rows at the pressed column
     void StopColumnNotes();
     void ChangeInstrument(int instrument, int row);
+
+    /// Sets `Velocity` from the row's volume box, for the row's next note. A row without a box, or
+    /// a number outside 16 bits, leaves it.
+    void readVolume(int row);
 
     void Device_Click(); ///< closes and reopens the device that `Form3`'s `Combo2` shows
     void Combo2_Click() { Device_Click(); } ///< the main window's own device list was chosen from
@@ -47,17 +55,31 @@ public:
     std::int16_t Velocity = 127;
     std::int16_t NoteKey = 0;
     std::int16_t NoteChannel = 0;
-    std::array<std::int32_t, 4> LastMessages{};
+    std::array<std::int32_t, 4> LastMessages{}; ///< of the last notes: root, then the chord's
     std::array<Flag, scoreRows> PercussionRow{};
     std::array<std::int16_t, scoreRows> PercussionKey{};
-    std::int16_t PercussionChoice =
-        0; ///< the percussion sound last chosen, 128 or more once there was one
-    std::int16_t ChordInterval1 =
-        3; ///< semitones above the root; the start values are the minor chord
+    /// The percussion sound last chosen, 128 or more once there was one.
+    std::int16_t PercussionChoice = 0;
+    /// Semitones above the root; the start values are the minor chord.
+    std::int16_t ChordInterval1 = 3;
     std::int16_t ChordInterval2 = 7;
     std::int16_t ChordInterval3 = 12;
 
 private:
+    void sound(int noteIndex, int row, int column);
+    void soundChord(int row);
+    void endChord();
+    [[nodiscard]] bool takeKey(int noteIndex, int row, std::int16_t drumChannel);
+    [[nodiscard]] bool sendNote(int slot, int status, int key, int velocity);
+    void sendShort(int status, int data1, int data2);
+    void strum(int row, int milliseconds);
+    [[nodiscard]] bool chordApplies(int row, int markColumn);
+    [[nodiscard]] bool isPercussionRow(int row) const;
+    [[nodiscard]] std::optional<std::int16_t> columnNote(int row);
+    void applyInstrument(std::int16_t instrument);
+    void closeDevice();
+    void sendMci(const char* command);
+
     Studio& studio_;
     PlaybackDesk& desk_;
 };

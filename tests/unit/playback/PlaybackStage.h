@@ -1,0 +1,123 @@
+// A studio on a scripted host, with a desk that writes down what playing asks of the windows.
+#pragma once
+
+#include "playback/NoteSounding.h"
+#include "playback/PlaybackDesk.h"
+#include "playback/Sequencer.h"
+#include "playback/StopWatch.h"
+#include "score/PlainSetup.h"
+#include "score/Studio.h"
+#include "support/ScriptedPlatform.h"
+
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace velorin {
+
+using Lines = std::vector<std::string>;
+
+/// Every call is a line of `log`, "0.120 DrawNoteArray", its time before it.
+class RecordingDesk final : public PlaybackDesk {
+public:
+    explicit RecordingDesk(const scripted::VirtualTime& time) : time_(time) {}
+
+    Lines log;
+    std::string instxt;
+    /// Runs within every `DrawNoteArray`; what a test looks at while the song plays.
+    std::function<void()> onDrawNoteArray;
+    /// Runs within every `setHScroll1`, as the bar's own handler does.
+    std::function<void(int)> onHScroll1;
+    std::function<void()> onRecordcontrol;
+
+    void DrawNoteArray() override {
+        note("DrawNoteArray");
+        if (onDrawNoteArray)
+            onDrawNoteArray();
+    }
+    void DrawBeatArray() override { note("DrawBeatArray"); }
+    void DrawPolyTableau() override { note("DrawPolyTableau"); }
+    void focusMusicBox() override {}
+    void focusBeatbox() override {}
+    void setBeatboxHeight(int) override {}
+    int HScroll1Min() override { return 20; }
+    void setHScroll1(int value) override {
+        note("HScroll1 " + std::to_string(value));
+        if (onHScroll1)
+            onHScroll1(value);
+    }
+    void setMainCombo1(int) override {}
+    void enableMainTrackSel(int, bool) override {}
+    void setMainTrackSel(int, bool) override {}
+    void ChangeInstrument(int, int) override {}
+    void leaveTopMost() override {}
+    void returnToTopMost() override {}
+
+    void clearMusicBox() override { note("clear"); }
+    void GetColumn(int offset) override { note("GetColumn " + std::to_string(offset)); }
+    void PutColumn(int offset) override { note("PutColumn " + std::to_string(offset)); }
+    void drawPlayMarker(int offset) override { note("marker " + std::to_string(offset)); }
+    void enableTableaux(bool enabled) override {
+        note(enabled ? "enable tableaux" : "disable tableaux");
+    }
+    void enableWizard(bool enabled) override { note(enabled ? "enable Wiz" : "disable Wiz"); }
+    void enableToolbars() override { note("enable toolbars"); }
+    void showProgress(float ratio, const std::string* caption) override {
+        note("progress " + std::to_string(ratio) + (caption ? " \"" + *caption + "\"" : ""));
+    }
+    void endProgress() override { note("end progress"); }
+    void Recordcontrol() override {
+        note("Recordcontrol");
+        if (onRecordcontrol)
+            onRecordcontrol();
+    }
+    std::string Instxt() override { return instxt; }
+    void setInstxt(const std::string& text) override { instxt = text; }
+
+private:
+    void note(const std::string& what) { log.push_back(time_.stamp() + " " + what); }
+
+    const scripted::VirtualTime& time_;
+};
+
+/// The start values of the program: tempo 100, a column of 120 ms; the device is open, and the log
+/// of it is empty.
+struct PlaybackStage {
+    PlaybackStage() {
+        setup.device = 1;
+        sequencer.PlayTimer = watch.StopWatchNew();
+        sounding.Device_Click();
+        host.midi.log.clear();
+    }
+
+    /// Writes a note of `length` columns.
+    void note(int row, int column, int pitch, int length = 1, std::int16_t instrument = 0) {
+        for (int i = 0; i < length; ++i) {
+            const int cell = i == 0 ? pitch : heldOffset + pitch;
+            studio.score.NoteArray.write(row, column + i, static_cast<std::int16_t>(cell));
+            studio.score.InstrumentArray.write(row, column + i, instrument);
+        }
+    }
+
+    void at(double seconds, std::function<void()> run) {
+        host.time.plan(
+            static_cast<scripted::Nanoseconds>(seconds * scripted::nanosecondsPerSecond + 0.5),
+            std::move(run));
+    }
+
+    /// The messages since the last call.
+    Lines midi() { return std::exchange(host.midi.log, {}); }
+    /// What was asked of the windows since the last call.
+    Lines asked() { return std::exchange(desk.log, {}); }
+
+    scripted::ScriptedPlatform host;
+    PlainSetup setup;
+    Studio studio{host.platform, setup};
+    RecordingDesk desk{host.time};
+    NoteSounding sounding{studio, desk};
+    StopWatch watch{host.time, host.time};
+    Sequencer sequencer{studio, sounding, watch, desk};
+};
+
+} // namespace velorin
