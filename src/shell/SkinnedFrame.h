@@ -6,14 +6,16 @@
 #include "shell/FramePaint.h"
 #include "shell/WindowDrag.h"
 
-#include <QPainterPath>
-#include <QWidget>
+#include <QRect>
 
 #include <array>
 #include <cstdint>
-#include <functional>
+
+class QPainter;
 
 namespace velorin {
+
+class WindowPlace;
 
 /// Shared by the frames of all windows.
 struct FrameState {
@@ -23,7 +25,16 @@ struct FrameState {
 
 enum class FrameKind { main, tool };
 
-/// Belongs to its window. `ellipse` is the diameter of the rounded corners, in pixels.
+/// A window's place and size in twips.
+struct TwipsRect {
+    float left = 0.0F;
+    float top = 0.0F;
+    float width = 0.0F;
+    float height = 0.0F;
+};
+
+/// The pieces and handles are children of the window, which is to paint what they leave free with
+/// `paintFrameGround`. `ellipse` is the diameter of the rounded corners, in pixels.
 class SkinnedFrame {
 public:
     SkinnedFrame(QWidget& window, FrameKind kind, int ellipse, FrameState& state);
@@ -33,17 +44,23 @@ public:
     void SkinToolWindow();
     void ApplyWindowRegion();
 
-    /// Moves the edges by what the pointer moved, in pixels. `handle` [0, 8).
-    void ResizeByHandle(QPoint moved, int handle);
+    /// Moves the window's edges by what the pointer moved, in pixels. `handle` [0, 8).
+    void ResizeByHandle(WindowPlace& place, QPoint moved, int handle);
+
+    /// Paints the parts of the window that no piece covers.
+    void paintFrameGround(QPainter& painter) const;
 
     /// Named "Winedge(0)" and so on; they let the mouse through to the window.
     std::array<QWidget*, 8> Winedge{};
     /// Named "Resizer(0)" and so on, in the order of `handleRect`; hidden until they are placed.
+    /// Empty on tool windows.
     std::array<QWidget*, 8> Resizer{};
 
 private:
     void layOutPieces();
     void placeResizers();
+    [[nodiscard]] int ellipse() const;
+    void paint(QPainter& painter, QSize size) const;
 
     QWidget& window_;
     FrameKind kind_;
@@ -59,17 +76,11 @@ private:
 /// bottom-left, top-right, top-left.
 [[nodiscard]] QRect handleRect(int index, QSize window);
 
-/// The rectangle of a window after handle `index` was dragged by `moved`, with the limits applied.
-[[nodiscard]] QRect resizedByHandle(QRect window, int index, QPoint moved);
+/// The window after handle `index` was dragged by `moved` pixels, with the limits applied.
+[[nodiscard]] TwipsRect resizedByHandle(TwipsRect window, int index, QPoint moved);
 
 /// The smallest window that `ResizeByHandle` leaves, in pixels.
 constexpr int minimumWidthPx = 57;
 constexpr int minimumHeightPx = 90;
-
-/// The outline of a window with round corners of that diameter.
-[[nodiscard]] QPainterPath windowOutline(QSize window, int ellipse);
-
-/// Paints the whole frame of a window; each piece shows its part of it.
-void paintFrame(QPainter& painter, FrameKind kind, QSize window, int ellipse);
 
 } // namespace velorin

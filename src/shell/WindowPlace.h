@@ -5,8 +5,6 @@
 #include <QPoint>
 #include <QSize>
 
-#include <string>
-
 class QWidget;
 
 namespace velorin {
@@ -35,9 +33,5 @@ private:
     QPoint placedAt_;
     QSize placedSize_;
 };
-
-/// The text of a place as the settings keep it, and back; a text that is no number gives `present`.
-[[nodiscard]] std::string twipsText(float twips);
-[[nodiscard]] float twipsFrom(const std::string& text, float present);
 
 } // namespace velorin

@@ -1,0 +1,104 @@
+// The one place that knows which control has the focus, and runs the focus handlers in their order.
+#include "shell/FocusKeeper.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QFocusEvent>
+#include <QKeyEvent>
+
+namespace velorin {
+
+namespace {
+
+bool isTabKey(QEvent& event) {
+    const int key = static_cast<QKeyEvent&>(event).key();
+    return key == Qt::Key_Tab || key == Qt::Key_Backtab;
+}
+
+/// Dialogs, menus and open lists come and go over the program's own windows and leave the focus
+/// where it was.
+bool belongsToProgramWindow(const QWidget& control) {
+    const QWidget* window = control.window();
+    const Qt::WindowType type = window->windowType();
+    return type != Qt::Popup && type != Qt::ToolTip &&
+           qobject_cast<const QDialog*>(window) == nullptr;
+}
+
+} // namespace
+
+FocusKeeper::FocusKeeper() {
+    qApp->installEventFilter(this);
+}
+
+FocusKeeper::~FocusKeeper() = default;
+
+void FocusKeeper::give(QWidget* control) {
+    if (control == nullptr || control == current_ || !control->isEnabled() || !control->isVisible())
+        return;
+    control->setFocus(Qt::OtherFocusReason);
+    moveTo(control);
+}
+
+void FocusKeeper::moveTo(QWidget* control) {
+    const QPointer<QWidget> old = current_;
+    const QPointer<QWidget> next = control;
+    current_ = control;
+    if (old)
+        if (const auto known = handlers_.find(old); known != handlers_.end() && known->second.lost)
+            known->second.lost();
+    if (!next || current_ != next)
+        return; // the old control's handler has passed the focus on
+    if (const auto known = handlers_.find(next); known != handlers_.end() && known->second.got)
+        known->second.got();
+}
+
+void FocusKeeper::onGot(QWidget* control, std::function<void()> handler) {
+    handlersOf(control).got = std::move(handler);
+}
+
+void FocusKeeper::onLost(QWidget* control, std::function<void()> handler) {
+    handlersOf(control).lost = std::move(handler);
+}
+
+FocusKeeper::Handlers& FocusKeeper::handlersOf(QWidget* control) {
+    const auto [place, isNew] = handlers_.try_emplace(control);
+    if (isNew)
+        connect(control, &QObject::destroyed, this,
+                [this](QObject* gone) { handlers_.erase(gone); });
+    return place->second;
+}
+
+bool FocusKeeper::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+    case QEvent::KeyPress:
+        if (isTabKey(*event))
+            tabPressed_ = true;
+        break;
+    case QEvent::KeyRelease:
+        tabPressed_ = false;
+        break;
+    case QEvent::FocusIn:
+        if (auto* control = qobject_cast<QWidget*>(watched))
+            followWindowSystem(control, static_cast<QFocusEvent*>(event)->reason());
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void FocusKeeper::followWindowSystem(QWidget* control, Qt::FocusReason reason) {
+    if (control == current_ || !belongsToProgramWindow(*control))
+        return;
+    const bool isTab = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
+    const bool isUsers = reason == Qt::MouseFocusReason || reason == Qt::ShortcutFocusReason ||
+                         (isTab && tabPressed_);
+    if (isUsers && !control->isWindow())
+        moveTo(control);
+    else if (isTab && !tabPressed_)
+        // The control that had the keyboard was disabled or hidden. The keyboard waits at the
+        // window, so that no key presses a button which the user did not go to.
+        control->window()->setFocus(Qt::OtherFocusReason);
+}
+
+} // namespace velorin

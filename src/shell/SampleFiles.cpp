@@ -1,0 +1,44 @@
+// The sample files that the tutorial puts beside the program for the length of a run, and the small
+// file helpers that go with them.
+#include "shell/SampleFiles.h"
+
+#include "platform/Files.h"
+#include "playback/StopWatch.h"
+#include "score/Studio.h"
+
+#include <ostream>
+
+namespace velorin {
+
+bool SampleFiles::FileExists(const std::string& name) {
+    return studio_.platform.files.canRead(name);
+}
+
+void SampleFiles::p_DestroyFile(const std::string& name) {
+    // Opened and closed first, so that a file in use elsewhere is let go of before it is deleted.
+    studio_.platform.files.openForBinary(name).reset();
+    studio_.platform.files.remove(name);
+    if (timer_ == 0)
+        timer_ = watch_.StopWatchNew();
+    watch_.StopWatchStart(timer_);
+    watch_.WaitSeconds(timer_, 0.2F);
+}
+
+void SampleFiles::RemoveSamples() {
+    for (const std::string& name : sampleNames())
+        if (FileExists(name))
+            p_DestroyFile(name);
+}
+
+std::vector<std::string> SampleFiles::sampleNames() const {
+    const std::string folder = studio_.platform.programFolder + "\\media\\";
+    std::vector<std::string> names;
+    for (const int group : {100, 200})
+        for (int number = group + 1; number <= group + 5; ++number)
+            names.push_back(folder + std::to_string(number) + ".sng");
+    for (const char* name : {"104a.sng", "104b.sng", "301.sng", "333.mid"})
+        names.push_back(folder + name);
+    return names;
+}
+
+} // namespace velorin

@@ -1,0 +1,55 @@
+// Where a window stands, in twips: the value that was set is kept as long as the window stays
+// there.
+#include "shell/WindowPlace.h"
+
+#include "platform/Desktop.h"
+
+#include <QWidget>
+
+#include <cmath>
+
+namespace velorin {
+
+namespace {
+
+int toPixels(float twips) {
+    return static_cast<int>(std::lround(twips / static_cast<float>(platform::twipsPerPixel)));
+}
+
+float toTwips(int pixels) {
+    return static_cast<float>(pixels * platform::twipsPerPixel);
+}
+
+} // namespace
+
+float WindowPlace::Left() const {
+    return window_.x() == placedAt_.x() ? left_ : toTwips(window_.x());
+}
+
+float WindowPlace::Top() const {
+    return window_.y() == placedAt_.y() ? top_ : toTwips(window_.y());
+}
+
+float WindowPlace::Width() const {
+    return window_.width() == placedSize_.width() ? width_ : toTwips(window_.width());
+}
+
+float WindowPlace::Height() const {
+    return window_.height() == placedSize_.height() ? height_ : toTwips(window_.height());
+}
+
+void WindowPlace::moveTo(float left, float top) {
+    left_ = left;
+    top_ = top;
+    placedAt_ = QPoint(toPixels(left), toPixels(top));
+    window_.move(placedAt_);
+}
+
+void WindowPlace::resizeTo(float width, float height) {
+    width_ = width;
+    height_ = height;
+    placedSize_ = QSize(toPixels(width), toPixels(height));
+    window_.resize(placedSize_);
+}
+
+} // namespace velorin
