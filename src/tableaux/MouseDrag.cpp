@@ -13,8 +13,6 @@ namespace velorin {
 
 namespace {
 
-constexpr Colour black = rgb(0, 0, 0);
-constexpr Colour white = rgb(255, 255, 255);
 constexpr Colour barColour = rgb(68, 204, 255);
 
 int scoreColumn(const Studio& studio, int screenColumn) {
@@ -129,9 +127,8 @@ void drawBarLines(Picture& picture, int firstColumn) {
     }
 }
 
-void drawNoteHead(Picture& picture, int column, int line) {
-    picture.circle(column * cellPx + 5, line * cellPx + 5, 5, black);
-    picture.circle(column * cellPx + 3, line * cellPx + 3, 1, white);
+void drawNoteHead(Picture& picture, int column, int line, Colour colour) {
+    picture.noteHead(column * cellPx, line * cellPx, colour);
 }
 
 void drawBand(Picture& picture, int column, int lastColumn, int line, Colour colour) {

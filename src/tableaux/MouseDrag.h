@@ -80,8 +80,8 @@ void drawBarLines(Picture& picture, int firstColumn);
 //     ( o   )=========      the head, radius 5, with its highlight, over the band, 4 high
 //      '---'
 
-/// In the picture's fill state.
-void drawNoteHead(Picture& picture, int column, int line);
+/// Leaves the fill state solid in `colour`.
+void drawNoteHead(Picture& picture, int column, int line, Colour colour);
 /// The edge in `colour`, the interior by the fill state.
 void drawBand(Picture& picture, int column, int lastColumn, int line, Colour colour);
 

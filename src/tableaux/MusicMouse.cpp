@@ -99,9 +99,7 @@ void MusicMouse::beginNote() {
     tableau_.GetRow(drag.MouseLine);
     drag.DragStart = drag.MouseColumn;
     Picture& picture = area_.MusicBox->picture;
-    picture.fillStyle = FillStyle::solid;
-    drawNoteHead(picture, drag.MouseColumn, drag.MouseLine);
-    showLine();
+    drawNoteHead(picture, drag.MouseColumn, drag.MouseLine, picture.fillColor);
 }
 
 // Chord marks go by the column on the screen, cells by the column of the score. In a scrolled view
@@ -175,7 +173,6 @@ void MusicMouse::outlineSelection(int right) {
     Picture& picture = area_.MusicBox->picture;
     picture.outlineBox(studio_.drag.MouseColumn * cellPx, 0, right, picture.ScaleHeight() - 1,
                        selectionBlue);
-    area_.MusicBox->update();
 }
 
 // Move.
@@ -237,16 +234,8 @@ bool MusicMouse::dragNote(double x) {
     Picture& picture = area_.MusicBox->picture;
     const Colour colour = studio_.view.DrawColor;
     drawBand(picture, drag.MouseColumn, drag.DragColumn, drag.MouseLine, colour);
-    picture.fillColor = colour;
-    picture.fillStyle = FillStyle::solid;
-    drawNoteHead(picture, drag.MouseColumn, drag.MouseLine);
-    showLine();
+    drawNoteHead(picture, drag.MouseColumn, drag.MouseLine, colour);
     return true;
-}
-
-// The strip that `GetRow` saves and `PutRow` puts back is what a step of the drag touches.
-void MusicMouse::showLine() {
-    area_.MusicBox->update(0, studio_.drag.MouseLine * cellPx, area_.MusicBox->width(), 15);
 }
 
 bool MusicMouse::dragSelection(double x) {

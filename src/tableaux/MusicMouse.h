@@ -46,7 +46,6 @@ private:
     // A move within the column of the last one that counted does nothing: these then return false.
     bool dragNote(double x);
     bool dragSelection(double x);
-    void showLine();
     void releaseInDrawMode(int button, double x);
     void endNote();
     void endSelection(double x);

@@ -87,9 +87,7 @@ void PercussionTableau::beginBeat() {
     sounding_.StartColumnNotes();
     drag.DragStart = drag.MouseColumn;
     Picture& picture = area_.Beatbox->picture;
-    picture.fillStyle = FillStyle::solid;
-    drawNoteHead(picture, drag.MouseColumn, drag.MouseLine);
-    area_.Beatbox->update();
+    drawNoteHead(picture, drag.MouseColumn, drag.MouseLine, picture.fillColor);
 }
 
 void PercussionTableau::eraseBeat() {
@@ -178,10 +176,7 @@ bool PercussionTableau::dragBeat(double x) {
     Picture& picture = area_.Beatbox->picture;
     const Colour colour = studio_.view.DrawColor;
     drawBand(picture, drag.MouseColumn, drag.DragColumn, drag.MouseLine, colour);
-    picture.fillColor = colour;
-    picture.fillStyle = FillStyle::solid;
-    drawNoteHead(picture, drag.MouseColumn, drag.MouseLine);
-    area_.Beatbox->update();
+    drawNoteHead(picture, drag.MouseColumn, drag.MouseLine, colour);
     return true;
 }
 

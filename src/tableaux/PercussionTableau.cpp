@@ -48,10 +48,7 @@ void drawBeat(Picture& picture, const View& view, int column, int lastColumn, in
     const int end = x + (lastColumn - column) * cellPx;
     const int y = std::min((pitch - view.TopPitch) * cellPx, picture.ScaleHeight() - cellPx);
     picture.fillBox(x + 2, y + 4, end + 11, y + 7, colour);
-    picture.fillColor = colour;
-    picture.fillStyle = FillStyle::solid;
-    picture.circle(x + 5, y + 5, 5, rgb(0, 0, 0));
-    picture.circle(x + 3, y + 3, 1, rgb(255, 255, 255));
+    picture.noteHead(x, y, colour);
 }
 
 void drawRow(Picture& picture, const Studio& studio, int row, Colour colour) {
@@ -95,7 +92,6 @@ void PercussionTableau::DrawBeatArray() {
         picture.fillStyle = FillStyle::diagonalCross;
         picture.fillColor = colour;
     }
-    area_.Beatbox->update();
 }
 
 // Around the mouse.
@@ -126,7 +122,6 @@ void PercussionTableau::Check2_Click() {
     strip.picture.Cls();
     const QRect music = area_.MusicBox->geometry();
     strip.place(music.x() - namesWidthPx, strip.y(), music.width() + namesWidthPx, strip.height());
-    strip.update();
 }
 
 } // namespace velorin

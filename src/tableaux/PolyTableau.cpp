@@ -92,18 +92,17 @@ void drawGrid(Picture& picture, const View& view) {
 // Index i of a lane is the score column plus 1, so that its block stands over column i - 1.
 void PolyTableau::DrawPolyTableau() {
     const View& view = studio_.view;
-    PictureBox& box = *area_.Pic1;
-    box.picture.Cls();
-    drawGrid(box.picture, view);
+    Picture& picture = area_.Pic1->picture;
+    picture.Cls();
+    drawGrid(picture, view);
     for (int i = view.FirstColumn; i <= view.FirstColumn + view.VisibleColumns; ++i) {
         for (int lane = 1; lane <= 8; ++lane) {
             if (studio_.score.PolyArray.read(lane, i) != 1)
                 continue;
-            box.picture.fillColor = laneOf(lane).colour;
-            drawBlock(box.picture, lane, (i - 1 - view.FirstColumn) * cellPx, laneOf(lane).colour);
+            picture.fillColor = laneOf(lane).colour;
+            drawBlock(picture, lane, (i - 1 - view.FirstColumn) * cellPx, laneOf(lane).colour);
         }
     }
-    box.update();
 }
 
 // Any button paints: a right press sets the mark that a right drag would wipe.
@@ -118,7 +117,6 @@ void PolyTableau::paintMark(double snapped, double y) {
         return;
     area_.Pic1->picture.fillColor = laneOf(lane).colour;
     drawBlock(area_.Pic1->picture, lane, snapped, laneOf(lane).colour);
-    area_.Pic1->update();
     studio_.score.PolyArray.write(lane, markIndex(snapped), 1);
 }
 
@@ -128,7 +126,6 @@ void PolyTableau::wipeMark(double snapped, double y) {
     if (lane == 0)
         return;
     drawBlock(area_.Pic1->picture, lane, snapped, white);
-    area_.Pic1->update();
     studio_.score.PolyArray.write(lane, markIndex(snapped), 0);
 }
 
