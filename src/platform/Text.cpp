@@ -2,6 +2,7 @@
 // countries.
 #include "platform/Text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -31,6 +32,24 @@ std::size_t exponentLength(std::string_view text, std::size_t from) {
     while (i < text.size() && isDigit(text[i]))
         ++i;
     return i == digits ? 0 : i - from;
+}
+
+/// Of a number beyond the range of a double: whether it lies too near to zero, or too far from it.
+/// The place of its first digit decides, the exponent added: "0.001e-400" and "0.00..1" are tiny.
+bool isTiny(const std::string& number) {
+    const std::size_t mantissaEnd = std::min(number.find('e'), number.size());
+    const std::size_t point = std::min(number.find('.'), mantissaEnd);
+    const std::size_t first = number.find_first_not_of("-0.");
+    auto place = static_cast<std::int64_t>(point) - static_cast<std::int64_t>(first);
+    if (mantissaEnd < number.size()) {
+        const std::string_view digits = std::string_view(number).substr(mantissaEnd + 1);
+        std::int64_t exponent = 0;
+        const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), exponent);
+        if (read.ec == std::errc::result_out_of_range)
+            return digits.front() == '-';
+        place += exponent;
+    }
+    return place < 0;
 }
 
 /// The lower-case letter of a code point in U+0080..U+07FF: Latin-1, Latin Extended-A, Greek and
@@ -91,8 +110,7 @@ double Val(std::string_view text) {
     double value = 0.0;
     const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
     if (result.ec == std::errc::result_out_of_range) {
-        const bool tiny = exponent > 0 && number.find("e-") != std::string::npos;
-        const double magnitude = tiny ? 0.0 : std::numeric_limits<double>::infinity();
+        const double magnitude = isTiny(number) ? 0.0 : std::numeric_limits<double>::infinity();
         return number.front() == '-' ? -magnitude : magnitude;
     }
     return value;
