@@ -14,11 +14,15 @@ class NoteSounding;
 class SetupDesk;
 struct Studio;
 
-/// One for the run. Needs a QApplication once a control is used. The references may be to objects
-/// that are still to be made: nothing of them is touched before the first use.
+/// One for the run. Needs a QApplication once a control is used.
 class SetupToolbar final : public SetupControls, public ToolWindow {
 public:
-    SetupToolbar(Studio& studio, NoteSounding& sounding, SetupDesk& desk);
+    /// `studio` may still be to be made: it holds a reference to this object in its turn.
+    explicit SetupToolbar(Studio& studio);
+
+    /// The parts of the main window, which is made later; before the first use of a control.
+    void attach(NoteSounding& sounding, SetupDesk& desk);
+
     ~SetupToolbar() override;
 
     /// The window, loaded if it was not: `Form_Load` runs, the window stays hidden.
@@ -59,8 +63,8 @@ public:
 
 private:
     Studio& studio_;
-    NoteSounding& sounding_;
-    SetupDesk& desk_;
+    NoteSounding* sounding_ = nullptr;
+    SetupDesk* desk_ = nullptr;
     std::unique_ptr<Form3> form_;
 };
 
