@@ -2,6 +2,13 @@
 // stands.
 #pragma once
 
+#include <QMetaObject>
+
+#include <array>
+#include <cstdint>
+
+class QScrollBar;
+
 namespace velorin {
 
 class MusicTableau;
@@ -11,31 +18,42 @@ class PolyTableau;
 class TableauDesk;
 struct Studio;
 
+/// Takes the changes of both scroll bars of the work area from its making to its end: a move of the
+/// thumb runs the `_Scroll` handler, any other change of a value `_Change`, once each.
 class MainLayout {
 public:
     MainLayout(Studio& studio, Picmain& area, MusicTableau& music, PercussionTableau& percussion,
-               PolyTableau& poly, TableauDesk& desk)
-        : studio_(studio),
-          area_(area),
-          music_(music),
-          percussion_(percussion),
-          poly_(poly),
-          desk_(desk) {}
+               PolyTableau& poly, TableauDesk& desk);
+    ~MainLayout();
+    MainLayout(const MainLayout&) = delete;
+    MainLayout& operator=(const MainLayout&) = delete;
 
     void Form_Resize();
-    void HScroll1_Change();
+    void HScroll1_Change(); ///< yields once the view is set; another may run inside it
     void HScroll1_Scroll();
     void VScroll1_Change();
     void VScroll1_Scroll();
-    void Comm10_Click();
+    void Comm10_Click(); ///< notes how far `FirstColumn` went since the last call
 
 private:
+    void placeFrame(int widthPx, int heightPx);
+    void countCells(int widthPx);
+    void placeMusicBox();
+    void placeCompanions();
+    void placeScrollBars();
+    void clampView();
+    void setUpScrollBars();
+    void drawAll();
+
     Studio& studio_;
     Picmain& area_;
     MusicTableau& music_;
     PercussionTableau& percussion_;
     PolyTableau& poly_;
     TableauDesk& desk_;
+    std::array<QMetaObject::Connection, 2> scrolling_;
+    std::int16_t priorFirstColumn_ = 0;
+    std::int16_t columnDifference_ = 0;
 };
 
 } // namespace velorin
