@@ -1,0 +1,120 @@
+// The face of the hint window.
+#include "shell/HintPanel.h"
+
+#include "shell/FramePaint.h"
+#include "shell/LookColors.h"
+#include "shell/WindowDrag.h"
+
+#include <QCloseEvent>
+#include <QIcon>
+#include <QKeyEvent>
+#include <QLinearGradient>
+#include <QPainter>
+
+namespace velorin {
+
+namespace {
+
+constexpr int hintWidth = 360;
+constexpr int lessonWidth = 460;
+constexpr int lessonBand = 26;
+
+// The window's own colours are those of paper, which the style sheet's rules for ink do not give.
+const char* const paperStyle =
+    "QLabel#Label1 { color: #1E2246; }"
+    "QLabel#title { color: #FFFFC0; font-size: 13px; font-weight: 600; }";
+
+} // namespace
+
+HintPanel::HintPanel()
+    : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint),
+      Label1(new QLabel(this)),
+      imgTitleClose(new QToolButton(this)),
+      title_(new QLabel(QStringLiteral("Velorin Wizard"), this)) {
+    setObjectName("frminfo");
+    setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setStyleSheet(paperStyle);
+    Label1->setObjectName("Label1");
+    Label1->setTextFormat(Qt::PlainText);
+    Label1->setWordWrap(true);
+    Label1->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    Label1->setAttribute(Qt::WA_TransparentForMouseEvents);
+    title_->setObjectName("title");
+    title_->setGeometry(14, 0, 400, lessonBand);
+    title_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    imgTitleClose->setObjectName("imgTitleClose");
+    imgTitleClose->setProperty("role", "title");
+    imgTitleClose->setProperty("danger", true);
+    imgTitleClose->setIconSize(QSize(16, 16));
+    imgTitleClose->setAccessibleName(QStringLiteral("Close"));
+    imgTitleClose->setFocusPolicy(Qt::TabFocus);
+    connect(imgTitleClose, &QToolButton::clicked, this, [this] { leave(); });
+    setText({}, false);
+}
+
+void HintPanel::setText(const QString& text, bool lesson) {
+    lesson_ = lesson;
+    const int width = lesson ? lessonWidth : hintWidth;
+    QString shown = text;
+    shown.remove(QLatin1Char('\r'));
+    Label1->setContentsMargins(14, lesson ? 34 : 10, 34, lesson ? 14 : 10);
+    Label1->setText(shown);
+    Label1->setGeometry(0, 0, width, Label1->heightForWidth(width));
+    title_->setVisible(lesson);
+    imgTitleClose->setIcon(QIcon(lesson ? ":/look/title-close.svg" : ":/look/title-close-ink.svg"));
+    imgTitleClose->setGeometry(lesson ? QRect(430, 3, 24, 20) : QRect(334, 4, 22, 20));
+    resize(width, Label1->height() + 1);
+    ApplyWindowRegion(*this, lesson ? lessonHintEllipse : toolbarHintEllipse);
+    update();
+}
+
+void HintPanel::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const double radius = (lesson_ ? lessonHintEllipse : toolbarHintEllipse) / 2.0;
+    const QPainterPath outline = framePath(size(), radius);
+    painter.fillPath(outline, look::hint);
+    if (lesson_) {
+        QLinearGradient ground(0, 0, 0, lessonBand);
+        ground.setColorAt(0, look::titleTop);
+        ground.setColorAt(1, look::titleFoot);
+        QPainterPath band;
+        band.addRect(QRectF(0, 0, width(), lessonBand));
+        painter.fillPath(outline.intersected(band), ground);
+    }
+    painter.setPen(QPen(look::edge, 1.0));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5,
+                            radius - 0.5);
+}
+
+void HintPanel::mousePressEvent(QMouseEvent* event) {
+    // The label lets the mouse through; the lesson's title band alone does not close the window.
+    if (!lesson_ || event->position().y() >= lessonBand) {
+        leave();
+    }
+}
+
+void HintPanel::mouseDoubleClickEvent(QMouseEvent*) {
+    leave();
+}
+
+void HintPanel::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape || event->key() == Qt::Key_Return ||
+        event->key() == Qt::Key_Enter) {
+        leave();
+    }
+}
+
+void HintPanel::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    leave();
+}
+
+void HintPanel::leave() {
+    if (onClose) {
+        onClose();
+    }
+}
+
+} // namespace velorin

@@ -1,0 +1,133 @@
+// `frminfo`, the hint window.
+#include "shell/frminfo.h"
+
+#include "platform/Clock.h"
+#include "platform/Desktop.h"
+#include "platform/MessageLoop.h"
+#include "platform/Platform.h"
+#include "platform/Timers.h"
+#include "shell/HintPanel.h"
+
+#include <cmath>
+
+namespace velorin {
+
+namespace {
+
+constexpr int loadWaitSeconds = 1;
+constexpr int hintStandsMs = 3000;
+constexpr int daySeconds = 24 * 3600;
+
+int pixels(float twips) {
+    return static_cast<int>(std::lround(twips / platform::twipsPerPixel));
+}
+
+} // namespace
+
+frminfo::frminfo(platform::Platform& platform) : platform_(platform) {}
+
+frminfo::~frminfo() {
+    platform_.timers.cancel(timer1_);
+}
+
+HintPanel& frminfo::panel() {
+    if (!panel_) {
+        panel_ = std::make_unique<HintPanel>();
+        panel_->onClose = [this] { imgTitleClose_Click(); };
+    }
+    return *panel_;
+}
+
+QWidget* frminfo::window() {
+    return &panel();
+}
+
+void frminfo::showHint(const QWidget* control, const std::string& text, QPoint place) {
+    if (lessonOpen_ || (waiting_ && loaded_ && control == control_)) {
+        return;
+    }
+    control_ = control;
+    text_ = text;
+    place_ = place;
+    if (!loaded_ || waiting_) {
+        loaded_ = true;
+        loadedFrom_ = platform_.clock.QueryPerformanceCounter() +
+                      loadWaitSeconds * platform_.clock.QueryPerformanceFrequency();
+        if (waiting_) {
+            return; // the wait below on the stack goes on to this hint's moment, and shows it
+        }
+        waitForLoad();
+    }
+    if (!loaded_ || platform_.loop.isEnding()) {
+        return;
+    }
+    panel().setText(QString::fromStdString(text_), false);
+    panel().move(place_);
+    startTimer1();
+    panel().show();
+}
+
+void frminfo::showLesson(const std::string& text, float left, float top) {
+    unload();
+    lessonOpen_ = true;
+    loadedFrom_ = platform_.clock.QueryPerformanceCounter() +
+                  loadWaitSeconds * platform_.clock.QueryPerformanceFrequency();
+    waitForLoad();
+    HintPanel& face = panel();
+    face.setText(QString::fromStdString(text), true);
+    face.move(pixels(left), pixels(top));
+    face.setWindowModality(Qt::ApplicationModal);
+    if (!platform_.loop.isEnding()) {
+        loaded_ = true;
+        face.show();
+    }
+    while (lessonOpen_ && !platform_.loop.isEnding()) {
+        platform_.loop.waitUntil(platform_.clock.QueryPerformanceCounter() +
+                                 daySeconds * platform_.clock.QueryPerformanceFrequency());
+    }
+    lessonOpen_ = false;
+    loaded_ = false;
+    face.hide();
+    face.setWindowModality(Qt::NonModal);
+}
+
+void frminfo::waitForLoad() {
+    const bool nested = waiting_;
+    waiting_ = true;
+    while (platform_.clock.QueryPerformanceCounter() < loadedFrom_ && !platform_.loop.isEnding()) {
+        platform_.loop.waitUntil(loadedFrom_);
+    }
+    waiting_ = nested;
+}
+
+void frminfo::unload() {
+    if (lessonOpen_) {
+        return;
+    }
+    platform_.timers.cancel(timer1_);
+    timer1_ = 0;
+    loaded_ = false;
+    if (panel_) {
+        panel_->hide();
+    }
+}
+
+void frminfo::imgTitleClose_Click() {
+    lessonOpen_ = false;
+    unload();
+}
+
+void frminfo::startTimer1() {
+    // A timer that runs already goes on as it is.
+    if (timer1_ == 0) {
+        timer1_ = platform_.timers.after(hintStandsMs, [this] { Timer1_Timer(); });
+    }
+}
+
+void frminfo::Timer1_Timer() {
+    timer1_ = 0;
+    panel().setText({}, false);
+    unload();
+}
+
+} // namespace velorin

@@ -1,0 +1,59 @@
+// `openerF`, the splash.
+#include "shell/openerF.h"
+
+#include "shell/FramePaint.h"
+#include "shell/LookColors.h"
+#include "shell/WindowDrag.h"
+
+#include <QPainter>
+#include <QSvgRenderer>
+
+namespace velorin {
+
+namespace {
+
+constexpr int splashWidth = 480;
+constexpr int splashHeight = 300;
+
+} // namespace
+
+openerF::openerF() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint) {
+    setObjectName("openerF");
+    setWindowTitle(QStringLiteral("Velorin "));
+    setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    resize(splashWidth, splashHeight);
+    ApplyWindowRegion(*this, splashEllipse);
+}
+
+void openerF::centreOn(int screenWidth, int screenHeight) {
+    move((screenWidth - width()) / 2, (screenHeight - height()) / 2);
+}
+
+void openerF::paintEvent(QPaintEvent*) {
+    const double radius = splashEllipse / 2.0;
+    const QRectF whole(rect());
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.save();
+    painter.setClipPath(framePath(size(), radius));
+    QSvgRenderer(QStringLiteral(":/look/splash.svg")).render(&painter, whole);
+    painter.restore();
+    const auto stroke = [&](const QColor& colour, double inset) {
+        painter.setPen(QPen(colour, 1.0));
+        painter.drawRoundedRect(whole.adjusted(inset, inset, -inset, -inset), radius - inset,
+                                radius - inset);
+    };
+    stroke(QColor(255, 255, 255, 40), 1.5);
+    stroke(look::ink950, 0.5);
+    const QRect caption(40, 262, 400, 20);
+    QFont small = font();
+    small.setPixelSize(12);
+    painter.setFont(small);
+    painter.setPen(look::mist2);
+    painter.drawText(caption, Qt::AlignLeft | Qt::AlignVCenter,
+                     QStringLiteral("Desktop music studio"));
+    painter.drawText(caption, Qt::AlignRight | Qt::AlignVCenter, QStringLiteral("2.1"));
+}
+
+} // namespace velorin

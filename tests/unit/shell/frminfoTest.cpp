@@ -1,0 +1,138 @@
+// The hint window: a second of waiting, three seconds of standing, and lessons that wait for the
+// user.
+#include "shell/frminfo.h"
+
+#include "shell/Hints.h"
+#include "support/ScriptedPlatform.h"
+
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QToolButton>
+#include <QWidget>
+
+namespace velorin {
+namespace {
+
+using scripted::nanosecondsPerSecond;
+
+class frminfoTest : public testing::Test {
+protected:
+    scripted::ScriptedPlatform host;
+    frminfo info{host.platform};
+    QWidget button;
+    QWidget other;
+
+    [[nodiscard]] bool shown() { return info.window()->isVisible(); }
+    [[nodiscard]] std::string text() {
+        return info.window()->findChild<QLabel*>("Label1")->text().toStdString();
+    }
+    [[nodiscard]] QWidget* label() { return info.window()->findChild<QLabel*>("Label1"); }
+};
+
+TEST_F(frminfoTest, AHintShowsAfterASecond) {
+    host.time.plan(nanosecondsPerSecond / 2, [this] { EXPECT_FALSE(shown()); });
+    info.showHint(&button, "a\r\nb", QPoint(30, 40));
+    EXPECT_EQ(host.time.now(), nanosecondsPerSecond);
+    EXPECT_TRUE(shown());
+    EXPECT_EQ(text(), "a\nb");
+    EXPECT_EQ(info.window()->pos(), QPoint(30, 40));
+}
+
+TEST_F(frminfoTest, AHintStandsForThreeSecondsAndIsThenUnloaded) {
+    info.showHint(&button, "hint", {});
+    host.time.pass(3 * nanosecondsPerSecond - 1);
+    EXPECT_TRUE(shown());
+    host.time.pass(1);
+    EXPECT_FALSE(shown());
+    EXPECT_FALSE(info.isLoaded());
+    EXPECT_EQ(text(), "");
+}
+
+TEST_F(frminfoTest, AMoveOverTheSameControlDoesNotProlongAHint) {
+    info.showHint(&button, "hint", {});
+    host.time.pass(2 * nanosecondsPerSecond);
+    info.showHint(&button, "hint", {});
+    EXPECT_EQ(host.time.now(), 3 * nanosecondsPerSecond);
+    host.time.pass(nanosecondsPerSecond);
+    EXPECT_FALSE(shown());
+}
+
+TEST_F(frminfoTest, APointerThatLeavesDuringTheWaitSeesNoHint) {
+    host.time.plan(nanosecondsPerSecond / 2, [this] { info.unload(); });
+    info.showHint(&button, "hint", {});
+    EXPECT_FALSE(shown());
+    EXPECT_FALSE(info.isLoaded());
+    host.time.pass(5 * nanosecondsPerSecond);
+    EXPECT_FALSE(shown());
+}
+
+TEST_F(frminfoTest, AMoveOverTheSameControlDuringTheWaitChangesNothing) {
+    host.time.plan(nanosecondsPerSecond / 2, [this] { info.showHint(&button, "hint", {}); });
+    info.showHint(&button, "hint", {});
+    EXPECT_EQ(host.time.now(), nanosecondsPerSecond);
+    EXPECT_TRUE(shown());
+}
+
+TEST_F(frminfoTest, AnotherControlDuringTheWaitStartsItsOwnSecond) {
+    host.time.plan(nanosecondsPerSecond / 2, [this] {
+        info.unload();
+        info.showHint(&other, "second", {});
+    });
+    info.showHint(&button, "first", {});
+    EXPECT_EQ(host.time.now(), nanosecondsPerSecond * 3 / 2);
+    EXPECT_EQ(text(), "second");
+}
+
+TEST_F(frminfoTest, TheWindowIsOnePixelHigherThanItsText) {
+    info.showHint(&button, "one line", {});
+    EXPECT_EQ(info.window()->height(), label()->height() + 1);
+    EXPECT_EQ(info.window()->width(), 360);
+    const int oneLine = label()->height();
+    info.showHint(&button, "one\r\ntwo", {});
+    EXPECT_GT(label()->height(), oneLine);
+    EXPECT_EQ(info.window()->height(), label()->height() + 1);
+}
+
+TEST_F(frminfoTest, ALessonStaysUntilTheUserClosesIt) {
+    bool open = false;
+    host.time.plan(60 * nanosecondsPerSecond, [this, &open] {
+        open = shown() && info.isLessonOpen();
+        info.unload(); // what the main window does when the pointer leaves a button
+        info.window()->findChild<QToolButton*>("imgTitleClose")->click();
+    });
+    info.showLesson("step", 150.0F, 300.0F);
+    EXPECT_TRUE(open);
+    EXPECT_EQ(host.time.now(), 60 * nanosecondsPerSecond);
+    EXPECT_FALSE(shown());
+    EXPECT_EQ(info.window()->pos(), QPoint(10, 20));
+    EXPECT_EQ(info.window()->width(), 460);
+}
+
+TEST_F(frminfoTest, TheEndOfTheProgramEndsALesson) {
+    host.time.plan(2 * nanosecondsPerSecond, [this] { host.time.end(); });
+    info.showLesson("step", 0.0F, 0.0F);
+    EXPECT_FALSE(shown());
+    EXPECT_FALSE(info.isLessonOpen());
+}
+
+TEST(Hints, EveryButtonHasAHintAndTheirLinesEndInCarriageReturnAndLineFeed) {
+    for (int index = 1; index <= 14; ++index) {
+        EXPECT_STRNE(toolbarHint(index), "") << index;
+    }
+    EXPECT_STREQ(toolbarHint(0), "");
+    EXPECT_STREQ(toolbarHint(15), "");
+    EXPECT_STREQ(toolbarHint(5), "Rewinds the staff to the beginning of the composition. If the "
+                                 "staff has scrolled beyond the first visible section, \r\n"
+                                 "it scrolls all the way back to Note 1.");
+}
+
+TEST(Hints, EveryRightClickModeHasItsTip) {
+    EXPECT_STREQ(rightClickTip(0), "Erase note on right-click");
+    EXPECT_STREQ(rightClickTip(1), "Menu on right-click");
+    EXPECT_STREQ(rightClickTip(2), "Set Polynotes on right-click");
+    EXPECT_STREQ(rightClickTip(3), "");
+}
+
+} // namespace
+} // namespace velorin
