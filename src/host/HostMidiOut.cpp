@@ -1,0 +1,78 @@
+// One list of devices out of two, and handles that die when they are closed.
+#include "host/HostMidiOut.h"
+
+namespace velorin::host {
+
+namespace {
+
+// The results of the host's multimedia library.
+constexpr std::uint32_t success = 0;
+constexpr std::uint32_t badDevice = 2;
+constexpr std::uint32_t alreadyOpen = 4;
+constexpr std::uint32_t badHandle = 5;
+constexpr std::uint32_t badParameter = 11;
+
+} // namespace
+
+int HostMidiOut::midiOutGetNumDevs() {
+    ports_.scan();
+    scanned_ = true;
+    return static_cast<int>(synths_.count() + ports_.count());
+}
+
+std::string HostMidiOut::midiOutGetDevCapsA(int index) {
+    if (index < 0)
+        return {};
+    const auto number = static_cast<std::size_t>(index);
+    if (number < synths_.count())
+        return synths_.name(number);
+    const std::size_t port = number - synths_.count();
+    return port < ports_.count() ? ports_.name(port) : std::string();
+}
+
+std::unique_ptr<MidiDevice> HostMidiOut::openDevice(int index) {
+    const auto number = static_cast<std::size_t>(index == mapper ? 0 : index);
+    if (number < synths_.count())
+        return synths_.open(number);
+    const std::size_t port = number - synths_.count();
+    return port < ports_.count() ? ports_.open(port) : nullptr;
+}
+
+std::uint32_t HostMidiOut::midiOutOpen(platform::MidiOutHandle& handle, int index) {
+    if (open_)
+        return alreadyOpen;
+    if (index < mapper)
+        return badDevice;
+    if (beforeOpening_)
+        beforeOpening_();
+    if (!scanned_)
+        midiOutGetNumDevs();
+    open_ = openDevice(index);
+    if (!open_)
+        return badDevice;
+    handle = ++lastHandle_;
+    return success;
+}
+
+bool HostMidiOut::isOpen(platform::MidiOutHandle handle) const {
+    return open_ && handle == lastHandle_;
+}
+
+std::uint32_t HostMidiOut::midiOutClose(platform::MidiOutHandle handle) {
+    if (!isOpen(handle))
+        return badHandle;
+    open_.reset();
+    return success;
+}
+
+std::uint32_t HostMidiOut::midiOutShortMsg(platform::MidiOutHandle handle, std::uint32_t message) {
+    if (!isOpen(handle))
+        return badHandle;
+    const ShortMessage bytes = unpack(message);
+    if (bytes.count == 0)
+        return badParameter;
+    open_->send(bytes);
+    return success;
+}
+
+} // namespace velorin::host

@@ -1,0 +1,38 @@
+// The MIDI output devices of the host: the built-in synthesizers, then the MIDI ports.
+#pragma once
+
+#include "host/MidiDevice.h"
+#include "host/MidiPorts.h"
+#include "host/SynthDevices.h"
+#include "platform/MidiOut.h"
+
+#include <functional>
+#include <memory>
+
+namespace velorin::host {
+
+class HostMidiOut final : public platform::MidiOut {
+public:
+    /// `beforeOpening`, if given, is called before a device is opened.
+    HostMidiOut(SynthDevices& synths, MidiPorts& ports, std::function<void()> beforeOpening = {})
+        : synths_(synths), ports_(ports), beforeOpening_(std::move(beforeOpening)) {}
+
+    int midiOutGetNumDevs() override; ///< looks for the ports anew
+    std::string midiOutGetDevCapsA(int index) override;
+    std::uint32_t midiOutOpen(platform::MidiOutHandle& handle, int index) override;
+    std::uint32_t midiOutClose(platform::MidiOutHandle handle) override;
+    std::uint32_t midiOutShortMsg(platform::MidiOutHandle handle, std::uint32_t message) override;
+
+private:
+    [[nodiscard]] bool isOpen(platform::MidiOutHandle handle) const;
+    [[nodiscard]] std::unique_ptr<MidiDevice> openDevice(int index);
+
+    SynthDevices& synths_;
+    MidiPorts& ports_;
+    std::function<void()> beforeOpening_;
+    bool scanned_ = false;
+    std::unique_ptr<MidiDevice> open_; ///< the program has one device open at a time
+    platform::MidiOutHandle lastHandle_ = 0;
+};
+
+} // namespace velorin::host

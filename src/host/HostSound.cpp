@@ -1,0 +1,26 @@
+// Putting the sound together.
+#include "host/HostSound.h"
+
+#include <cstdlib>
+
+namespace velorin::host {
+
+namespace {
+
+std::filesystem::path homeFolder() {
+    const char* home = std::getenv("HOME");
+    return home ? home : "";
+}
+
+} // namespace
+
+HostSound::HostSound(const std::filesystem::path& programFolder)
+    : synths_(clock_, engine_, worker_,
+              findSoundFonts(soundFontFolders(programFolder, homeFolder()))),
+      midi_(synths_, ports_, [this] { worker_.post([this] { engine_.replaceLostCard(); }); }) {
+    if (synths_.count() == 0)
+        noFont_.say("no SoundFont found; the built-in synthesizer cannot play");
+    worker_.post([this] { engine_.start(); });
+}
+
+} // namespace velorin::host

@@ -1,0 +1,35 @@
+// The host's sound as a whole: everything that the programs' `main` needs to make of it.
+#pragma once
+
+#include "host/HostMci.h"
+#include "host/HostMidiOut.h"
+#include "host/SoundEngine.h"
+#include "host/SystemClock.h"
+#include "host/Worker.h"
+
+#include <filesystem>
+
+namespace velorin::host {
+
+class HostSound {
+public:
+    /// Returns at once: the sound card and the SoundFonts are opened by a thread of their own.
+    explicit HostSound(const std::filesystem::path& programFolder);
+
+    [[nodiscard]] SystemClock& clock() { return clock_; }
+    [[nodiscard]] SoundEngine& engine() { return engine_; }
+    [[nodiscard]] platform::MidiOut& midi() { return midi_; }
+    [[nodiscard]] platform::Mci& mci() { return mci_; }
+
+private:
+    SystemClock clock_;
+    SoundEngine engine_;
+    Worker worker_; ///< ends before the engine that its jobs use
+    SynthDevices synths_;
+    MidiPorts ports_;
+    HostMidiOut midi_;
+    HostMci mci_;
+    Complaint noFont_;
+};
+
+} // namespace velorin::host

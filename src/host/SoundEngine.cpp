@@ -1,0 +1,148 @@
+// The mixing of the stream, and the exchange of sources between the two threads.
+#include "host/SoundEngine.h"
+
+#include "host/ClockSink.h"
+#include "host/SdlSink.h"
+#include "host/SoundTap.h"
+
+#include <algorithm>
+#include <chrono>
+
+namespace velorin::host {
+
+namespace {
+
+template <typename Array, typename Item>
+void place(Array& array, Item* item) {
+    const auto free = std::find(array.begin(), array.end(), nullptr);
+    if (free != array.end())
+        *free = item;
+}
+
+template <typename Array, typename Item>
+void drop(Array& array, Item* item) {
+    std::replace(array.begin(), array.end(), item, static_cast<Item*>(nullptr));
+}
+
+template <typename Owners, typename Item>
+void release(Owners& owners, Item* item) {
+    owners.erase(std::remove_if(owners.begin(), owners.end(),
+                                [&](const auto& owner) { return owner.get() == item; }),
+                 owners.end());
+}
+
+std::int64_t nowNs() {
+    return std::chrono::duration_cast<std::chrono::nanoseconds>(
+               std::chrono::steady_clock::now().time_since_epoch())
+        .count();
+}
+
+} // namespace
+
+SoundEngine::SoundEngine() = default;
+
+SoundEngine::~SoundEngine() {
+    sink_.reset();
+}
+
+void SoundEngine::start() {
+    const std::lock_guard lock(sinkMutex_);
+    const auto pullNow = [this](float* stereo, int frames) { pull(stereo, frames, nowNs()); };
+    std::string reason;
+    sink_ = SdlSink::open(pullNow, bufferFrames, reason);
+    if (sink_)
+        return;
+    noCard_.say("no sound card (" + reason + "); what plays is not heard");
+    sink_ = std::make_unique<ClockSink>(pullNow, bufferFrames);
+}
+
+void SoundEngine::replaceLostCard() {
+    const std::lock_guard lock(sinkMutex_);
+    if (!sink_ || !sink_->isLost())
+        return;
+    lostCard_.say("the sound card has gone away; what plays is not heard");
+    sink_.reset();
+    sink_ = std::make_unique<ClockSink>(
+        [this](float* stereo, int frames) { pull(stereo, frames, nowNs()); }, bufferFrames);
+}
+
+void SoundEngine::give(const Order& order) {
+    collectReleased();
+    orders_.push(order);
+}
+
+void SoundEngine::collectReleased() {
+    Order order;
+    while (released_.pop(order)) {
+        release(sources_, order.source);
+        release(taps_, order.tap);
+    }
+}
+
+void SoundEngine::add(std::shared_ptr<SoundSource> source) {
+    give({source.get(), nullptr, true});
+    sources_.push_back(std::move(source));
+}
+
+void SoundEngine::remove(SoundSource* source) {
+    give({source, nullptr, false});
+}
+
+void SoundEngine::add(std::shared_ptr<SoundTap> tap) {
+    give({nullptr, tap.get(), true});
+    taps_.push_back(std::move(tap));
+}
+
+void SoundEngine::remove(SoundTap* tap) {
+    give({nullptr, tap, false});
+}
+
+void SoundEngine::takeOrders() {
+    Order order;
+    while (orders_.pop(order)) {
+        if (order.isAdding) {
+            if (order.source)
+                place(playing_, order.source);
+            if (order.tap)
+                place(tapped_, order.tap);
+            continue;
+        }
+        if (order.source)
+            drop(playing_, order.source);
+        if (order.tap)
+            drop(tapped_, order.tap);
+        released_.push(order);
+    }
+}
+
+void SoundEngine::makeBlock() {
+    block_.fill(0.0F);
+    for (SoundSource* source : playing_) {
+        if (source)
+            source->mix(block_, madeFrames_, clock_);
+    }
+    const TappedBlock tapped{madeFrames_, block_};
+    for (SoundTap* tap : tapped_) {
+        if (tap)
+            tap->write(tapped);
+    }
+    madeFrames_ += blockFrames;
+    left_ = blockFrames;
+}
+
+void SoundEngine::pull(float* stereo, int frames, std::int64_t now) {
+    takeOrders();
+    clock_.observe(now, madeFrames_ - left_);
+    while (frames > 0) {
+        if (left_ == 0)
+            makeBlock();
+        const int taken = std::min(frames, left_);
+        const float* from = block_.data() + 2 * (blockFrames - left_);
+        std::copy(from, from + 2 * taken, stereo);
+        stereo += 2 * taken;
+        frames -= taken;
+        left_ -= taken;
+    }
+}
+
+} // namespace velorin::host

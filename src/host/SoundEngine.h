@@ -1,0 +1,87 @@
+// The sound engine: one stream that mixes everything that sounds, and its way to the sound card.
+#pragma once
+
+#include "host/Complaint.h"
+#include "host/SoundSource.h"
+#include "host/StreamClock.h"
+
+#include <boost/lockfree/spsc_queue.hpp>
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+namespace velorin::host {
+
+class SoundSink;
+class SoundTap;
+
+/// Sources and taps come and go on one thread, the control thread; the stream is pulled on another.
+/// Between the two there are queues and nothing else.
+class SoundEngine {
+public:
+    SoundEngine();
+    ~SoundEngine(); ///< ends the stream
+    SoundEngine(const SoundEngine&) = delete;
+    SoundEngine& operator=(const SoundEngine&) = delete;
+
+    /// Frames that the sound card takes at a time, 5.8 ms.
+    static constexpr int bufferFrames = 256;
+    /// From a message's stamp to its frame: one buffer, and a block for what the card's pulls vary.
+    static constexpr int delayFrames = bufferFrames + blockFrames;
+
+    /// Begins the stream: to the sound card, or to a clock if there is none, which is said on
+    /// standard error. May take some 10 ms; may be called from any thread, once.
+    void start();
+
+    /// Puts a clock in the place of a sound card that has gone away, which is said too.
+    void replaceLostCard();
+
+    // For the control thread.
+    void add(std::shared_ptr<SoundSource> source); ///< at most `mostSources` at a time
+    void remove(SoundSource* source);
+    void add(std::shared_ptr<SoundTap> tap);
+    void remove(SoundTap* tap);
+
+    /// Makes the next `frames` frames, asked for at `nowNs`. Called by the sink, or by a test in
+    /// its stead.
+    void pull(float* stereo, int frames, std::int64_t nowNs);
+
+    static constexpr std::size_t mostSources = 16;
+
+private:
+    struct Order {
+        SoundSource* source = nullptr;
+        SoundTap* tap = nullptr;
+        bool isAdding = false;
+    };
+
+    void give(const Order& order);
+    void collectReleased();
+    void takeOrders();
+    void makeBlock();
+
+    // Of the control thread: what lives because the stream may still use it.
+    std::vector<std::shared_ptr<SoundSource>> sources_;
+    std::vector<std::shared_ptr<SoundTap>> taps_;
+
+    boost::lockfree::spsc_queue<Order> orders_{256};
+    boost::lockfree::spsc_queue<Order> released_{256};
+
+    // Of the stream's thread.
+    std::array<SoundSource*, mostSources> playing_{};
+    std::array<SoundTap*, mostSources> tapped_{};
+    StreamClock clock_{streamRateHz, delayFrames};
+    SoundBlock block_{};
+    int left_ = 0;                ///< frames of `block_` not handed out yet
+    std::int64_t madeFrames_ = 0; ///< the number of the frame behind `block_`
+
+    std::mutex sinkMutex_; ///< never taken by the stream's thread
+    std::unique_ptr<SoundSink> sink_;
+    Complaint noCard_;
+    Complaint lostCard_;
+};
+
+} // namespace velorin::host

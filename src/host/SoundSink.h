@@ -1,0 +1,20 @@
+// Where the stream goes: something that pulls it at the rate of real time.
+#pragma once
+
+#include <functional>
+
+namespace velorin::host {
+
+/// Writes the next `frames` frames of the stream, left and right in turn.
+using PullStream = std::function<void(float* stereo, int frames)>;
+
+/// Pulls from the moment it is made to the end of its destructor.
+class SoundSink {
+public:
+    virtual ~SoundSink() = default;
+
+    /// True once the device behind it has gone away.
+    [[nodiscard]] virtual bool isLost() const = 0;
+};
+
+} // namespace velorin::host

@@ -1,0 +1,52 @@
+// The built-in synthesizers as MIDI devices: one for each SoundFont, loaded when first opened.
+#pragma once
+
+#include "host/Complaint.h"
+#include "host/MidiDevice.h"
+#include "host/SoundFonts.h"
+
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+namespace platform {
+class Clock;
+} // namespace platform
+
+namespace velorin::host {
+
+class SoundEngine;
+class SynthSource;
+class Worker;
+
+class SynthDevices {
+public:
+    /// The clock counts nanoseconds of the steady clock; it stamps the messages.
+    SynthDevices(platform::Clock& clock, SoundEngine& engine, Worker& worker,
+                 std::vector<SoundFont> fonts)
+        : clock_(clock), engine_(engine), worker_(worker), fonts_(std::move(fonts)) {}
+    ~SynthDevices();
+    SynthDevices(const SynthDevices&) = delete;
+    SynthDevices& operator=(const SynthDevices&) = delete;
+
+    [[nodiscard]] std::size_t count() const { return fonts_.size(); }
+    [[nodiscard]] const std::string& name(std::size_t index) const { return fonts_[index].name; }
+
+    /// Opens one [0, count()). Returns at once; the SoundFont is loaded by the worker, and kept
+    /// until another one is opened, for the program closes and reopens its device all the time.
+    [[nodiscard]] std::unique_ptr<MidiDevice> open(std::size_t index);
+
+private:
+    void take(std::size_t index);
+    void giveUp();
+
+    platform::Clock& clock_;
+    SoundEngine& engine_;
+    Worker& worker_;
+    std::vector<SoundFont> fonts_;
+    std::shared_ptr<SynthSource> source_; ///< of the font opened last
+    std::size_t sourceIndex_ = 0;
+    std::shared_ptr<Complaint> cannotLoad_ = std::make_shared<Complaint>();
+};
+
+} // namespace velorin::host

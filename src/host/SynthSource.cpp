@@ -1,0 +1,97 @@
+// When a synthesizer's messages are carried out, how it falls silent, and when it may rest.
+#include "host/SynthSource.h"
+
+#include "host/StreamClock.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace velorin::host {
+
+namespace {
+
+// Sound that is cut off between two frames clicks. Three milliseconds are enough to prevent it and
+// too short to be heard as an ending.
+constexpr int fadeBlocks = 2;
+
+// Half a second under -100 dB: no voice and no reverberation is left.
+constexpr float quietPeak = 1e-5F;
+constexpr int quietBlocksToSleep = streamRateHz / 2 / blockFrames;
+
+} // namespace
+
+void SynthSource::send(std::int64_t stampNs, const ShortMessage& message) {
+    if (message.count > 0)
+        orders_.push({stampNs, message});
+}
+
+void SynthSource::silence(std::int64_t stampNs) {
+    orders_.push({stampNs, {}});
+}
+
+void SynthSource::provide(std::unique_ptr<Synth> synth) {
+    owned_ = std::move(synth);
+    synth_.store(owned_.get(), std::memory_order_release);
+    failed_.store(owned_ == nullptr, std::memory_order_release);
+}
+
+void SynthSource::mix(SoundBlock& block, std::int64_t firstFrame, const StreamClock& clock) {
+    Synth* synth = synth_.load(std::memory_order_acquire);
+    if (!synth) {
+        if (failed_.load(std::memory_order_acquire))
+            orders_.consume_all([](const Order&) {});
+        return;
+    }
+    while (fadeBlocksLeft_ == 0 && orders_.read_available() > 0 &&
+           clock.dueFrame(orders_.front().stampNs) <= firstFrame) {
+        carryOut(orders_.front());
+        orders_.pop();
+    }
+    if (asleep_)
+        return;
+    synth->render(own_.data(), blockFrames);
+    if (fadeBlocksLeft_ > 0)
+        fade();
+    else
+        sleepIfQuiet();
+    for (std::size_t i = 0; i < block.size(); ++i) {
+        block[i] += own_[i];
+    }
+}
+
+void SynthSource::carryOut(const Order& order) {
+    if (order.message.count > 0) {
+        owned_->send(order.message);
+        quietBlocks_ = 0;
+        asleep_ = asleep_ && order.message.kind() != 0x90;
+    } else if (asleep_) {
+        owned_->reset();
+    } else {
+        fadeBlocksLeft_ = fadeBlocks;
+    }
+}
+
+void SynthSource::fade() {
+    constexpr float frames = fadeBlocks * blockFrames;
+    const float before = static_cast<float>(fadeBlocksLeft_ * blockFrames);
+    for (std::size_t i = 0; i < own_.size(); ++i) {
+        own_[i] *= (before - static_cast<float>(i / 2)) / frames;
+    }
+    if (--fadeBlocksLeft_ == 0)
+        beginSleep();
+}
+
+void SynthSource::beginSleep() {
+    owned_->reset();
+    asleep_ = true;
+    quietBlocks_ = 0;
+}
+
+void SynthSource::sleepIfQuiet() {
+    const auto loud = [](float sample) { return std::abs(sample) > quietPeak; };
+    const bool quiet = owned_->activeVoices() == 0 && std::none_of(own_.begin(), own_.end(), loud);
+    quietBlocks_ = quiet ? quietBlocks_ + 1 : 0;
+    asleep_ = quietBlocks_ >= quietBlocksToSleep;
+}
+
+} // namespace velorin::host

@@ -1,0 +1,48 @@
+// The job loop of the worker thread.
+#include "host/Worker.h"
+
+namespace velorin::host {
+
+Worker::Worker() : thread_([this] { run(); }) {}
+
+Worker::~Worker() {
+    {
+        const std::lock_guard lock(mutex_);
+        ending_ = true;
+    }
+    changed_.notify_all();
+    thread_.join();
+}
+
+void Worker::post(std::function<void()> job) {
+    {
+        const std::lock_guard lock(mutex_);
+        jobs_.push_back(std::move(job));
+    }
+    changed_.notify_all();
+}
+
+void Worker::waitUntilIdle() {
+    std::unique_lock lock(mutex_);
+    changed_.wait(lock, [this] { return jobs_.empty() && !busy_; });
+}
+
+void Worker::run() {
+    std::unique_lock lock(mutex_);
+    for (;;) {
+        changed_.wait(lock, [this] { return ending_ || !jobs_.empty(); });
+        if (ending_)
+            return;
+        std::function<void()> job = std::move(jobs_.front());
+        jobs_.pop_front();
+        busy_ = true;
+        lock.unlock();
+        job();
+        job = nullptr; // what the job holds is released outside the lock, before the idle report
+        lock.lock();
+        busy_ = false;
+        changed_.notify_all();
+    }
+}
+
+} // namespace velorin::host

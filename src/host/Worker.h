@@ -1,0 +1,34 @@
+// A thread for what may take its time and must not hold up the windows.
+#pragma once
+
+#include <condition_variable>
+#include <deque>
+#include <functional>
+#include <mutex>
+#include <thread>
+
+namespace velorin::host {
+
+/// Does one job after the other. The destructor waits for the job in hand and drops the rest.
+class Worker {
+public:
+    Worker();
+    ~Worker();
+    Worker(const Worker&) = delete;
+    Worker& operator=(const Worker&) = delete;
+
+    void post(std::function<void()> job); ///< a job must not throw
+    void waitUntilIdle();                 ///< until every job posted so far is done
+
+private:
+    void run();
+
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::deque<std::function<void()>> jobs_;
+    bool busy_ = false;
+    bool ending_ = false;
+    std::thread thread_;
+};
+
+} // namespace velorin::host

@@ -1,0 +1,116 @@
+// The stream: its blocks, its sources and taps, and the clock that pulls it without a sound card.
+#include "Sounds.h"
+#include "host/ClockSink.h"
+#include "host/SoundTap.h"
+#include "host/Worker.h"
+
+#include <atomic>
+#include <thread>
+
+namespace velorin::host {
+namespace {
+
+using test::HandPulled;
+
+// Its frames count: frame n is n / 1e6 on both sides.
+class Counter final : public SoundSource {
+public:
+    void mix(SoundBlock& block, std::int64_t firstFrame, const StreamClock&) override {
+        for (std::size_t i = 0; i < block.size(); ++i) {
+            block[i] += static_cast<float>(firstFrame + static_cast<std::int64_t>(i / 2)) / 1e6F;
+        }
+    }
+};
+
+TEST(TheStream, HasNoGapWhateverTheSizeOfAPull) {
+    SoundEngine engine;
+    engine.add(std::make_shared<Counter>());
+    HandPulled stream(engine);
+    for (const int frames : {1, 100, 63, 64, 65, 441, 2}) {
+        stream.pull(frames);
+    }
+    for (std::size_t frame = 0; frame < stream.stereo.size() / 2; ++frame) {
+        ASSERT_EQ(stream.stereo[2 * frame], static_cast<float>(frame) / 1e6F);
+        ASSERT_EQ(stream.stereo[2 * frame + 1], static_cast<float>(frame) / 1e6F);
+    }
+}
+
+TEST(TheStream, IsTheSumOfItsSources) {
+    SoundEngine engine;
+    engine.add(std::make_shared<Counter>());
+    engine.add(std::make_shared<Counter>());
+    HandPulled stream(engine);
+    stream.pull(64);
+    EXPECT_FLOAT_EQ(stream.stereo[2 * 50], 2 * 50 / 1e6F);
+}
+
+TEST(TheStream, ForgetsASourceThatIsTakenAway) {
+    SoundEngine engine;
+    auto source = std::make_shared<Counter>();
+    const std::weak_ptr<Counter> watched = source;
+    engine.add(source);
+    HandPulled stream(engine);
+    stream.pull(64);
+    engine.remove(source.get());
+    source.reset();
+    EXPECT_FALSE(watched.expired()) << "the stream's thread may be using it";
+    stream.pull(64);
+    EXPECT_EQ(stream.stereo[2 * 100], 0.0F);
+    engine.add(std::make_shared<SoundTap>(0.1));
+    EXPECT_TRUE(watched.expired());
+}
+
+TEST(TheStream, GoesToItsTapsBlockByBlock) {
+    SoundEngine engine;
+    engine.add(std::make_shared<Counter>());
+    HandPulled stream(engine);
+    stream.pull(64);
+    const auto tap = std::make_shared<SoundTap>(1.0);
+    engine.add(tap);
+    stream.pull(128);
+    TappedBlock block;
+    ASSERT_TRUE(tap->read(block));
+    EXPECT_EQ(block.firstFrame, 64);
+    EXPECT_EQ(block.sound[2 * 5], static_cast<float>(69) / 1e6F);
+    ASSERT_TRUE(tap->read(block));
+    EXPECT_EQ(block.firstFrame, 128);
+    EXPECT_FALSE(tap->read(block));
+    EXPECT_EQ(tap->lost(), 0);
+}
+
+TEST(ATap, ThatIsNotReadLosesWhatFindsNoRoom) {
+    SoundTap tap(64.0 / 44100);
+    for (int i = 0; i < 5; ++i) {
+        tap.write({i * 64, {}});
+    }
+    EXPECT_GT(tap.lost(), 0);
+    TappedBlock block;
+    ASSERT_TRUE(tap.read(block));
+    EXPECT_EQ(block.firstFrame, 0);
+}
+
+TEST(TheClockWithoutACard, PullsNeverFasterThanRealTime) {
+    std::atomic<std::int64_t> frames{0};
+    const auto start = std::chrono::steady_clock::now();
+    ClockSink sink([&](float*, int count) { frames += count; }, 256);
+    while (frames < 20 * 256) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
+    // The twentieth buffer is pulled when 19 have gone by: 110 ms.
+    EXPECT_GE(elapsed.count(), 19 * 256 / 44100.0);
+    EXPECT_FALSE(sink.isLost());
+}
+
+TEST(AWorker, DoesItsJobsInOrder) {
+    std::vector<int> done;
+    Worker worker;
+    for (int job = 0; job < 5; ++job) {
+        worker.post([&done, job] { done.push_back(job); });
+    }
+    worker.waitUntilIdle();
+    EXPECT_EQ(done, (std::vector<int>{0, 1, 2, 3, 4}));
+}
+
+} // namespace
+} // namespace velorin::host

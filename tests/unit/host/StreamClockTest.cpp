@@ -1,0 +1,80 @@
+// How moments of the clock become frames of the stream.
+#include "host/StreamClock.h"
+
+#include <gtest/gtest.h>
+
+namespace velorin::host {
+namespace {
+
+constexpr std::int64_t second = 1'000'000'000;
+
+// 44,100 frames to the second make 441 frames 10 ms, which are exact in both.
+constexpr std::int64_t tenMs = 10'000'000;
+
+TEST(TheStreamClock, PutsAMessageTheDelayBehindItsMoment) {
+    StreamClock clock(44100, 320);
+    clock.observe(second, 0);
+    EXPECT_EQ(clock.dueFrame(second), 320);
+    EXPECT_EQ(clock.dueFrame(second + tenMs), 441 + 320);
+}
+
+TEST(TheStreamClock, TakesTheEarliestPullsForTrue) {
+    StreamClock clock(44100, 320);
+    for (int buffer = 0; buffer < 100; ++buffer) {
+        const std::int64_t late = buffer % 4 == 0 ? 0 : 900'000; // three of four are 0.9 ms late
+        clock.observe(second + buffer * tenMs + late, buffer * 441);
+    }
+    EXPECT_NEAR(static_cast<double>(clock.dueFrame(2 * second)), 44100 + 320, 2);
+}
+
+TEST(TheStreamClock, KeepsDistancesWhenPullsAreLate) {
+    StreamClock clock(44100, 320);
+    std::int64_t before = 0;
+    for (int buffer = 0; buffer < 1000; ++buffer) {
+        const std::int64_t late = (buffer * 7919) % 4'000'000; // scattered over 4 ms
+        clock.observe(second + buffer * tenMs + late, buffer * 441);
+        const std::int64_t due = clock.dueFrame(second + buffer * tenMs);
+        if (buffer > 300) {
+            EXPECT_NEAR(static_cast<double>(due - before), 441, 2);
+        }
+        before = due;
+    }
+}
+
+TEST(TheStreamClock, NeverFindsAMessageTooLateOnceItKnowsThePulls) {
+    StreamClock clock(44100, 256 + 64);
+    for (int buffer = 0; buffer < 2000; ++buffer) {
+        // Two buffers at once, then a pause of two, as a sound server with larger ones pulls.
+        const std::int64_t now = second + (buffer / 2) * 2 * tenMs;
+        clock.observe(now, buffer * 441);
+        if (buffer > 2) {
+            EXPECT_GE(clock.dueFrame(now), buffer * 441);
+        }
+    }
+}
+
+TEST(TheStreamClock, FollowsACardThatRunsFast) {
+    StreamClock clock(44100, 0);
+    // 100 parts in a million fast: after 20 s it is 88 frames ahead.
+    for (int buffer = 0; buffer <= 2000; ++buffer) {
+        clock.observe(second + buffer * (tenMs - 1000), buffer * 441);
+    }
+    const std::int64_t now = second + 2000 * (tenMs - 1000);
+    EXPECT_NEAR(static_cast<double>(clock.dueFrame(now)), 2000 * 441, 12);
+}
+
+TEST(TheStreamClock, StartsAnewAfterAStall) {
+    StreamClock clock(44100, 0);
+    clock.observe(second, 0);
+    clock.observe(9 * second, 441);
+    EXPECT_EQ(clock.dueFrame(9 * second + tenMs), 882);
+}
+
+TEST(TheStreamClock, FindsWhatHasWaitedInThePast) {
+    StreamClock clock(44100, 320);
+    clock.observe(9 * second, 0);
+    EXPECT_LT(clock.dueFrame(second), 0);
+}
+
+} // namespace
+} // namespace velorin::host
