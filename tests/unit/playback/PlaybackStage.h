@@ -10,6 +10,7 @@
 #include "support/ScriptedPlatform.h"
 
 #include <functional>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -91,15 +92,23 @@ struct PlaybackStage {
         host.midi.log.clear();
     }
 
-    /// Writes a note of `length` columns.
-    void note(int row, int column, int pitch, int length = 1, std::int16_t instrument = 0) {
-        for (int i = 0; i < length; ++i) {
-            const int cell = i == 0 ? pitch : heldOffset + pitch;
-            studio.score.NoteArray.write(row, column + i, static_cast<std::int16_t>(cell));
-            studio.score.InstrumentArray.write(row, column + i, instrument);
+    /// Writes a row from `column` on: a number begins a note of that pitch index, "=" goes on with
+    /// it, "." is a rest, as in "60 = = . 64".
+    void write(int row, const std::string& cells, std::int16_t instrument = 0, int column = 0) {
+        std::istringstream text(cells);
+        std::string cell;
+        int pitch = 0;
+        for (; text >> cell; ++column) {
+            if (cell == ".")
+                continue;
+            pitch = cell == "=" ? pitch : std::stoi(cell);
+            const auto value = static_cast<std::int16_t>(cell == "=" ? heldOffset + pitch : pitch);
+            studio.score.NoteArray.write(row, column, value);
+            studio.score.InstrumentArray.write(row, column, instrument);
         }
     }
 
+    /// Plans something, as a click in so many seconds.
     void at(double seconds, std::function<void()> run) {
         host.time.plan(
             static_cast<scripted::Nanoseconds>(seconds * scripted::nanosecondsPerSecond + 0.5),
