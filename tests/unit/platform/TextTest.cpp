@@ -35,6 +35,16 @@ TEST(Text, NumberOfAHundredDigitsIsLargeAndNoSixteenBitNumber) {
     EXPECT_EQ(Val("1e-999"), 0.0);
 }
 
+TEST(Text, NumberTooNearToZeroIsZeroAndOneTooFarIsInfinite) {
+    const double infinity = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(Val("0." + std::string(400, '0') + "1"), 0.0);
+    EXPECT_EQ(Val("0." + std::string(400, '0') + "1e5"), 0.0);
+    EXPECT_EQ(Val("1" + std::string(400, '0') + "e-50"), infinity);
+    EXPECT_EQ(Val("-1e400"), -infinity);
+    EXPECT_EQ(Val("1e99999999999999999999"), infinity);
+    EXPECT_EQ(Val("1e-99999999999999999999"), 0.0);
+}
+
 TEST(Text, RoundingTakesHalvesToEven) {
     EXPECT_EQ(toInt16(2.5), 2);
     EXPECT_EQ(toInt16(3.5), 4);

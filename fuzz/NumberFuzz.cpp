@@ -1,0 +1,36 @@
+// Any bytes as a number: a field of a line has the value that the whole text has.
+#include "platform/Text.h"
+#include "score/SequentialText.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <optional>
+#include <sstream>
+
+using namespace velorin;
+
+namespace {
+
+void expect(bool holds) {
+    if (!holds)
+        std::abort();
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+    const std::string text(reinterpret_cast<const char*>(data), size);
+    expect(!std::isnan(platform::Val(text)));
+
+    // A field is told apart up to 400 characters.
+    const bool isOneField = text.find_first_of(",\r\n") == std::string::npos;
+    if (size == 0 || size > 300 || !isOneField)
+        return 0;
+    std::istringstream file(text);
+    SequentialText line(&file);
+    std::optional<std::int16_t> stored;
+    line.readFields(1, [&stored](int, std::int16_t value) { stored = value; });
+    expect(stored == platform::readInt16(text));
+    expect(line.atEnd());
+    return 0;
+}
