@@ -2,14 +2,22 @@
 // is what they ask for a window.
 #pragma once
 
+#include "editing/BlockEdits.h"
+#include "editing/Duplicate.h"
+#include "editing/EditingDesk.h"
 #include "playback/NoteSounding.h"
 #include "playback/PlaybackDesk.h"
 #include "playback/Sequencer.h"
 #include "playback/StopWatch.h"
 #include "score/ScoreCommands.h"
 #include "score/ScoreFiles.h"
+#include "shell/Frmmenu.h"
+#include "shell/MainToolbar.h"
+#include "shell/MenuDesk.h"
 #include "shell/SampleFiles.h"
+#include "shell/SetupDesk.h"
 #include "shell/SkinnedFrame.h"
+#include "shell/WindowDrag.h"
 #include "shell/WindowPlace.h"
 #include "tableaux/MainLayout.h"
 #include "tableaux/MusicMouse.h"
@@ -24,7 +32,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
-#include <QToolButton>
 #include <QWidget>
 
 #include <array>
@@ -32,12 +39,16 @@
 
 namespace velorin {
 
-class MainToolbar;
 class Program;
 
 /// Layout and forwarding. Every control carries its name as object name, elements of arrays with
 /// their index, "Cmd2(6)"; one button serves `Cmd2`(i) and `ImgPic`(i).
-class Form1 : public QWidget, public PlaybackDesk, public TableauDesk {
+class Form1 : public QWidget,
+              public PlaybackDesk,
+              public TableauDesk,
+              public EditingDesk,
+              public MenuDesk,
+              public SetupDesk {
     Q_OBJECT
 
 public:
@@ -50,28 +61,25 @@ public:
     void Form_Unload();
 
     // Commands of the window itself.
-    void Cmd2_Click(int index); ///< button [1, 14] of the main toolbar
+    void Cmd2_Click(int index) override; ///< button [1, 14] of the main toolbar
     void Cmd2_MouseDown(int index);
     void Cmd2_MouseMove(int index, int button); ///< `button` is the one held, 0 for none
     void PicX_MouseMove();
     void TopBar_MouseMove();
+    /// Shows the hint at the control's place plus the offsets, in pixels of the window; the
+    /// control's short tip goes.
     void Getinfo(QWidget& control, const QString& text, int offsetX, int offsetY);
-    void Check3_Click();   ///< shows the right-click mode on button 4
-    void Command3_Click(); ///< the exit command
-    void Cmdhelp_Click();  ///< opens the help
-    void TrackSel_Click(int row);
-    void Combo2_Click();
-    void Form_Resize();
     void HideToolbars();
     void ShowToolbars();
     void ToggleMaximize();
     void imgTitleClose_Click();
     void imgTitleMinimize_Click();
     void imgTitleMaxRestore_Click();
-    void imgTitleRestore_Click();
+    void imgTitleRestore_Click(); ///< maximises and lays out
     void imgTitleHelp_Click();
     void Resizer_MouseDown(int handle);
     void Resizer_MouseUp(int handle);
+    void Combo2_Click();
 
     // ScoreDesk
     void DrawNoteArray() override;
@@ -113,6 +121,44 @@ public:
     int picture2Width() override;
     void popupCommand1() override;
     void popupCommand2() override;
+    std::string Combo1Entry(int index) override;
+    std::string Combo5Entry(int index) override;
+
+    // EditingDesk
+    std::string Text3() override;
+    std::string Text4() override;
+    std::string Text5() override;
+    std::string Form2Text1() override;
+    void showHint(const std::string& line) override;
+
+    // MenuDesk
+    void CutBut_Click() override;
+    void copyIt() override;
+    void PasteIntoBut_Click() override;
+    void PasteBut_Click() override;
+    void Command33_Click() override;
+    void Command34_Click() override;
+    void Check3_Click() override; ///< shows the right-click mode on button 4
+    void RewindBut_Click() override;
+    void PlayAndStop_Click(int index) override;
+    void Command32_Click() override;
+    void Cmdhelp_Click() override;
+    void Command3_Click() override; ///< the exit command
+    void Form_Resize() override;
+    void showToolbar(const char* name) override;
+    void unloadToolbar(const char* name) override;
+    bool isBeatboxVisible() override;
+    void setBeatboxVisible(bool visible) override;
+
+    // SetupDesk
+    void Combo1_Click() override;
+    void Combo5_Click() override;
+    void Device_Click() override;
+    void TrackSel_Click(int row) override;
+    void noteActiveToolbar(const char* name) override;
+    FrameState& frames() override;
+    void destroyLater(std::unique_ptr<QWidget> window) override;
+    void endWithError(const std::string& text) override;
 
 private:
     Program& program_;
@@ -125,7 +171,10 @@ public:
     Sequencer sequencer;
     ScoreCommands commands;
     ScoreFiles files;
+    BlockEdits edits;
+    Duplicate duplicate;
     SampleFiles samples;
+    Frmmenu menus;
     SkinnedFrame frame;
     WindowPlace place;
     Picmain* area;
@@ -138,42 +187,49 @@ public:
     MainToolbar* toolbMenu;
     QWidget* Picture2; ///< the word mark
     QLabel* lblTitle;
-    QToolButton* imgTitleHelp;
-    QToolButton* imgTitleMinimize;
-    QToolButton* imgTitleMaxRestore;
-    QToolButton* imgTitleClose;
+    QLabel* Image1; ///< the program's picture
+    PictureButton* imgTitleHelp;
+    PictureButton* imgTitleMinimize;
+    PictureButton* imgTitleMaxRestore;
+    PictureButton* imgTitleClose;
 
     // Controls that are never shown: they hold values that procedures read by name.
     QComboBox* Combo1; ///< 128 instruments; what is shown in `Form3` counts
     QComboBox* Combo5; ///< 47 percussion sounds
     QComboBox* Combo2;
     QLineEdit* InstxtBox;
-    QLineEdit* Text3; ///< notes, as Duplicate reads them
-    QLineEdit* Text4; ///< repeat
-    QLineEdit* Text5; ///< beats
-    QCheckBox* Check3;
-    QWidget* Picture11;
+    QLineEdit* Text3Box; ///< notes, as Duplicate reads them
+    QLineEdit* Text4Box; ///< repeat
+    QLineEdit* Text5Box; ///< beats
+    QCheckBox* Check3;   ///< while it is set no hints show
     std::array<QRadioButton*, scoreRows> TrackSel;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void makeTitle();
     void makeHiddenControls();
+    void makeShortcuts();
+    void connectToolbar();
     void connectTableaux();
-    void connectScrollBars();
+    void connectHandles();
+    void stackControls();
     void layOutTitle();
     void readPlace();
     void readViewSettings();
-    void fillInstrumentLists();
     void setStartView();
     void openSound();
     void showFirst();
+    void saveSettings();
+    [[nodiscard]] bool isOnSomeScreen(float left, float top, float width, float height) const;
 
+    WindowDrag* drag_;
     QPoint handlePressedAt_;
 };
 

@@ -7,6 +7,7 @@
 #include "shell/FocusKeeper.h"
 #include "shell/SkinnedFrame.h"
 #include "shell/ToolWindow.h"
+#include "shell/frminfo.h"
 
 #include <QString>
 
@@ -18,6 +19,7 @@ namespace velorin {
 class Form1;
 class HoldingLoop;
 class SetupToolbar;
+class openerF;
 
 /// One for each run. The platform outlives it. All calls come from the user-interface thread.
 class Program {
@@ -45,7 +47,7 @@ public:
     /// order.
     void endWithError(const std::string& text);
 
-    [[nodiscard]] Studio& studio() { return *studio_; }
+    [[nodiscard]] Studio& studio() { return studio_; }
     [[nodiscard]] Form1& form1() { return *form1_; }
     [[nodiscard]] SetupToolbar& setup() { return *setup_; }
 
@@ -65,9 +67,8 @@ public:
     /// Hides the window at once and destroys it when no handler runs any more.
     void destroyLater(std::unique_ptr<QWidget> window);
 
-    FocusKeeper focus;
-    FrameState frames;
-    QString activeToolbar; ///< the tool window that was active last
+    /// Takes the splash off the screen.
+    void unloadSplash();
 
 private:
     struct NamedWindow {
@@ -76,16 +77,25 @@ private:
     };
 
     bool IsProgramRunning();
+    void scheduleDestruction();
     void destroyWaiting();
 
-    platform::Platform& host_;
     std::unique_ptr<HoldingLoop> loop_;
     platform::Platform platform_; ///< the host's, with `loop_` in place of its loop
+
+public:
+    FocusKeeper focus;
+    FrameState frames;
+    frminfo hints;
+    QString activeToolbar; ///< the tool window that was active last
+
+private:
     std::unique_ptr<SetupToolbar> setup_;
-    std::unique_ptr<Studio> studio_;
-    std::vector<NamedWindow> toolWindows_;
-    std::unique_ptr<Form1> form1_;
+    Studio studio_;
     std::vector<std::unique_ptr<QWidget>> waiting_; ///< to be destroyed
+    std::vector<NamedWindow> toolWindows_;
+    std::unique_ptr<openerF> splash_;
+    std::unique_ptr<Form1> form1_;
     bool ending_ = false;
     bool ended_ = false;
     int exitStatus_ = 0;

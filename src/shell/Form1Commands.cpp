@@ -1,0 +1,198 @@
+// What the buttons of the main window do: the toolbar, the title, the handles and the hints.
+#include "platform/Desktop.h"
+#include "score/Studio.h"
+#include "shell/Form1.h"
+#include "shell/Hints.h"
+#include "shell/Program.h"
+
+#include <array>
+
+namespace velorin {
+
+namespace {
+
+/// The tool windows in the order in which they are hidden and shown.
+struct OpenWindow {
+    const char* name;
+    Flag Run::*isOpen;
+};
+constexpr std::array<OpenWindow, 4> toolWindows{{{"Form2", &Run::Form2Open},
+                                                 {"Form3", &Run::Form3Open},
+                                                 {"Record", &Run::RecordToolbarOpen},
+                                                 {"Wiz", &Run::WizOpen}}};
+
+constexpr int hintBelow = 44; ///< of a toolbar button's top, pixels
+constexpr int hintBeside = 32;
+
+} // namespace
+
+void Form1::Cmd2_Click(int index) {
+    if (studio_.run.LoadingMain != flagClear)
+        return;
+    switch (index) {
+    case 1:
+        setBeatboxHeight(12);
+        commands.Command4_Click();
+        commands.Comm2_Click();
+        DrawPolyTableau();
+        break;
+    case 2:
+        HideToolbars();
+        files.Command33_Click();
+        ShowToolbars();
+        break;
+    case 3:
+        HideToolbars();
+        files.mSaveAs_Click();
+        ShowToolbars();
+        break;
+    case 4:
+        menus.Command5_Click();
+        break;
+    case 5:
+        RewindBut_Click();
+        break;
+    case 6:
+        PlayAndStop_Click(0);
+        break;
+    case 7:
+        PlayAndStop_Click(1);
+        break;
+    case 8:
+        Command32_Click();
+        break;
+    case 9:
+        menus.Command4_Click();
+        break;
+    case 10:
+        showToolbar("Form2");
+        break;
+    case 11:
+        showToolbar("Record");
+        break;
+    case 12:
+        showToolbar("Wiz");
+        break;
+    case 13:
+        menus.Command3_Click();
+        break;
+    case 14:
+        Command3_Click();
+        break;
+    default:
+        break;
+    }
+}
+
+void Form1::Cmd2_MouseDown(int) {
+    program_.hints.unload();
+}
+
+void Form1::Cmd2_MouseMove(int index, int button) {
+    if (button == leftButton || Check3->isChecked() || index < 1 || index > toolbarButtons)
+        return;
+    Getinfo(*toolbMenu->Cmd2[static_cast<std::size_t>(index)], QLatin1String(toolbarHint(index)), 0,
+            hintBelow);
+}
+
+void Form1::PicX_MouseMove() {
+    if (!Check3->isChecked())
+        Getinfo(*area->PicX, QLatin1String(noteNamesHint), hintBeside, 0);
+}
+
+void Form1::TopBar_MouseMove() {
+    if (!Check3->isChecked())
+        Getinfo(*area->TopBarOverlay, QLatin1String(barNumbersHint), hintBeside, hintBeside);
+}
+
+void Form1::Getinfo(QWidget& control, const QString& text, int offsetX, int offsetY) {
+    control.setToolTip({});
+    const QPoint corner = control.mapToGlobal(QPoint(0, 0));
+    program_.hints.showHint(&control, text.toStdString(), corner + QPoint(offsetX, offsetY));
+}
+
+void Form1::Check3_Click() {
+    toolbMenu->showRightClickMode(studio_.run.RightClickMode);
+}
+
+void Form1::HideToolbars() {
+    for (const OpenWindow& window : toolWindows)
+        if (studio_.run.*window.isOpen != flagClear)
+            if (QWidget* shown = program_.window(window.name, false))
+                shown->hide();
+}
+
+void Form1::ShowToolbars() {
+    for (const OpenWindow& window : toolWindows)
+        if (studio_.run.*window.isOpen != flagClear)
+            program_.showWindow(window.name);
+}
+
+// No rectangle is kept here: restoring gives back what the window system kept.
+void Form1::ToggleMaximize() {
+    if (windowState() != Qt::WindowNoState) {
+        setWindowState(Qt::WindowNoState);
+        imgTitleMaxRestore->setPicture("title-maximise");
+        frame.SkinMainWindow(program_.frames.WindowResizable == 1 ? flagSet : flagClear);
+    } else {
+        setWindowState(Qt::WindowMaximized);
+        imgTitleMaxRestore->setPicture("title-restore");
+        frame.SkinMainWindow(flagClear);
+    }
+}
+
+void Form1::imgTitleClose_Click() {
+    Command3_Click();
+}
+
+void Form1::imgTitleMinimize_Click() {
+    setWindowState(windowState() | Qt::WindowMinimized);
+}
+
+void Form1::imgTitleMaxRestore_Click() {
+    ToggleMaximize();
+}
+
+void Form1::imgTitleRestore_Click() {
+    setWindowState(Qt::WindowMaximized);
+    Form_Resize();
+}
+
+void Form1::imgTitleHelp_Click() {
+    Cmdhelp_Click();
+}
+
+void Form1::Resizer_MouseDown(int) {
+    const platform::PointPx pointer = studio_.platform.desktop.GetCursorPos();
+    handlePressedAt_ = QPoint(pointer.x, pointer.y);
+}
+
+// The window changes once, at the release.
+void Form1::Resizer_MouseUp(int handle) {
+    const platform::PointPx pointer = studio_.platform.desktop.GetCursorPos();
+    frame.ResizeByHandle(place, QPoint(pointer.x, pointer.y) - handlePressedAt_, handle);
+}
+
+void Form1::Cmdhelp_Click() {
+    studio_.platform.desktop.HtmlHelpA(studio_.platform.programFolder + "\\velorin.chm");
+}
+
+void Form1::Command3_Click() {
+    program_.Command3_Click();
+}
+
+void Form1::TrackSel_Click(int row) {
+    if (row < 0 || row >= scoreRows)
+        return;
+    studio_.score.CurrentRow = static_cast<std::int16_t>(row);
+    sounding.SoundRow = studio_.score.CurrentRow;
+    studio_.view.HoverRow = static_cast<std::int16_t>(row + 1);
+    studio_.view.DrawColor = studio_.view.ChannelColor[static_cast<std::size_t>(row)];
+    if (isMusicRow(row))
+        DrawNoteArray();
+    else
+        DrawBeatArray();
+    sounding.Command9_Click();
+}
+
+} // namespace velorin

@@ -1,0 +1,277 @@
+// What the main window does for the tableaux, the sequencer, the commands, the menus and the Setup
+// Toolbar: each a line or two to whoever does it.
+#include "resources/InstrumentNames.h"
+#include "score/Studio.h"
+#include "shell/Form1.h"
+#include "shell/Program.h"
+
+namespace velorin {
+
+void Form1::DrawNoteArray() {
+    music.DrawNoteArray();
+}
+
+void Form1::DrawBeatArray() {
+    percussion.DrawBeatArray();
+}
+
+void Form1::DrawPolyTableau() {
+    poly.DrawPolyTableau();
+}
+
+void Form1::focusMusicBox() {
+    program_.focus.give(area->MusicBox);
+}
+
+void Form1::focusBeatbox() {
+    program_.focus.give(area->Beatbox);
+}
+
+void Form1::setBeatboxHeight(int heightPx) {
+    PictureBox* box = area->Beatbox;
+    box->place(box->x(), box->y(), box->width(), heightPx);
+}
+
+int Form1::HScroll1Min() {
+    return area->HScroll1->minimum();
+}
+
+void Form1::setHScroll1(int value) {
+    QScrollBar* bar = area->HScroll1;
+    if (value >= bar->minimum() && value <= bar->maximum())
+        bar->setValue(value);
+}
+
+void Form1::setMainCombo1(int index) {
+    if (index >= -1 && index < Combo1->count())
+        Combo1->setCurrentIndex(index);
+}
+
+void Form1::enableMainTrackSel(int row, bool enabled) {
+    TrackSel.at(static_cast<std::size_t>(row))->setEnabled(enabled);
+}
+
+void Form1::setMainTrackSel(int row, bool selected) {
+    TrackSel.at(static_cast<std::size_t>(row))->setChecked(selected);
+}
+
+void Form1::ChangeInstrument(int instrument, int row) {
+    sounding.ChangeInstrument(instrument, row);
+}
+
+void Form1::leaveTopMost() {
+    for (const char* name : {"Record", "Wiz"})
+        if (QWidget* window = program_.window(name, false))
+            SetTopMost(*window, false);
+}
+
+void Form1::returnToTopMost() {
+    for (const char* name : {"Record", "Wiz"})
+        if (QWidget* window = program_.window(name, false))
+            SetTopMost(*window, true);
+}
+
+void Form1::clearMusicBox() {
+    area->MusicBox->picture.Cls();
+}
+
+void Form1::GetColumn(int offset) {
+    music.GetColumn(offset);
+}
+
+void Form1::PutColumn(int offset) {
+    music.PutColumn(offset);
+}
+
+void Form1::drawPlayMarker(int offset) {
+    music.drawPlayMarker(offset);
+}
+
+void Form1::enableTableaux(bool enabled) {
+    area->Picture11->setEnabled(enabled);
+    area->MusicBox->setEnabled(enabled);
+    area->Beatbox->setEnabled(enabled);
+    area->HScroll1->setEnabled(enabled);
+    area->VScroll1->setEnabled(enabled);
+}
+
+void Form1::enableWizard(bool enabled) {
+    if (QWidget* wizard = program_.window("Wiz", false))
+        wizard->setEnabled(enabled);
+}
+
+void Form1::enableToolbars() {
+    for (const char* name : {"Form2", "Form3", "Record"})
+        if (QWidget* window = program_.window(name, false))
+            window->setEnabled(true);
+}
+
+// The recording window is not loaded while it is not built in, so its bar has nowhere to show.
+void Form1::showProgress(float, const std::string*) {}
+void Form1::endProgress() {}
+void Form1::Recordcontrol() {}
+
+std::string Form1::Instxt() {
+    return InstxtBox->text().toStdString();
+}
+
+void Form1::setInstxt(const std::string& text) {
+    InstxtBox->setText(QString::fromStdString(text));
+}
+
+bool Form1::isMinimised() {
+    return isMinimized();
+}
+
+int Form1::innerWidth() {
+    return width();
+}
+
+int Form1::innerHeight() {
+    return height();
+}
+
+void Form1::placeToolbMenu(int left, int top, int widthPx) {
+    if (widthPx >= 0)
+        toolbMenu->setGeometry(left, top, widthPx, toolbMenu->height());
+}
+
+int Form1::toolbMenuHeight() {
+    return toolbMenu->height();
+}
+
+void Form1::setPicture2Left(int left) {
+    Picture2->move(left, Picture2->y());
+}
+
+int Form1::picture2Width() {
+    return Picture2->width();
+}
+
+void Form1::popupCommand1() {
+    menus.Command1_Click();
+}
+
+void Form1::popupCommand2() {
+    menus.Command2_Click();
+}
+
+std::string Form1::Combo1Entry(int index) {
+    return Combo1->itemText(index).toStdString();
+}
+
+std::string Form1::Combo5Entry(int index) {
+    return Combo5->itemText(index).toStdString();
+}
+
+std::string Form1::Text3() {
+    return Text3Box->text().toStdString();
+}
+
+std::string Form1::Text4() {
+    return Text4Box->text().toStdString();
+}
+
+std::string Form1::Text5() {
+    return Text5Box->text().toStdString();
+}
+
+std::string Form1::Form2Text1() {
+    const QWidget* toolbar = program_.window("Form2", true);
+    const auto* box = toolbar != nullptr ? toolbar->findChild<QLineEdit*>("Text1") : nullptr;
+    return box != nullptr ? box->text().toStdString() : "1";
+}
+
+void Form1::showHint(const std::string& line) {
+    program_.hints.showHint(this, line, mapToGlobal(QPoint(60, 80)));
+}
+
+void Form1::CutBut_Click() {
+    edits.CutBut_Click();
+}
+
+void Form1::copyIt() {
+    edits.copyIt();
+}
+
+void Form1::PasteIntoBut_Click() {
+    edits.PasteIntoBut_Click();
+}
+
+void Form1::PasteBut_Click() {
+    edits.PasteBut_Click();
+}
+
+void Form1::Command33_Click() {
+    files.Command33_Click();
+}
+
+void Form1::Command34_Click() {
+    files.Command34_Click();
+}
+
+void Form1::RewindBut_Click() {
+    sequencer.RewindBut_Click();
+}
+
+void Form1::PlayAndStop_Click(int index) {
+    sequencer.PlayAndStop_Click(index);
+}
+
+void Form1::Command32_Click() {
+    sounding.Command32_Click();
+}
+
+void Form1::Form_Resize() {
+    layout.Form_Resize();
+}
+
+void Form1::showToolbar(const char* name) {
+    program_.showWindow(name);
+}
+
+void Form1::unloadToolbar(const char* name) {
+    program_.unloadWindow(name);
+}
+
+bool Form1::isBeatboxVisible() {
+    return !area->Beatbox->isHidden();
+}
+
+void Form1::setBeatboxVisible(bool visible) {
+    area->Beatbox->setVisible(visible);
+}
+
+void Form1::Combo1_Click() {
+    sounding.Combo1_Click();
+}
+
+void Form1::Combo5_Click() {
+    sounding.Combo5_Click();
+}
+
+void Form1::Combo2_Click() {
+    sounding.Combo2_Click();
+}
+
+void Form1::Device_Click() {
+    sounding.Device_Click();
+}
+
+void Form1::noteActiveToolbar(const char* name) {
+    program_.activeToolbar = name;
+}
+
+FrameState& Form1::frames() {
+    return program_.frames;
+}
+
+void Form1::destroyLater(std::unique_ptr<QWidget> window) {
+    program_.destroyLater(std::move(window));
+}
+
+void Form1::endWithError(const std::string& text) {
+    program_.endWithError(text);
+}
+
+} // namespace velorin

@@ -1,0 +1,154 @@
+// The program: start and end, and the windows by their names.
+#include "shell/Program.h"
+
+#include "platform/Desktop.h"
+#include "platform/Dialogs.h"
+#include "platform/MidiOut.h"
+#include "shell/Form1.h"
+#include "shell/HoldingLoop.h"
+#include "shell/SetupToolbar.h"
+#include "shell/openerF.h"
+
+#include <QCoreApplication>
+#include <QThread>
+#include <QTimer>
+
+namespace velorin {
+
+namespace {
+
+constexpr char title[] = "Velorin";
+
+platform::Platform withLoop(const platform::Platform& host, platform::MessageLoop& loop) {
+    return {host.clock, loop,          host.midi,    host.mci,   host.dialogs, host.boxes,
+            host.files, host.settings, host.desktop, host.menus, host.timers,  host.programFolder};
+}
+
+} // namespace
+
+Program::Program(platform::Platform& host)
+    : loop_(std::make_unique<HoldingLoop>(host.loop)),
+      platform_(withLoop(host, *loop_)),
+      hints(platform_),
+      setup_(std::make_unique<SetupToolbar>(studio_)),
+      studio_(platform_, *setup_),
+      form1_(std::make_unique<Form1>(*this)) {
+    setup_->attach(form1_->sounding, *form1_);
+    loop_->onFree = [this] { scheduleDestruction(); };
+}
+
+Program::~Program() {
+    loop_->onFree = nullptr;
+}
+
+bool Program::start() {
+    if (IsProgramRunning()) {
+        ended_ = true;
+        return false;
+    }
+    splash_ = std::make_unique<openerF>();
+    const platform::SizePx screen = platform_.desktop.screenSize();
+    splash_->centreOn(screen.width, screen.height);
+    splash_->show();
+    // Painted before the main window is made; a yield is not due before the end of that.
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    form1_->Form_Load();
+    return true;
+}
+
+bool Program::IsProgramRunning() {
+    if (!platform_.desktop.isAnotherCopyRunning())
+        return false;
+    platform_.boxes.MsgBox(platform::BoxIcon::information, title, "Velorin is already running.");
+    return true;
+}
+
+void Program::unloadSplash() {
+    splash_.reset();
+}
+
+// The device falls silent first, then each window saves its own settings, the main window last.
+void Program::Command3_Click() {
+    if (ending_ || ended_)
+        return;
+    ending_ = true;
+    splash_.reset();
+    hints.unload();
+    form1_->hide();
+    platform_.midi.midiOutClose(form1_->sounding.MidiHandle);
+    for (const char* name : {"Form2", "Form3", "Record", "Wiz"})
+        unloadWindow(name);
+    form1_->Form_Unload();
+    ended_ = true;
+    platform_.loop.end();
+}
+
+void Program::endWithError(const std::string& text) {
+    if (ending_ || ended_)
+        return;
+    exitStatus_ = 1;
+    platform_.boxes.MsgBox(platform::BoxIcon::critical, title, text);
+    Command3_Click();
+}
+
+QWidget* Program::window(const QString& name, bool load) {
+    if (name == "Form1")
+        return form1_.get();
+    if (name == "openerF")
+        return splash_.get();
+    if (name == "frminfo")
+        return load || hints.isLoaded() ? hints.window() : nullptr;
+    ToolWindow* tool = toolWindow(name);
+    if (tool == nullptr)
+        return nullptr;
+    return load && !ended_ ? &tool->load() : tool->window();
+}
+
+void Program::addToolWindow(const QString& name, std::unique_ptr<ToolWindow> window) {
+    toolWindows_.push_back({name, std::move(window)});
+}
+
+ToolWindow* Program::toolWindow(const QString& name) {
+    if (name == "Form3")
+        return setup_.get();
+    for (const NamedWindow& known : toolWindows_)
+        if (known.name == name)
+            return known.window.get();
+    return nullptr;
+}
+
+void Program::showWindow(const QString& name) {
+    if (ending_)
+        return;
+    if (QWidget* shown = window(name, true)) {
+        shown->show();
+        shown->raise();
+    }
+}
+
+void Program::unloadWindow(const QString& name) {
+    if (ToolWindow* tool = toolWindow(name))
+        tool->unload();
+}
+
+void Program::destroyLater(std::unique_ptr<QWidget> window) {
+    if (!window)
+        return;
+    window->hide();
+    waiting_.push_back(std::move(window));
+    scheduleDestruction();
+}
+
+void Program::scheduleDestruction() {
+    if (!waiting_.empty() && loop_->isFree())
+        QTimer::singleShot(0, &focus, [this] { destroyWaiting(); });
+}
+
+// A timer of the outermost loop: no handler is below it. A dialog's or a menu's own loop counts as
+// a nested one.
+void Program::destroyWaiting() {
+    if (loop_->isFree() && QThread::currentThread()->loopLevel() <= 1)
+        waiting_.clear();
+}
+
+} // namespace velorin
