@@ -1,8 +1,9 @@
 // A studio on a scripted host, with a desk that writes down what playing asks of the windows.
 #pragma once
 
+#include "QuietDesk.h"
+
 #include "playback/NoteSounding.h"
-#include "playback/PlaybackDesk.h"
 #include "playback/Sequencer.h"
 #include "playback/StopWatch.h"
 #include "score/PlainSetup.h"
@@ -20,7 +21,7 @@ namespace velorin {
 using Lines = std::vector<std::string>;
 
 /// Every call is a line of `log`, "0.120 DrawNoteArray", its time before it.
-class RecordingDesk final : public PlaybackDesk {
+class RecordingDesk final : public QuietDesk {
 public:
     explicit RecordingDesk(const scripted::VirtualTime& time) : time_(time) {}
 
@@ -38,22 +39,11 @@ public:
             onDrawNoteArray();
     }
     void DrawBeatArray() override { note("DrawBeatArray"); }
-    void DrawPolyTableau() override { note("DrawPolyTableau"); }
-    void focusMusicBox() override {}
-    void focusBeatbox() override {}
-    void setBeatboxHeight(int) override {}
-    int HScroll1Min() override { return 20; }
     void setHScroll1(int value) override {
         note("HScroll1 " + std::to_string(value));
         if (onHScroll1)
             onHScroll1(value);
     }
-    void setMainCombo1(int) override {}
-    void enableMainTrackSel(int, bool) override {}
-    void setMainTrackSel(int, bool) override {}
-    void ChangeInstrument(int, int) override {}
-    void leaveTopMost() override {}
-    void returnToTopMost() override {}
 
     void clearMusicBox() override { note("clear"); }
     void GetColumn(int offset) override { note("GetColumn " + std::to_string(offset)); }
