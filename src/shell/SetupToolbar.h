@@ -66,6 +66,7 @@ private:
     NoteSounding* sounding_ = nullptr;
     SetupDesk* desk_ = nullptr;
     std::unique_ptr<Form3> form_;
+    bool ready_ = false; ///< the window was loaded in order, and is to be unloaded so
 };
 
 } // namespace velorin

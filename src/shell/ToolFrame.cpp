@@ -1,0 +1,104 @@
+// The frame of a tool window.
+#include "shell/ToolFrame.h"
+
+#include "shell/SettingValues.h"
+
+#include <QCloseEvent>
+#include <QIcon>
+#include <QPainter>
+
+namespace velorin {
+
+namespace {
+
+/// So much of the title has to be on the screen for the user to take hold of it, in pixels.
+constexpr int gripWidth = 48;
+
+} // namespace
+
+ToolFrame::ToolFrame(const Face& face, FrameState& state)
+    : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint),
+      lblTitle(new QLabel(QString::fromLatin1(face.title), this)),
+      imgTitleClose(new QToolButton(this)),
+      frame(*this, FrameKind::tool, toolWindowEllipse, state),
+      place(*this) {
+    setObjectName(face.name);
+    setWindowTitle(QString::fromLatin1(face.title).trimmed());
+    setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    const QString icon = QStringLiteral(":/look/") + face.icon;
+    setWindowIcon(QIcon(icon));
+    resize(face.size);
+
+    auto* const picture = new QLabel(this);
+    picture->setPixmap(QIcon(icon).pixmap(QSize(16, 16), devicePixelRatioF()));
+    picture->setGeometry(12, 6, 16, 16);
+    lblTitle->setObjectName("lblTitle");
+    lblTitle->setGeometry(34, 0, face.size.width() - 76, toolTitleHeight);
+    lblTitle->setStyleSheet("color: #FFFFC0; font-size: 13px; font-weight: 600;");
+    imgTitleClose->setObjectName("imgTitleClose");
+    imgTitleClose->setProperty("role", "title");
+    imgTitleClose->setProperty("danger", true);
+    imgTitleClose->setIcon(QIcon(":/look/title-close.svg"));
+    imgTitleClose->setIconSize(QSize(16, 16));
+    imgTitleClose->setGeometry(face.size.width() - 34, 4, 26, 20);
+    imgTitleClose->setAccessibleName(QStringLiteral("Close"));
+    imgTitleClose->setFocusPolicy(Qt::TabFocus);
+    connect(imgTitleClose, &QToolButton::clicked, this, [this] {
+        if (onClose) {
+            onClose();
+        }
+    });
+    makeDragHandle(*lblTitle);
+    makeDragHandle(*picture);
+    makeDragHandle(*this); // and whatever of its ground takes no press of its own
+}
+
+void ToolFrame::placeFrom(const std::string& left, const std::string& top, float defaultLeft,
+                          float defaultTop, platform::SizePx screen) {
+    place.moveTo(settingTwips(left).value_or(defaultLeft), settingTwips(top).value_or(defaultTop));
+    if (!isTitleInReach(screen)) {
+        place.moveTo(defaultLeft, defaultTop);
+    }
+}
+
+bool ToolFrame::isTitleInReach(platform::SizePx screen) const {
+    const double left = place.Left() / platform::twipsPerPixel;
+    const double top = place.Top() / platform::twipsPerPixel;
+    return left + width() >= gripWidth && left <= screen.width - gripWidth &&
+           top + toolTitleHeight / 2.0 >= 0 && top + toolTitleHeight / 2.0 <= screen.height;
+}
+
+float ToolFrame::widthTwips() const {
+    return static_cast<float>(width() * platform::twipsPerPixel);
+}
+
+float ToolFrame::heightTwips() const {
+    return static_cast<float>(height() * platform::twipsPerPixel);
+}
+
+void ToolFrame::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    frame.paintFrameGround(painter);
+}
+
+void ToolFrame::closeEvent(QCloseEvent* event) {
+    // The window system's own close does what the title's button does.
+    event->ignore();
+    if (onClose) {
+        onClose();
+    }
+}
+
+void ToolFrame::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && onActivate) {
+        onActivate();
+    }
+    QWidget::changeEvent(event);
+}
+
+float middleTwips(int screenPx, int windowPx) {
+    return static_cast<float>((screenPx - windowPx) * platform::twipsPerPixel) / 2.0F;
+}
+
+} // namespace velorin

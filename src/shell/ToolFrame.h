@@ -1,0 +1,60 @@
+// The frame of a tool window: title, close button, place in twips, above all other windows.
+#pragma once
+
+#include "platform/Desktop.h"
+#include "shell/SkinnedFrame.h"
+#include "shell/WindowPlace.h"
+
+#include <QLabel>
+#include <QToolButton>
+#include <QWidget>
+
+#include <functional>
+#include <string>
+
+namespace velorin {
+
+/// Owns its title bar and its frame; whoever derives from it puts the controls under the title.
+class ToolFrame : public QWidget {
+    Q_OBJECT
+
+public:
+    struct Face {
+        const char* name;  ///< object name, "Form3"
+        const char* title; ///< text of `lblTitle`
+        const char* icon;  ///< title picture, a file name of the look
+        QSize size;        ///< pixels
+    };
+
+    ToolFrame(const Face& face, FrameState& state);
+
+    QLabel* lblTitle;
+    QToolButton* imgTitleClose;
+    SkinnedFrame frame;
+    WindowPlace place;
+
+    /// Places the window from the texts of two settings, in twips. A text that is no number leaves
+    /// that coordinate at its default; a window whose title no screen shows goes to the default
+    /// whole.
+    void placeFrom(const std::string& left, const std::string& top, float defaultLeft,
+                   float defaultTop, platform::SizePx screen);
+
+    [[nodiscard]] float widthTwips() const;
+    [[nodiscard]] float heightTwips() const;
+
+    std::function<void()> onClose;    ///< the title's button, or the window system's close
+    std::function<void()> onActivate; ///< the window became the active one
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    [[nodiscard]] bool isTitleInReach(platform::SizePx screen) const;
+};
+
+/// The middle of a screen for a window of that size, in twips.
+[[nodiscard]] float middleTwips(int screenPx, int windowPx);
+
+} // namespace velorin
