@@ -166,10 +166,9 @@ bool NoteSounding::takeKey(int noteIndex, int row, std::int16_t drumChannel) {
         NoteChannel = drumChannel;
         return true;
     }
-    const auto key = platform::toInt16(PitchToKey(noteIndex));
-    if (!key)
+    if (!fitsInt16(noteIndex) || !fitsInt16(PitchToKey(noteIndex)))
         return false;
-    NoteKey = *key;
+    NoteKey = static_cast<std::int16_t>(PitchToKey(noteIndex));
     NoteChannel = static_cast<std::int16_t>(row);
     return true;
 }

@@ -68,7 +68,7 @@ TEST_F(Device, AMelodicSoundOfAPercussionRowIsSelectedOnTheChannelOfTheRow) {
     EXPECT_EQ(midi(), (Lines{"0.000 BC 00 00", "0.000 BC 20 00", "0.000 CC 05"}));
 }
 
-// 0xC0 less 0x100 is FF..FC0: the status borrows nothing, the data byte becomes FF.
+// 0xC0 less 0x100 is -0x40: the status byte stays C0 and every byte behind it is FF.
 TEST_F(Device, ANegativeInstrumentBorrows) {
     sounding.ChangeInstrument(-1, 0);
     EXPECT_EQ(midi(), (Lines{"0.000 B0 00 00", "0.000 B0 20 00", "0.000 C0 FF"}));
