@@ -55,25 +55,18 @@ void Picture::resize(int widthPx, int heightPx, double ratio) {
     image_ = QImage(static_cast<int>(toDevice(width_)), static_cast<int>(toDevice(height_)),
                     QImage::Format_RGB32);
     image_.setDevicePixelRatio(ratio);
+    deviceWidth_ = image_.width();
+    deviceHeight_ = image_.height();
     Cls();
-}
-
-std::uint32_t* Picture::line(int deviceY) {
-    // RGB32 lines have no gaps between them.
-    return pixels_ + static_cast<std::ptrdiff_t>(deviceY) * image_.width();
-}
-
-const std::uint32_t* Picture::line(int deviceY) const {
-    return reinterpret_cast<const std::uint32_t*>(image_.constScanLine(deviceY));
 }
 
 Picture::DeviceBox Picture::deviceBox(int x1, int y1, int x2, int y2) const {
     const auto edge = [this](long long logical, int limit) {
         return static_cast<int>(std::clamp<long long>(toDevice(logical), 0, limit));
     };
-    return {edge(std::min(x1, x2), image_.width()), edge(std::min(y1, y2), image_.height()),
-            edge(1LL + std::max(x1, x2), image_.width()),
-            edge(1LL + std::max(y1, y2), image_.height())};
+    return {edge(std::min(x1, x2), deviceWidth_), edge(std::min(y1, y2), deviceHeight_),
+            edge(1LL + std::max(x1, x2), deviceWidth_),
+            edge(1LL + std::max(y1, y2), deviceHeight_)};
 }
 
 /// Every operation comes through here before it writes.
@@ -103,7 +96,7 @@ QImage& Picture::canvas() {
 
 void Picture::Cls() {
     touch(0, 0, width_ - 1, height_ - 1);
-    fill({0, 0, image_.width(), image_.height()}, ground_);
+    fill({0, 0, deviceWidth_, deviceHeight_}, ground_);
     plain_ = true;
 }
 
@@ -111,7 +104,7 @@ void Picture::fill(const DeviceBox& box, Colour colour) {
     if (box.empty())
         return;
     const std::uint32_t pixel = toPixel(colour);
-    if (box.left == 0 && box.right == image_.width()) {
+    if (box.left == 0 && box.right == deviceWidth_) {
         std::fill(line(box.top), line(box.bottom), pixel);
         return;
     }
@@ -179,17 +172,17 @@ void Picture::circle(int x, int y, int radius, Colour colour) {
 }
 
 void Picture::stamp(const Stamp& stamp, long long left, long long top) {
-    if (left >= image_.width() || top >= image_.height() || left + stamp.size <= 0 ||
+    if (left >= deviceWidth_ || top >= deviceHeight_ || left + stamp.size <= 0 ||
         top + stamp.size <= 0)
         return;
     const int x = static_cast<int>(left);
     const int y = static_cast<int>(top);
-    for (int row = std::max(0, -y); row < std::min(stamp.size, image_.height() - y); ++row) {
+    for (int row = std::max(0, -y); row < std::min(stamp.size, deviceHeight_ - y); ++row) {
         const auto span = stamp.spans[static_cast<std::size_t>(row)];
         const std::uint32_t* pixels =
             stamp.pixels.data() + static_cast<std::ptrdiff_t>(row) * stamp.size;
         std::uint32_t* target = line(y + row) + x;
-        const int end = std::min(span.second, image_.width() - x);
+        const int end = std::min(span.second, deviceWidth_ - x);
         for (int column = std::max(span.first, -x); column < end; ++column) {
             const std::uint32_t pixel = pixels[column];
             if (pixel >= 0xff000000U)
@@ -217,7 +210,7 @@ Colour Picture::pixel(int x, int y) const {
     };
     if (image_.isNull())
         return ground_;
-    return toColour(line(middle(y, image_.height()))[middle(x, image_.width())]);
+    return toColour(line(middle(y, deviceHeight_))[middle(x, deviceWidth_)]);
 }
 
 } // namespace velorin

@@ -74,8 +74,13 @@ private:
     [[nodiscard]] long long toDeviceLength(int logical) const;
     [[nodiscard]] long long toLogical(long long device) const;
     [[nodiscard]] DeviceBox deviceBox(int x1, int y1, int x2, int y2) const;
-    [[nodiscard]] std::uint32_t* line(int deviceY);
-    [[nodiscard]] const std::uint32_t* line(int deviceY) const;
+    /// Lines of pixels have no gaps between them.
+    [[nodiscard]] std::uint32_t* line(int deviceY) {
+        return pixels_ + static_cast<std::ptrdiff_t>(deviceY) * deviceWidth_;
+    }
+    [[nodiscard]] const std::uint32_t* line(int deviceY) const {
+        return reinterpret_cast<const std::uint32_t*>(image_.constScanLine(deviceY));
+    }
     void fill(const DeviceBox& box, Colour colour);
     void fillByState(int x1, int y1, int x2, int y2);
     void touch(long long x1, long long y1, long long x2, long long y2);
@@ -91,6 +96,8 @@ private:
     double ratio_ = 1.0;
     bool plain_ = true; ///< nothing but ground
     QImage image_;
+    int deviceWidth_ = 0;
+    int deviceHeight_ = 0;
     std::uint32_t* pixels_ = nullptr; ///< of `image_`, which is shared with nobody while drawn on
     QRect touched_;
     StampCase stamps_;

@@ -1,0 +1,114 @@
+// What drawing the tableaux costs: a whole redraw, a scroll by one column, a step of the marker, a
+// step of a drag.
+#include "support/TableauStage.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+
+using namespace velorin;
+
+namespace {
+
+/// A window of 1600 by 900 with a note in every column of every row.
+class FullTableau {
+public:
+    FullTableau() {
+        for (int row = 0; row < 9; ++row)
+            stage.studio.view.RowOpen[static_cast<std::size_t>(row)] = flagSet;
+        for (int row = 0; row < scoreRows; ++row)
+            for (int column = 0; column < scoreColumns; ++column)
+                stage.studio.score.NoteArray.write(
+                    row, column, static_cast<std::int16_t>(55 + (row * 5 + column) % 50));
+        for (int lane = 1; lane <= 8; ++lane)
+            for (int column = 1; column < scoreColumns; column += 7)
+                stage.studio.score.PolyArray.write(lane, column, 1);
+        stage.studio.score.SelectStart = 20;
+        stage.studio.score.SelectEnd = 60;
+        stage.studio.score.StartColumn = 70;
+        stage.resize(1600, 900);
+    }
+
+    scripted::TableauStage stage;
+};
+
+void wholeRedraw(benchmark::State& state) {
+    FullTableau tableau;
+    for (auto _ : state)
+        tableau.stage.music.DrawNoteArray();
+}
+
+void wholeRedrawOfAllThree(benchmark::State& state) {
+    FullTableau tableau;
+    for (auto _ : state) {
+        tableau.stage.music.DrawNoteArray();
+        tableau.stage.percussion.DrawBeatArray();
+        tableau.stage.poly.DrawPolyTableau();
+    }
+}
+
+void scrollByOneColumn(benchmark::State& state) {
+    FullTableau tableau;
+    QScrollBar& bar = *tableau.stage.area.HScroll1;
+    for (auto _ : state)
+        bar.setValue(bar.value() < bar.maximum() ? bar.value() + 1 : bar.minimum());
+}
+
+void scrollByOneLine(benchmark::State& state) {
+    FullTableau tableau;
+    QScrollBar& bar = *tableau.stage.area.VScroll1;
+    for (auto _ : state)
+        bar.setValue(bar.value() < bar.maximum() ? bar.value() + 1 : bar.minimum());
+}
+
+void markerStep(benchmark::State& state) {
+    FullTableau tableau;
+    int column = 0;
+    tableau.stage.music.GetColumn(column);
+    for (auto _ : state) {
+        tableau.stage.music.PutColumn(column);
+        column = (column + 1) % 100;
+        tableau.stage.music.GetColumn(column);
+        tableau.stage.music.drawPlayMarker(column);
+    }
+}
+
+void dragStep(benchmark::State& state) {
+    FullTableau tableau;
+    Picture& picture = tableau.stage.area.MusicBox->picture;
+    tableau.stage.music.GetRow(30);
+    int column = 0;
+    for (auto _ : state) {
+        column = (column + 1) % 100;
+        tableau.stage.music.PutRow(30);
+        picture.outlineBox(1, 364, column * 12 + 10, 367, rgb(255, 0, 0));
+        picture.noteHead(0, 360, rgb(255, 0, 0));
+    }
+}
+
+void layout(benchmark::State& state) {
+    FullTableau tableau;
+    int width = 1600;
+    for (auto _ : state) {
+        width = width == 1600 ? 1590 : 1600;
+        tableau.stage.resize(width, 900);
+    }
+}
+
+BENCHMARK(wholeRedraw)->Unit(benchmark::kMicrosecond);
+BENCHMARK(wholeRedrawOfAllThree)->Unit(benchmark::kMicrosecond);
+BENCHMARK(scrollByOneColumn)->Unit(benchmark::kMicrosecond);
+BENCHMARK(scrollByOneLine)->Unit(benchmark::kMicrosecond);
+BENCHMARK(markerStep)->Unit(benchmark::kMicrosecond);
+BENCHMARK(dragStep)->Unit(benchmark::kMicrosecond);
+BENCHMARK(layout)->Unit(benchmark::kMicrosecond);
+
+} // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
