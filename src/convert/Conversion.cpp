@@ -1,0 +1,73 @@
+// The kinds of output, and what is looked at before any is made.
+#include "convert/Conversion.h"
+
+#include "convert/LoadedScore.h"
+#include "convert/ScorePicture.h"
+#include "convert/WavRendering.h"
+#include "convert/WholeFile.h"
+#include "platform/MidiOut.h"
+#include "score/MidiExport.h"
+#include "score/ScoreWriter.h"
+
+namespace velorin::convert {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// No device: what is converted without being played sends nothing.
+struct NoMidi final : platform::MidiOut {
+    int midiOutGetNumDevs() override { return 0; }
+    std::string midiOutGetDevCapsA(int) override { return {}; }
+    std::uint32_t midiOutOpen(platform::MidiOutHandle&, int) override { return 2; }
+    std::uint32_t midiOutClose(platform::MidiOutHandle) override { return 5; }
+    std::uint32_t midiOutShortMsg(platform::MidiOutHandle, std::uint32_t) override { return 5; }
+};
+
+std::string bytesOf(Kind kind, LoadedScore& score) {
+    switch (kind) {
+    case Kind::mid:
+        return midiFileOf(score.studio.score, score.setup);
+    case Kind::sng:
+        return scoreText(score.studio.score);
+    default:
+        return pngOf(score.studio);
+    }
+}
+
+std::string about(const fs::path& file, const std::string& problem) {
+    return problem.empty() ? std::string() : file.string() + " " + problem;
+}
+
+// To replace a device or a folder by a file would be a mishap.
+std::string checkTarget(const fs::path& target) {
+    std::error_code failed;
+    const fs::file_status status = fs::status(target, failed);
+    if (fs::exists(status) && !fs::is_regular_file(status))
+        return about(target, "is no file that could be replaced");
+    const fs::path folder = target.parent_path();
+    if (!folder.empty() && !fs::is_directory(folder, failed))
+        return about(folder, "is no folder");
+    return {};
+}
+
+} // namespace
+
+std::string convert(const Task& task, const Options& options,
+                    const std::function<void(double)>& progress) {
+    if (const std::string problem = checkTarget(task.target); !problem.empty())
+        return problem;
+    std::error_code failed; // they are two files then
+    if (!options.mayReplaceScore && fs::equivalent(task.score, task.target, failed))
+        return about(task.score, "would be replaced by itself; name the output with -o");
+    NoMidi midi;
+    LoadedScore score(midi);
+    if (const std::string problem = score.open(task.score); !problem.empty())
+        return about(task.score, problem);
+    if (task.kind != Kind::wav)
+        return about(task.target, writeWhole(task.target, bytesOf(task.kind, score)));
+    return about(task.target,
+                 renderWav({task.score, task.target, options.soundFont, options.rateHz, progress}));
+}
+
+} // namespace velorin::convert

@@ -1,0 +1,38 @@
+// The main window's part in loading and playing, where there is no window.
+#pragma once
+
+#include "playback/PlaybackDesk.h"
+
+namespace velorin::convert {
+
+struct NoDesk final : PlaybackDesk {
+    void DrawNoteArray() override {}
+    void DrawBeatArray() override {}
+    void DrawPolyTableau() override {}
+    void focusMusicBox() override {}
+    void focusBeatbox() override {}
+    void setBeatboxHeight(int) override {}
+    int HScroll1Min() override { return 0; }
+    void setHScroll1(int) override {}
+    void setMainCombo1(int) override {}
+    void enableMainTrackSel(int, bool) override {}
+    void setMainTrackSel(int, bool) override {}
+    void ChangeInstrument(int, int) override {}
+    void leaveTopMost() override {}
+    void returnToTopMost() override {}
+
+    void clearMusicBox() override {}
+    void GetColumn(int) override {}
+    void PutColumn(int) override {}
+    void drawPlayMarker(int) override {}
+    void enableTableaux(bool) override {}
+    void enableWizard(bool) override {}
+    void enableToolbars() override {}
+    void showProgress(float, const std::string*) override {}
+    void endProgress() override {}
+    void Recordcontrol() override {}
+    std::string Instxt() override { return {}; }
+    void setInstxt(const std::string&) override {}
+};
+
+} // namespace velorin::convert

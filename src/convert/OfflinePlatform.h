@@ -1,0 +1,127 @@
+// A host without a desktop: time that jumps instead of passing, real files, and nobody to ask.
+#pragma once
+
+#include "host/HostFiles.h"
+#include "platform/Clock.h"
+#include "platform/Desktop.h"
+#include "platform/Dialogs.h"
+#include "platform/Mci.h"
+#include "platform/MessageLoop.h"
+#include "platform/Platform.h"
+#include "platform/PopupMenus.h"
+#include "platform/Settings.h"
+#include "platform/Timers.h"
+
+#include <algorithm>
+#include <functional>
+
+namespace velorin::convert {
+
+/// Nanoseconds from 0; stands still until somebody waits.
+class JumpingClock final : public platform::Clock {
+public:
+    std::int64_t QueryPerformanceCounter() override { return nowNs; }
+    std::int64_t QueryPerformanceFrequency() override { return 1'000'000'000; }
+    std::uint32_t GetTickCount() override { return static_cast<std::uint32_t>(nowNs / 1'000'000); }
+    void hold(int milliseconds) override { nowNs += std::int64_t{1'000'000} * milliseconds; }
+
+    std::int64_t nowNs = 0;
+};
+
+/// There are no events, so every wait lasts to its end, at once.
+class JumpingLoop final : public platform::MessageLoop {
+public:
+    explicit JumpingLoop(JumpingClock& clock) : clock_(clock) {}
+
+    void Yield() override {
+        if (onYield)
+            onYield();
+    }
+    void waitUntil(std::int64_t counter) override {
+        if (!ending_)
+            clock_.nowNs = std::max(clock_.nowNs + 1, counter);
+    }
+    void end() override { ending_ = true; }
+    bool isEnding() const override { return ending_; }
+
+    std::function<void()> onYield;
+
+private:
+    JumpingClock& clock_;
+    bool ending_ = false;
+};
+
+// What a conversion never comes to use answers as a user who cancels everything.
+
+struct NoMci final : platform::Mci {
+    std::uint32_t mciSendStringA(const std::string&, std::string*) override { return 263; }
+    std::string mciGetErrorStringA(std::uint32_t) override { return {}; }
+};
+
+struct NoDialogs final : platform::FileDialogs {
+    std::optional<platform::FileDialogAnswer>
+    GetOpenFileNameA(const platform::FileDialogRequest&) override {
+        return std::nullopt;
+    }
+    std::optional<platform::FileDialogAnswer>
+    GetSaveFileNameA(const platform::FileDialogRequest&) override {
+        return std::nullopt;
+    }
+};
+
+struct NoBoxes final : platform::MessageBoxes {
+    void MsgBox(platform::BoxIcon, const std::string&, const std::string&) override {}
+};
+
+struct NoSettings final : platform::Settings {
+    std::string GetSetting(const std::string&, const std::string&,
+                           const std::string& fallback) override {
+        return fallback;
+    }
+    void SaveSetting(const std::string&, const std::string&, const std::string&) override {}
+};
+
+struct NoDesktop final : platform::Desktop {
+    platform::SizePx screenSize() override { return {}; }
+    platform::PointPx GetCursorPos() override { return {}; }
+    bool isAnotherCopyRunning() override { return false; }
+    void HtmlHelpA(const std::string&) override {}
+    double Rnd() override { return 0.0; }
+};
+
+struct NoMenus final : platform::PopupMenus {
+    std::string PopupMenu(const std::string&, const std::vector<platform::PopupEntry>&) override {
+        return {};
+    }
+};
+
+struct NoTimers final : platform::Timers {
+    int after(int, std::function<void()>) override { return 0; }
+    void cancel(int) override {}
+};
+
+/// All of it in one hand, with the device that is given.
+class OfflinePlatform {
+public:
+    explicit OfflinePlatform(platform::MidiOut& midi) : midi_(midi) {}
+
+    JumpingClock clock;
+    JumpingLoop loop{clock};
+
+private:
+    platform::MidiOut& midi_;
+    NoMci mci_;
+    NoDialogs dialogs_;
+    NoBoxes boxes_;
+    host::HostFiles files_;
+    NoSettings settings_;
+    NoDesktop desktop_;
+    NoMenus menus_;
+    NoTimers timers_;
+
+public:
+    platform::Platform platform{clock,  loop,      midi_,    mci_,   dialogs_, boxes_,
+                                files_, settings_, desktop_, menus_, timers_,  {}};
+};
+
+} // namespace velorin::convert
