@@ -1,0 +1,28 @@
+// The desktop around the program, on Qt: screen, pointer, the lock of the one copy, random numbers.
+#pragma once
+
+#include "host/Complaint.h"
+#include "platform/Desktop.h"
+
+#include <QLockFile>
+
+#include <memory>
+#include <random>
+
+namespace velorin::host {
+
+class HostDesktop final : public platform::Desktop {
+public:
+    platform::SizePx screenSize() override; ///< of the first screen, logical pixels
+    platform::PointPx GetCursorPos() override;
+    bool isAnotherCopyRunning() override;
+    void HtmlHelpA(const std::string& file) override;
+    double Rnd() override;
+
+private:
+    std::unique_ptr<QLockFile> lock_; ///< held from the test to the end of the run
+    std::mt19937 generator_{std::random_device{}()};
+    Complaint noHelp_;
+};
+
+} // namespace velorin::host

@@ -1,0 +1,93 @@
+// The message loop on Qt.
+#include "host/QtMessageLoop.h"
+
+#include "platform/Clock.h"
+
+#include <QAbstractEventDispatcher>
+#include <QCoreApplication>
+
+#include <chrono>
+#include <thread>
+
+#ifdef __linux__
+#include <sys/prctl.h>
+#endif
+
+namespace velorin::host {
+
+namespace {
+
+constexpr std::int64_t nanosecondsPerSecond = 1'000'000'000;
+constexpr std::int64_t nanosecondsPerMs = 1'000'000;
+
+/// A timer of the window system wakes up to two milliseconds late.
+constexpr std::int64_t timerEarly = 2 * nanosecondsPerMs;
+
+/// A sleep of the thread ends some fifty microseconds late; what is left is waited for awake.
+constexpr std::int64_t sleepEarly = 60'000;
+
+} // namespace
+
+QtMessageLoop::QtMessageLoop(platform::Clock& clock) : clock_(clock) {
+#ifdef __linux__
+    // The slack of 50 us that the system gives timers would be the better part of the lateness.
+    prctl(PR_SET_TIMERSLACK, 1000UL);
+#endif
+    wake_.setTimerType(Qt::PreciseTimer);
+    wake_.setSingleShot(true);
+    QObject::connect(&wake_, &QTimer::timeout, [this] { woken_ = true; });
+}
+
+void QtMessageLoop::Yield() {
+    if (!ending_)
+        QCoreApplication::processEvents();
+}
+
+void QtMessageLoop::waitUntil(std::int64_t counter) {
+    if (ending_ || nanosecondsTo(counter) <= 0)
+        return;
+    QAbstractEventDispatcher* dispatcher = QAbstractEventDispatcher::instance();
+    if (dispatcher == nullptr || dispatcher->processEvents(QEventLoop::AllEvents) || ending_)
+        return;
+    if (serveUntilNear(counter))
+        return;
+    sleepRest(counter);
+}
+
+/// Returns whether an event has been served, or the program is ending.
+bool QtMessageLoop::serveUntilNear(std::int64_t counter) {
+    const std::int64_t sleepMs = (nanosecondsTo(counter) - timerEarly) / nanosecondsPerMs;
+    if (sleepMs <= 0)
+        return false;
+    woken_ = false;
+    wake_.start(std::chrono::milliseconds(sleepMs));
+    QAbstractEventDispatcher::instance()->processEvents(QEventLoop::WaitForMoreEvents);
+    wake_.stop();
+    return !woken_ || ending_;
+}
+
+void QtMessageLoop::sleepRest(std::int64_t counter) {
+    const std::int64_t rest = nanosecondsTo(counter) - sleepEarly;
+    if (rest > 0)
+        std::this_thread::sleep_for(std::chrono::nanoseconds(rest));
+    while (nanosecondsTo(counter) > 0) {
+    }
+}
+
+std::int64_t QtMessageLoop::nanosecondsTo(std::int64_t counter) {
+    const std::int64_t ticks = counter - clock_.QueryPerformanceCounter();
+    const std::int64_t frequency = clock_.QueryPerformanceFrequency();
+    if (frequency <= 0)
+        return 0;
+    // In two parts, so that a wait of days does not overflow.
+    return ticks / frequency * nanosecondsPerSecond +
+           ticks % frequency * nanosecondsPerSecond / frequency;
+}
+
+void QtMessageLoop::end() {
+    ending_ = true;
+    // Not `quit`, which would ask the windows to close first.
+    QCoreApplication::exit();
+}
+
+} // namespace velorin::host

@@ -1,0 +1,60 @@
+// The settings store: one INI file for each user.
+#include "host/QtSettings.h"
+
+#include "platform/Text.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSettings>
+#include <QStandardPaths>
+
+namespace velorin::host {
+
+namespace {
+
+std::string canonical(const std::string& section, const std::string& key) {
+    return platform::lowerCase(section + "/" + key);
+}
+
+} // namespace
+
+QString QtSettings::defaultFile() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           "/velorin/Velorin 2.1.ini";
+}
+
+QtSettings::QtSettings(QString file) : file_(std::move(file)) {
+    const QSettings store(file_, QSettings::IniFormat);
+    const QStringList keys = store.allKeys();
+    for (const QString& key : keys) {
+        // A text with a comma that another program has written comes as a list.
+        const QVariant value = store.value(key);
+        const QString text = value.typeId() == QMetaType::QStringList
+                                 ? value.toStringList().join(", ")
+                                 : value.toString();
+        values_[platform::lowerCase(key.toStdString())] = text.toStdString();
+    }
+}
+
+std::string QtSettings::GetSetting(const std::string& section, const std::string& key,
+                                   const std::string& fallback) {
+    const auto known = values_.find(canonical(section, key));
+    return known != values_.end() ? known->second : fallback;
+}
+
+void QtSettings::SaveSetting(const std::string& section, const std::string& key,
+                             const std::string& value) {
+    const std::string name = canonical(section, key);
+    const auto known = values_.find(name);
+    if (known != values_.end() && known->second == value)
+        return;
+    values_[name] = value;
+    QDir().mkpath(QFileInfo(file_).absolutePath());
+    QSettings store(file_, QSettings::IniFormat);
+    store.setValue(QString::fromStdString(name), QString::fromStdString(value));
+    store.sync();
+    if (store.status() == QSettings::AccessError)
+        notWritable_.say("the settings cannot be written to " + file_.toStdString());
+}
+
+} // namespace velorin::host

@@ -1,0 +1,82 @@
+// The program with its windows: chooses the host, makes the program, and runs it.
+#include "host/HostDesktop.h"
+#include "host/HostFiles.h"
+#include "host/HostSound.h"
+#include "host/QtDialogs.h"
+#include "host/QtMessageBoxes.h"
+#include "host/QtMessageLoop.h"
+#include "host/QtPopupMenus.h"
+#include "host/QtSettings.h"
+#include "host/QtTimers.h"
+#include "platform/Platform.h"
+#include "resources/Look.h"
+#include "shell/Program.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+#include <clocale>
+
+namespace {
+
+/// The program places its windows itself, which X11 allows and Wayland does not; so it asks for X11
+/// where both are there.
+void preferX11() {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY"))
+        qputenv("QT_QPA_PLATFORM", "xcb");
+}
+
+/// The folder under which songs and samples lie: that of the program file, or the user's own where
+/// that cannot be written.
+QString workFolder() {
+    const QString beside = QCoreApplication::applicationDirPath();
+    if (QFileInfo(beside).isWritable())
+        return beside;
+    const QString users =
+        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/velorin";
+    QDir().mkpath(users);
+    return users;
+}
+
+int runProgram() {
+    using namespace velorin;
+    const QString folder = workFolder();
+    host::HostSound sound(QCoreApplication::applicationDirPath().toStdString());
+    host::QtMessageLoop loop(sound.clock());
+    host::QtDialogs dialogs(loop, folder + "/Songs");
+    host::QtMessageBoxes boxes;
+    host::HostFiles files;
+    host::QtSettings settings;
+    host::HostDesktop desktop;
+    host::QtPopupMenus menus(loop);
+    host::QtTimers timers;
+    platform::Platform platform{sound.clock(), loop,  sound.midi(), sound.mci(),
+                                dialogs,       boxes, files,        settings,
+                                desktop,       menus, timers,       folder.toStdString()};
+    Program program(platform);
+    if (program.start() && !program.hasEnded())
+        QApplication::exec();
+    // The desktop can close the application without its exit command.
+    program.Command3_Click();
+    return program.exitStatus();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    preferX11();
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
+        Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    QApplication application(argc, argv);
+    // The application takes over the user's locale; numbers are read and written the same in all.
+    std::setlocale(LC_NUMERIC, "C");
+    QApplication::setApplicationName("Velorin");
+    QApplication::setApplicationVersion("2.1");
+    QApplication::setDesktopFileName("velorin");
+    // Windows come and go; the exit command alone ends the program.
+    QApplication::setQuitOnLastWindowClosed(false);
+    velorin::applyLook(application);
+    return runProgram();
+}
