@@ -40,16 +40,16 @@ bool isTiny(const std::string& number) {
     const std::size_t mantissaEnd = std::min(number.find('e'), number.size());
     const std::size_t point = std::min(number.find('.'), mantissaEnd);
     const std::size_t first = number.find_first_not_of("-0.");
-    auto place = static_cast<std::int64_t>(point) - static_cast<std::int64_t>(first);
+    auto place = static_cast<double>(point) - static_cast<double>(first);
     if (mantissaEnd < number.size()) {
         const std::string_view digits = std::string_view(number).substr(mantissaEnd + 1);
         std::int64_t exponent = 0;
         const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), exponent);
         if (read.ec == std::errc::result_out_of_range)
             return digits.front() == '-';
-        place += exponent;
+        place += static_cast<double>(exponent);
     }
-    return place < 0;
+    return place < 0.0;
 }
 
 /// The lower-case letter of a code point in U+0080..U+07FF: Latin-1, Latin Extended-A, Greek and

@@ -43,6 +43,7 @@ TEST(Text, NumberTooNearToZeroIsZeroAndOneTooFarIsInfinite) {
     EXPECT_EQ(Val("-1e400"), -infinity);
     EXPECT_EQ(Val("1e99999999999999999999"), infinity);
     EXPECT_EQ(Val("1e-99999999999999999999"), 0.0);
+    EXPECT_EQ(Val("12e9223372036854775807"), infinity) << "the largest number of 64 bits";
 }
 
 TEST(Text, RoundingTakesHalvesToEven) {
