@@ -10,7 +10,7 @@ namespace velorin {
 
 /// For programs without windows, and for tests. Setting a value runs no handler. A row, an index or
 /// a tempo that the window's control would not have does nothing.
-struct PlainSetup final : SetupControls {
+struct PlainSetup : SetupControls {
     struct Row {
         bool selected = false;
         bool hidden = false;

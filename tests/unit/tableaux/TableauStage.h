@@ -1,0 +1,170 @@
+// The tableaux on a scripted host, with a setup and a window that write down what they are asked.
+#pragma once
+
+#include "../playback/PlaybackStage.h"
+#include "resources/InstrumentNames.h"
+#include "tableaux/MusicMouse.h"
+#include "tableaux/MusicTableau.h"
+#include "tableaux/PercussionTableau.h"
+#include "tableaux/Picmain.h"
+#include "tableaux/PolyTableau.h"
+#include "tableaux/TableauDesk.h"
+
+#include <string>
+
+namespace velorin {
+
+/// Writes down what is set: "TrackSel(8) on".
+struct RecordingSetup final : PlainSetup {
+    Lines log;
+
+    void setTrackSel(int r, bool selected) override {
+        note("TrackSel", r, selected ? " on" : " off");
+        PlainSetup::setTrackSel(r, selected);
+    }
+    void TrackSel_MouseDown(int r) override { note("TrackSel_MouseDown", r, ""); }
+    void setTrackHidePicture(int r, bool active) override {
+        note("picture", r, active ? " on" : " off");
+    }
+
+private:
+    void note(const char* what, int r, const char* state) {
+        std::string line = what;
+        line.append("(").append(std::to_string(r)).append(")").append(state);
+        log.push_back(line);
+    }
+};
+
+struct RecordingTableauDesk final : TableauDesk {
+    Lines popups;
+
+    bool isMinimised() override { return false; }
+    int innerWidth() override { return 640; }
+    int innerHeight() override { return 480; }
+    void placeToolbMenu(int, int, int) override {}
+    int toolbMenuHeight() override { return 46; }
+    void setPicture2Left(int) override {}
+    int picture2Width() override { return 100; }
+    void popupCommand1() override { popups.emplace_back("Command1"); }
+    void popupCommand2() override { popups.emplace_back("Command2"); }
+    std::string Combo1Entry(int index) override { return instrumentEntry(index); }
+    std::string Combo5Entry(int index) override { return percussionEntry(index); }
+};
+
+/// A view of 47 columns from column 0 and 20 lines from pitch 55; the strip is 60 high. The device
+/// is open, and its log is empty. `Beatbox` has a percussion sound chosen.
+struct TableauStage {
+    static constexpr int widthPx = 564;
+    static constexpr int heightPx = 240;
+
+    TableauStage() {
+        studio.view.VisibleColumns = 46;
+        studio.view.LastVisibleColumn = 46;
+        area.MusicBox->place(32, 25, widthPx, heightPx);
+        area.Beatbox->place(32, 25, widthPx, 60);
+        area.Pic1->place(32, 270, widthPx, 58);
+        for (Picture* picture : {&area.SwapScreen, &area.BlueBox})
+            picture->resize(widthPx, heightPx);
+        area.RedBox.resize(12, heightPx);
+        setup.device = 1;
+        sounding.PercussionChoice = 128;
+        sounding.Device_Click();
+        host.midi.log.clear();
+        music.DrawNoteArray();
+        percussion.DrawBeatArray();
+        poly.DrawPolyTableau();
+    }
+
+    void note(int row, int column, int pitch, int length = 1, std::int16_t instrument = 0) {
+        for (int i = 0; i < length; ++i) {
+            const int cell = i == 0 ? pitch : heldOffset + pitch;
+            score.NoteArray.write(row, column + i, static_cast<std::int16_t>(cell));
+            score.InstrumentArray.write(row, column + i, instrument);
+        }
+    }
+
+    void scrollTo(int column) {
+        studio.view.FirstColumn = static_cast<std::int16_t>(column);
+        studio.view.LastVisibleColumn = static_cast<std::int16_t>(column + 46);
+    }
+
+    void choosePercussion(int row) {
+        score.CurrentRow = static_cast<std::int16_t>(row);
+        sounding.SoundRow = score.CurrentRow;
+        studio.view.DrawColor = channelColors[static_cast<std::size_t>(row)];
+    }
+
+    /// The cells of a row from column a to column b: "60 1060 . ." with '.' for an empty one.
+    [[nodiscard]] std::string notes(int row, int a, int b) const {
+        return cells(score.NoteArray, row, a, b);
+    }
+    [[nodiscard]] std::string instruments(int row, int a, int b) const {
+        return cells(score.InstrumentArray, row, a, b);
+    }
+    /// Entries of `PolyArray`, lane [0, 9), index [0, 1001).
+    [[nodiscard]] std::string marks(int lane, int a, int b) const {
+        return cells(score.PolyArray, lane, a, b);
+    }
+
+    template <class CellGrid>
+    [[nodiscard]] static std::string cells(const CellGrid& grid, int row, int a, int b) {
+        std::string text;
+        for (int column = a; column <= b; ++column) {
+            const auto cell = grid.read(row, column);
+            if (column > a)
+                text.push_back(' ');
+            if (!cell)
+                text.append("outside");
+            else if (*cell == emptyCell)
+                text.push_back('.');
+            else
+                text.append(std::to_string(*cell));
+        }
+        return text;
+    }
+
+    // The mouse in the middle of a cell of the screen.
+    static double at(int cell) { return cell * 12 + 5; }
+    void press(int button, int column, int line) {
+        mouse.MusicBox_MouseDown(button, 0, at(column), at(line));
+    }
+    void move(int button, int column, int line) {
+        mouse.MusicBox_MouseMove(button, 0, at(column), at(line));
+    }
+    void release(int button, int column, int line) {
+        mouse.MusicBox_MouseUp(button, 0, at(column), at(line));
+    }
+    void pressBeat(int button, int column, int line) {
+        percussion.Beatbox_MouseDown(button, 0, at(column), at(line));
+    }
+    void moveBeat(int button, int column, int line) {
+        percussion.Beatbox_MouseMove(button, 0, at(column), at(line));
+    }
+    void releaseBeat(int button, int column, int line) {
+        percussion.Beatbox_MouseUp(button, 0, at(column), at(line));
+    }
+
+    Lines midi() { return std::exchange(host.midi.log, {}); }
+    Lines asked() { return std::exchange(setup.log, {}); }
+    [[nodiscard]] Colour musicPixel(int x, int y) const {
+        return area.MusicBox->picture.pixel(x, y);
+    }
+    [[nodiscard]] Colour beatPixel(int x, int y) const { return area.Beatbox->picture.pixel(x, y); }
+    [[nodiscard]] Colour polyPixel(int x, int y) const { return area.Pic1->picture.pixel(x, y); }
+
+    scripted::ScriptedPlatform host;
+    RecordingSetup setup;
+    Studio studio{host.platform, setup};
+    Score& score = studio.score;
+    Drag& drag = studio.drag;
+    RecordingDesk playback{host.time};
+    RecordingTableauDesk desk;
+    NoteSounding sounding{studio, playback};
+    Picmain area{nullptr};
+    MusicTableau music{studio, area};
+    PolyTableau poly{studio, area, music};
+    PercussionTableau percussion{studio, area, music, sounding, desk};
+    MusicMouse mouse{studio, area, music, poly, sounding, desk};
+};
+
+} // namespace velorin
