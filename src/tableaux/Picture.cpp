@@ -159,16 +159,31 @@ void Picture::circle(int x, int y, int radius, Colour colour) {
         return;
     const long long reach = radius + 1LL;
     touch(x - reach, y - reach, x + reach, y + reach);
-    const StampKey key{radius, colour, fillStyle,
-                       fillStyle == FillStyle::transparent ? 0 : fillColor};
-    const bool hasPattern = fillStyle != FillStyle::solid && fillStyle != FillStyle::transparent;
-    if (hasPattern) {
-        const Stamp drawn = makePatternStamp(key, ratio_, x, y);
-        stamp(drawn, toDevice(x) - drawn.offset, toDevice(y) - drawn.offset);
-    } else {
-        const Stamp& kept = stamps_.get(key, ratio_);
-        stamp(kept, toDevice(x) - kept.offset, toDevice(y) - kept.offset);
-    }
+    const auto [left, phaseX] = circleCorner(x - static_cast<long long>(radius));
+    const auto [top, phaseY] = circleCorner(y - static_cast<long long>(radius));
+    const Colour interior = fillStyle == FillStyle::transparent ? 0 : fillColor;
+    const StampKey key{radius, colour, fillStyle, interior, phaseX, phaseY};
+    if (fillStyle == FillStyle::solid || fillStyle == FillStyle::transparent)
+        return stamp(stamps_.get(key, ratio_), left, top);
+    stamp(makeStamp(key, ratio_,
+                    [this, left = left, top = top](int deviceX, int deviceY) {
+                        return patternCovers(fillStyle, toLogical(left + deviceX),
+                                             toLogical(top + deviceY));
+                    }),
+          left, top);
+}
+
+/// Where a stamp goes for a circle whose square begins at a logical pixel: a whole device pixel,
+/// and the quarters beyond it. At the scales by quarters the place is exact, so that rings and
+/// heads are concentric and, since a cell of 12 is a whole number of device pixels, all heads are
+/// alike. At another scale the square snaps to the device pixels, and so stays within the strips
+/// that are saved.
+std::pair<long long, int> Picture::circleCorner(long long logical) const {
+    const double quarters = static_cast<double>(logical) * ratio_ * 4;
+    if (ratio_ * 4 != std::floor(ratio_ * 4))
+        return {toDevice(logical) - 1, 0};
+    const double whole = std::floor(quarters / 4);
+    return {static_cast<long long>(whole) - 1, static_cast<int>(quarters - whole * 4)};
 }
 
 void Picture::stamp(const Stamp& stamp, long long left, long long top) {

@@ -8,6 +8,7 @@
 #include <QRect>
 
 #include <functional>
+#include <utility>
 
 namespace velorin {
 
@@ -88,6 +89,7 @@ private:
                        int sourceY);
     void copyOtherScale(int x, int y, int widthPx, int heightPx, const Picture& source, int sourceX,
                         int sourceY);
+    [[nodiscard]] std::pair<long long, int> circleCorner(long long logical) const;
     void stamp(const Stamp& stamp, long long left, long long top);
 
     Colour ground_;

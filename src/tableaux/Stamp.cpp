@@ -5,7 +5,6 @@
 #include <QPainter>
 
 #include <cmath>
-#include <functional>
 
 namespace velorin {
 
@@ -18,17 +17,31 @@ QColor toQColor(Colour colour) {
     return QColor::fromRgb(toPixel(colour));
 }
 
-using Mask = std::function<bool(int deviceX, int deviceY)>;
+} // namespace
 
-Stamp draw(const StampKey& key, double ratio, const Mask& covers) {
+bool patternCovers(FillStyle style, long long x, long long y) {
+    switch (style) {
+    case FillStyle::solid:
+        return true;
+    case FillStyle::horizontalLines:
+        return (y & 7) == 4;
+    case FillStyle::diagonalCross:
+        return ((x + y) & 7) == 0 || ((x - y) & 7) == 0;
+    case FillStyle::transparent:
+        break;
+    }
+    return false;
+}
+
+Stamp makeStamp(const StampKey& key, double ratio, const StampMask& mask) {
     Stamp stamp;
     stamp.key = key;
-    stamp.offset = static_cast<int>(std::ceil(key.radius * ratio)) + 1;
-    stamp.size = 2 * stamp.offset + static_cast<int>(std::ceil(ratio)) + 1;
+    stamp.size = static_cast<int>(std::ceil((2 * key.radius + 1) * ratio)) + 3;
     QImage image(stamp.size, stamp.size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
 
-    const QPointF centre(stamp.offset + 0.5 * ratio, stamp.offset + 0.5 * ratio);
+    const double reach = 1 + (key.radius + 0.5) * ratio;
+    const QPointF centre(reach + key.phaseX / 4.0, reach + key.phaseY / 4.0);
     const double radius = key.radius * ratio;
     if (key.style != FillStyle::transparent) {
         QPainter painter(&image);
@@ -37,9 +50,9 @@ Stamp draw(const StampKey& key, double ratio, const Mask& covers) {
         painter.setBrush(toQColor(key.fill));
         painter.drawEllipse(centre, radius, radius);
     }
-    for (int y = 0; covers && y < stamp.size; ++y)
+    for (int y = 0; mask && y < stamp.size; ++y)
         for (int x = 0; x < stamp.size; ++x)
-            if (!covers(x, y))
+            if (!mask(x, y))
                 image.setPixel(x, y, 0);
     {
         QPainter painter(&image);
@@ -61,36 +74,6 @@ Stamp draw(const StampKey& key, double ratio, const Mask& covers) {
         stamp.spans.emplace_back(from, to);
     }
     return stamp;
-}
-
-} // namespace
-
-bool patternCovers(FillStyle style, long long x, long long y) {
-    switch (style) {
-    case FillStyle::solid:
-        return true;
-    case FillStyle::horizontalLines:
-        return (y & 7) == 4;
-    case FillStyle::diagonalCross:
-        return ((x + y) & 7) == 0 || ((x - y) & 7) == 0;
-    case FillStyle::transparent:
-        break;
-    }
-    return false;
-}
-
-Stamp makeStamp(const StampKey& key, double ratio) {
-    return draw(key, ratio, nullptr);
-}
-
-Stamp makePatternStamp(const StampKey& key, double ratio, long long x, long long y) {
-    const int offset = static_cast<int>(std::ceil(key.radius * ratio)) + 1;
-    return draw(key, ratio, [&](int deviceX, int deviceY) {
-        const auto logical = [&](long long centre, int device) {
-            return centre + static_cast<long long>(std::floor((device - offset + 0.5) / ratio));
-        };
-        return patternCovers(key.style, logical(x, deviceX), logical(y, deviceY));
-    });
 }
 
 const Stamp& StampCase::get(const StampKey& key, double ratio) {

@@ -5,6 +5,7 @@
 #include "score/RowColors.h"
 
 #include <cstdint>
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -31,29 +32,25 @@ struct StampKey {
     Colour outline;
     FillStyle style;
     Colour fill;
+    int phaseX; ///< [0, 3], quarters of a device pixel by which the corner lies right of a whole
+                ///< one
+    int phaseY;
     friend bool operator==(const StampKey&, const StampKey&) = default;
 };
 
-/// Premultiplied device pixels around a centre pixel.
-//
-//      <- offset ->
-//      . . . o o o . . .      the logical pixel of the centre begins `offset` device pixels right
-//      of . o o + + + o o .      and below the stamp's corner o + + + C + + + o
+/// Premultiplied device pixels of a circle. Its corner, where the square around it begins, lies in
+/// the device pixel (1, 1).
 struct Stamp {
     StampKey key{};
     int size = 0;
-    int offset = 0;
     std::vector<std::uint32_t> pixels;
     std::vector<std::pair<int, int>>
         spans; ///< of each line: from the first covered pixel, to the end
 };
 
-/// Draws one. Solid and transparent fills only; a pattern needs its place, and is masked by the
-/// caller.
-[[nodiscard]] Stamp makeStamp(const StampKey& key, double ratio);
-
-/// As `makeStamp`, the fill masked by the pattern at the centre (x, y).
-[[nodiscard]] Stamp makePatternStamp(const StampKey& key, double ratio, long long x, long long y);
+/// Draws one. A fill with a pattern shows where `mask` holds, of the stamp's own device pixels.
+using StampMask = std::function<bool(int deviceX, int deviceY)>;
+[[nodiscard]] Stamp makeStamp(const StampKey& key, double ratio, const StampMask& mask = nullptr);
 
 /// Keeps the stamps of one surface. Few kinds occur: thirteen colours, two radii.
 class StampCase {
