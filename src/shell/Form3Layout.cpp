@@ -128,6 +128,7 @@ void Form3::makeSetupPage() {
     HScroll1->setFocusPolicy(Qt::StrongFocus);
     TempoLabel = makeLabel(page, QRect(456, 10, 44, 20), QStringLiteral("100"), "value");
     TempoLabel->setObjectName("TempoLabel");
+    TempoLabel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     makeLabel(page, QRect(118, 29, 328, 14), QStringLiteral("Slow  |  Fast"), "note")
         ->setAlignment(Qt::AlignCenter);
     makeLabel(page, QRect(14, 50, 90, 26), QStringLiteral("Midi Device"), "heading");

@@ -50,6 +50,7 @@ HintPanel::HintPanel()
     imgTitleClose->setAccessibleName(QStringLiteral("Close"));
     imgTitleClose->setFocusPolicy(Qt::TabFocus);
     connect(imgTitleClose, &QToolButton::clicked, this, [this] { leave(); });
+    setFocus(); // and so the button has no ring when the window becomes active
     setText({}, false);
 }
 

@@ -172,7 +172,7 @@ void RowChip::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     paintFace(painter, QRectF(rect()), colour_, faceEdge);
-    paintDigit(painter, QRectF(rect()), row_, 11);
+    paintDigit(painter, QRectF(rect()), row_, 10);
 }
 
 } // namespace velorin

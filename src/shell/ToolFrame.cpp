@@ -49,6 +49,7 @@ ToolFrame::ToolFrame(const Face& face, FrameState& state)
             onClose();
         }
     });
+    setFocus(); // and so no control has the ring when the window becomes active
     makeDragHandle(*lblTitle);
     makeDragHandle(*picture);
     makeDragHandle(*this); // and whatever of its ground takes no press of its own
