@@ -4,20 +4,26 @@
 #include "platform/CaseBlind.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <fstream>
+#include <random>
 #include <stdexcept>
+#include <string>
 #include <system_error>
 
 namespace scripted {
 
 namespace fs = std::filesystem;
 
+// The program lower-cases names, so the folder's own name has no capitals.
 TemporaryFolder::TemporaryFolder() {
-    std::string name = (fs::temp_directory_path() / "velorin-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr)
-        throw std::runtime_error("no temporary folder");
-    path_ = name;
+    std::random_device source;
+    std::error_code error;
+    for (int attempt = 0; attempt < 100; ++attempt) {
+        path_ = fs::temp_directory_path() / ("velorin-" + std::to_string(source()));
+        if (fs::create_directory(path_, error))
+            return;
+    }
+    throw std::runtime_error("no temporary folder");
 }
 
 TemporaryFolder::~TemporaryFolder() {

@@ -82,6 +82,12 @@ void VirtualTime::waitUntil(std::int64_t counter) {
         runDue();
 }
 
+void VirtualTime::restart() {
+    for (Planned& each : planned_)
+        each.time -= now_;
+    now_ = 0;
+}
+
 void VirtualTime::pass(Nanoseconds duration) {
     const Nanoseconds end = now_ + duration;
     while (now_ < end && !isEnding())

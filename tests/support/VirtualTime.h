@@ -55,7 +55,7 @@ public:
     /// The time in seconds with three decimals, "0.120".
     [[nodiscard]] std::string stamp() const;
 
-    void restart() { now_ = 0; }        ///< the clock back to 0; what is planned keeps its times
+    void restart(); ///< the clock back to 0; what is planned is as far ahead as before
     void clearEnd() { ended_ = false; } ///< a program that has ended may start again
 
     /// What runs between `beginCommand` and `endCommand` is broken off once it has run for a day.

@@ -1,0 +1,36 @@
+// Finding a command by its name.
+#include "Commands.h"
+
+#include "Answers.h"
+#include "Session.h"
+
+namespace transcript {
+
+namespace {
+
+const Command& find(const std::string& name) {
+    for (const auto& table :
+         {callCommands(), controlCommands(), mouseCommands(), gridCommands(), timeCommands(),
+          deviceCommands(), dialogCommands(), fileCommands(), pictureCommands()}) {
+        for (const Command& command : table) {
+            if (name == command.name)
+                return command;
+        }
+    }
+    throw CommandError("no such command: " + name);
+}
+
+} // namespace
+
+Lines carryOut(Session& session, const Words& words) {
+    if (words.empty())
+        throw CommandError("no command");
+    const Command& command = find(words.front());
+    Lines lines = command.run(session, Words(words.begin() + 1, words.end()));
+    const std::string folder = session.folder();
+    for (std::string& line : lines)
+        line = command.printsFiles ? printedFileLine(line, folder) : printedLine(line, folder);
+    return lines;
+}
+
+} // namespace transcript

@@ -1,0 +1,71 @@
+// Commands about devices: midi, devices, mci, reply, encoder.
+#include "Commands.h"
+#include "Session.h"
+
+#include <array>
+#include <utility>
+
+namespace transcript {
+
+namespace {
+
+Lines midi(Session& session, const Words& words) {
+    expectWords(words, 0);
+    return std::exchange(session.host.midi.log, {});
+}
+
+Lines devices(Session& session, const Words& words) {
+    session.host.midi.setDevices(words);
+    return {};
+}
+
+Lines mci(Session& session, const Words& words) {
+    expectWords(words, 0);
+    return std::exchange(session.host.mci.log, {});
+}
+
+Lines reply(Session& session, const Words& words) {
+    expectWords(words, 3);
+    const int code = numberBetween(words[1], 0, INT32_MAX);
+    session.host.mci.reply(session.path(words[0]), static_cast<std::uint32_t>(code),
+                           session.path(words[2]));
+    return {};
+}
+
+bool isEncoderCall(const std::string& word) {
+    return word == "init" || word == "chunk" || word == "flush" || word == "close";
+}
+
+Lines encoder(Session& session, const Words& words) {
+    expectWords(words, 0, 3);
+    if (words.empty())
+        return {};
+    if (words[0] == "absent") {
+        expectWords(words, 1);
+        session.encoderSamples = 0;
+        return {};
+    }
+    if (words[0] == "fail") {
+        expectWords(words, 3);
+        if (!isEncoderCall(words[1]))
+            throw CommandError("no such call: " + words[1]);
+        (void)plainNumber(words[2]);
+        return {};
+    }
+    expectWords(words, 2);
+    session.encoderSamples = numberBetween(words[0], 0, INT32_MAX);
+    session.encoderSize = numberBetween(words[1], 0, INT32_MAX);
+    return {};
+}
+
+} // namespace
+
+std::span<const Command> deviceCommands() {
+    static constexpr std::array commands{
+        Command{"midi", midi},   Command{"devices", devices}, Command{"mci", mci},
+        Command{"reply", reply}, Command{"encoder", encoder},
+    };
+    return commands;
+}
+
+} // namespace transcript

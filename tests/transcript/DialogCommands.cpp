@@ -1,0 +1,73 @@
+// Commands that answer dialogs, menus and boxes, and print which were shown.
+#include "Answers.h"
+#include "Commands.h"
+#include "Session.h"
+
+#include <array>
+#include <optional>
+#include <utility>
+
+namespace transcript {
+
+namespace {
+
+/// A log whose entries may hold line breaks, as answer lines.
+Lines emptied(std::vector<std::string>& log) {
+    Lines lines;
+    for (const std::string& entry : std::exchange(log, {})) {
+        const Lines parts = linesOf(entry);
+        lines.insert(lines.end(), parts.begin(), parts.end());
+    }
+    return lines;
+}
+
+Lines answerDialog(Session& session, const Words& words) {
+    expectWords(words, 1, 2);
+    if (words[0] == "cancel" && words.size() == 1) {
+        session.host.dialogs.answers.push_back(std::nullopt);
+        return {};
+    }
+    platform::FileDialogAnswer answer{session.path(words[0]), 1};
+    if (words.size() == 2)
+        answer.filterIndex = plainNumber(words[1]);
+    session.host.dialogs.answers.push_back(answer);
+    return {};
+}
+
+Lines dialogs(Session& session, const Words& words) {
+    expectWords(words, 0);
+    return emptied(session.host.dialogs.log);
+}
+
+Lines choose(Session& session, const Words& words) {
+    expectWords(words, 1);
+    session.host.menus.choices.push_back(words[0]);
+    return {};
+}
+
+Lines menus(Session& session, const Words& words) {
+    expectWords(words, 0);
+    return emptied(session.host.menus.log);
+}
+
+Lines boxes(Session& session, const Words& words) {
+    expectWords(words, 0);
+    return emptied(session.host.boxes.log);
+}
+
+Lines programs(Session& session, const Words& words) {
+    expectWords(words, 0);
+    return std::exchange(session.host.desktop.programs, {});
+}
+
+} // namespace
+
+std::span<const Command> dialogCommands() {
+    static constexpr std::array commands{
+        Command{"answer", answerDialog}, Command{"dialogs", dialogs}, Command{"choose", choose},
+        Command{"menus", menus},         Command{"boxes", boxes},     Command{"programs", programs},
+    };
+    return commands;
+}
+
+} // namespace transcript

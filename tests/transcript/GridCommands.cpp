@@ -1,0 +1,138 @@
+// Commands on the state of the studio: var, let, row, grids, note.
+#include "Commands.h"
+#include "Variables.h"
+
+#include "score/Studio.h"
+
+#include <array>
+#include <map>
+
+namespace transcript {
+
+using namespace velorin;
+
+namespace {
+
+std::map<std::string, Variable> gathered() {
+    std::map<std::string, Variable> table;
+    for (const Variables& variables :
+         {scoreVariables(), viewVariables(), runVariables(), playbackVariables()}) {
+        for (const Variable& each : variables)
+            table[each.name] = each;
+    }
+    return table;
+}
+
+const Variable& find(const std::string& name) {
+    static const std::map<std::string, Variable> table = gathered();
+    constexpr std::string_view window = "Form1.";
+    const auto found = table.find(name.starts_with(window) ? name.substr(window.size()) : name);
+    if (found == table.end())
+        throw CommandError("no such variable: " + name);
+    return found->second;
+}
+
+void expectIndices(const Variable& variable, const Indices& indices) {
+    if (indices.size() != variable.sizes.size())
+        throw CommandError("wrong number of indices: " + variable.name);
+    for (std::size_t i = 0; i < indices.size(); ++i) {
+        if (indices[i] < 0 || indices[i] >= variable.sizes[i])
+            throw CommandError("index out of range: " + variable.name);
+    }
+}
+
+Lines var(Session& session, const Words& words) {
+    expectWords(words, 1);
+    const Name name = parseName(words[0]);
+    const Variable& variable = find(name.text);
+    expectIndices(variable, name.indices);
+    return variable.read(session, name.indices);
+}
+
+Lines let(Session& session, const Words& words) {
+    expectWords(words, 2);
+    const Name name = parseName(words[0]);
+    const Variable& variable = find(name.text);
+    expectIndices(variable, name.indices);
+    if (!variable.write)
+        throw CommandError("cannot be written: " + name.text);
+    variable.write(session, name.indices, words[1]);
+    return {};
+}
+
+Lines row(Session& session, const Words& words) {
+    expectWords(words, 4);
+    const Variable& variable = find(words[0]);
+    if (variable.sizes.size() != 2)
+        throw CommandError("no grid: " + words[0]);
+    std::string line;
+    const int last = plainNumber(words[3]);
+    for (int column = plainNumber(words[2]); column <= last; ++column) {
+        const Indices at{plainNumber(words[1]), column};
+        expectIndices(variable, at);
+        line += (line.empty() ? "" : ",") + variable.read(session, at).front();
+    }
+    return {line};
+}
+
+/// A line for each run of cells that are not blank.
+template <class SomeGrid>
+void appendRuns(Lines& lines, const char* name, const SomeGrid& grid, int blank) {
+    for (int r = 0; r < SomeGrid::rows; ++r) {
+        bool inRun = false;
+        for (int c = 0; c < SomeGrid::columns; ++c) {
+            const int value = grid.at(r, c);
+            if (value == blank) {
+                inRun = false;
+                continue;
+            }
+            if (inRun)
+                lines.back() += ",";
+            else
+                lines.push_back(std::string(name) + " " + std::to_string(r) + " " +
+                                std::to_string(c) + ": ");
+            lines.back() += std::to_string(value);
+            inRun = true;
+        }
+    }
+}
+
+Lines grids(Session& session, const Words& words) {
+    expectWords(words, 0);
+    const Score& score = session.studio().score;
+    Lines lines;
+    appendRuns(lines, "NoteArray", score.NoteArray, emptyCell);
+    appendRuns(lines, "InstrumentArray", score.InstrumentArray, 0);
+    appendRuns(lines, "PolyArray", score.PolyArray, 0);
+    return lines;
+}
+
+Lines note(Session& session, const Words& words) {
+    expectWords(words, 5);
+    Score& score = session.studio().score;
+    const int atRow = plainNumber(words[0]);
+    const int column = plainNumber(words[1]);
+    const int pitch = numberBetween(words[2], -32768, 31767);
+    const int length = numberBetween(words[3], 0, scoreColumns);
+    const int instrument = numberBetween(words[4], -32768, 32767);
+    if (!NoteGrid::holds(atRow, column))
+        throw CommandError("no such cell");
+    for (int i = 0; i < length; ++i) {
+        const int cell = i == 0 ? pitch : heldOffset + pitch;
+        score.NoteArray.write(atRow, column + i, static_cast<std::int16_t>(cell));
+        score.InstrumentArray.write(atRow, column + i, static_cast<std::int16_t>(instrument));
+    }
+    return {};
+}
+
+} // namespace
+
+std::span<const Command> gridCommands() {
+    static constexpr std::array commands{
+        Command{"var", var},     Command{"let", let},   Command{"row", row},
+        Command{"grids", grids}, Command{"note", note},
+    };
+    return commands;
+}
+
+} // namespace transcript

@@ -1,0 +1,95 @@
+// The command `mouse`: presses, moves and releases through hit testing.
+#include "Commands.h"
+#include "ControlNames.h"
+#include "Session.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+
+#include <array>
+#include <cmath>
+
+namespace transcript {
+
+namespace {
+
+Qt::MouseButton buttonOf(int number) {
+    switch (number) {
+    case 0:
+        return Qt::NoButton;
+    case 1:
+        return Qt::LeftButton;
+    case 2:
+        return Qt::RightButton;
+    case 4:
+        return Qt::MiddleButton;
+    default:
+        throw CommandError("no such button: " + std::to_string(number));
+    }
+}
+
+/// What lies under a point of `control`, which need not be that control; null outside its window.
+QWidget* hit(QWidget& control, QPointF place) {
+    QWidget* window = control.window();
+    const QPoint point = control.mapTo(window, QPoint(static_cast<int>(std::floor(place.x())),
+                                                      static_cast<int>(std::floor(place.y()))));
+    if (!window->isVisible() || !window->rect().contains(point))
+        return nullptr;
+    QWidget* child = window->childAt(point);
+    return child != nullptr ? child : window;
+}
+
+struct MouseEventParts {
+    QEvent::Type type;
+    Qt::MouseButton button; ///< the one pressed or released; none for a move
+    Qt::MouseButtons held;  ///< those held behind the event
+};
+
+MouseEventParts partsOf(const std::string& action, Qt::MouseButton button) {
+    if (action == "down")
+        return {QEvent::MouseButtonPress, button, button};
+    if (action == "up")
+        return {QEvent::MouseButtonRelease, button, Qt::NoButton};
+    if (action == "move")
+        return {QEvent::MouseMove, Qt::NoButton, button};
+    throw CommandError("no such action: " + action);
+}
+
+void send(QWidget& target, const QWidget& control, QPointF place, const MouseEventParts& parts) {
+    const QPointF global = control.mapToGlobal(place);
+    const QPointF local = target.mapFromGlobal(global);
+    QMouseEvent event(parts.type, local, target.window()->mapFromGlobal(global), global,
+                      parts.button, parts.held, Qt::NoModifier);
+    QApplication::sendEvent(&target, &event);
+}
+
+Lines mouse(Session& session, const Words& words) {
+    expectWords(words, 5);
+    QWidget& control = controlOf(session, words[0]);
+    const MouseEventParts parts = partsOf(words[1], buttonOf(plainNumber(words[2])));
+    const QPointF place(realNumber(words[3]), realNumber(words[4]));
+    const bool isPress = parts.type == QEvent::MouseButtonPress;
+
+    QWidget* target = isPress ? nullptr : session.mouseHolder.data();
+    const bool isHeld = target != nullptr;
+    if (!isHeld)
+        target = hit(control, place);
+    session.mouseHolder = nullptr;
+    if (target == nullptr)
+        return {};
+    const bool holds = isPress || (isHeld && parts.type == QEvent::MouseMove);
+    if (holds)
+        session.mouseHolder = target;
+    if (target->isEnabled())
+        send(*target, control, place, parts);
+    return {};
+}
+
+} // namespace
+
+std::span<const Command> mouseCommands() {
+    static constexpr std::array commands{Command{"mouse", mouse}};
+    return commands;
+}
+
+} // namespace transcript

@@ -1,0 +1,85 @@
+// The procedures that `call` knows by name, and how their arguments are read.
+#pragma once
+
+#include "Answers.h"
+#include "Words.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <tuple>
+#include <type_traits>
+#include <vector>
+
+namespace transcript {
+
+class Session;
+
+/// The words behind the name of an operation, read from left to right.
+class Arguments {
+public:
+    Arguments(Session& session, Words words) : session_(session), words_(std::move(words)) {}
+
+    template <class Value>
+    Value next() {
+        if constexpr (std::is_same_v<Value, bool>)
+            return numberBetween(word(), -1, 1) != 0;
+        else if constexpr (std::is_integral_v<Value>)
+            return static_cast<Value>(plainNumber(word()));
+        else if constexpr (std::is_floating_point_v<Value>)
+            return static_cast<Value>(realNumber(word()));
+        else
+            return text();
+    }
+
+    /// A text; a path has '@' replaced by the folder.
+    std::string text();
+    [[nodiscard]] bool isAtEnd() const { return used_ == words_.size(); }
+    /// Throws if words are left.
+    void expectEnd() const;
+    /// For handlers that get more than they look at.
+    void ignoreRest() { used_ = words_.size(); }
+
+private:
+    const std::string& word();
+
+    Session& session_;
+    Words words_;
+    std::size_t used_ = 0;
+};
+
+/// `name` with its window: "Form1.StartNote". `run` returns the lines of its result.
+struct Operation {
+    std::string name;
+    std::function<Lines(Session&, Arguments&)> run;
+};
+
+using Operations = std::vector<Operation>;
+
+/// A member function of what `reach` finds: its parameters are read, its result is printed.
+template <class Reach, class Owner, class Result, class... Parameters>
+Operation operation(std::string name, Reach reach, Result (Owner::*procedure)(Parameters...)) {
+    return {std::move(name), [reach, procedure](Session& session, Arguments& arguments) -> Lines {
+                // Braces keep the order of evaluation.
+                std::tuple<std::decay_t<Parameters>...> values{
+                    arguments.next<std::decay_t<Parameters>>()...};
+                arguments.expectEnd();
+                Owner& object = reach(session);
+                const auto call = [&](auto&... each) { return (object.*procedure)(each...); };
+                if constexpr (std::is_void_v<Result>) {
+                    std::apply(call, values);
+                    return {};
+                } else {
+                    return answer(std::apply(call, values));
+                }
+            }};
+}
+
+// One table for each subject.
+[[nodiscard]] Operations scoreOperations();
+[[nodiscard]] Operations playbackOperations();
+[[nodiscard]] Operations tableauOperations();
+[[nodiscard]] Operations shellOperations();
+[[nodiscard]] Operations setupOperations();
+
+} // namespace transcript

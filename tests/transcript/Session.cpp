@@ -1,0 +1,116 @@
+// Running commands, and starting and ending the program around them.
+#include "Session.h"
+
+#include "Answers.h"
+#include "Commands.h"
+#include "shell/Form1.h"
+#include "shell/Program.h"
+
+#include <QCoreApplication>
+
+namespace transcript {
+
+namespace {
+
+// What the window system would give the window once the user has sized it: 46 columns fit.
+constexpr int innerWidthPx = 640;
+constexpr int innerHeightPx = 480;
+
+} // namespace
+
+Session::Session() {
+    startProgram();
+    if (isRunning())
+        form1().resize(innerWidthPx, innerHeightPx);
+    host.midi.log.clear();
+    host.mci.log.clear();
+    host.menus.log.clear();
+    host.boxes.log.clear();
+    host.dialogs.log.clear();
+    host.desktop.programs.clear();
+    host.time.restart();
+}
+
+Session::~Session() {
+    host.time.dropPlanned();
+    host.time.end();
+}
+
+void Session::startProgram() {
+    mouseHolder = nullptr;
+    program_.reset();
+    host.time.clearEnd();
+    program_ = std::make_unique<velorin::Program>(host.platform);
+    program_->start();
+}
+
+void Session::restart() {
+    host.time.dropPlanned();
+    if (isRunning())
+        program_->Command3_Click();
+    if (depth_ > 1)
+        startsAgain_ = true;
+    else
+        startProgram();
+}
+
+bool Session::isRunning() const {
+    return program_ != nullptr && !program_->hasEnded();
+}
+
+velorin::Program& Session::program() {
+    if (!isRunning())
+        throw CommandError("the program has ended");
+    return *program_;
+}
+
+velorin::Form1& Session::form1() {
+    return program().form1();
+}
+
+velorin::Studio& Session::studio() {
+    return program().studio();
+}
+
+std::string Session::path(const std::string& word) const {
+    return word.starts_with('@') ? folder() + word.substr(1) : word;
+}
+
+Lines Session::run(const std::string& line) {
+    answer_.clear();
+    host.time.beginCommand();
+    try {
+        perform(splitWords(line));
+    } catch (const CommandError& error) {
+        answer_.push_back(std::string("error: ") + error.what());
+    }
+    if (startsAgain_) {
+        startsAgain_ = false;
+        startProgram();
+    }
+    // What was closed during the command is destroyed here, where no handler runs.
+    QCoreApplication::processEvents();
+    if (!isRunning())
+        host.time.clearEnd(); // no handler is left that would have to end
+    return answer_;
+}
+
+void Session::perform(const Words& words) {
+    ++depth_;
+    Lines lines;
+    try {
+        lines = carryOut(*this, words);
+    } catch (const CommandError& error) {
+        lines = {printedLine(std::string("error: ") + error.what(), folder())};
+    }
+    --depth_;
+    if (depth_ == 0 && host.time.endCommand())
+        lines = {"error: still running"};
+    answer_.insert(answer_.end(), lines.begin(), lines.end());
+}
+
+void Session::plan(scripted::Nanoseconds delay, const Words& command) {
+    host.time.plan(delay, [this, command] { perform(command); });
+}
+
+} // namespace transcript

@@ -1,0 +1,113 @@
+// Operations of the shell: the main toolbar, the exit, the frame, the sample files.
+#include "ControlNames.h"
+#include "Operations.h"
+#include "Session.h"
+#include "shell/Form1.h"
+#include "shell/Program.h"
+
+namespace transcript {
+
+using namespace velorin;
+
+namespace {
+
+Form1& mainWindow(Session& session) {
+    return session.form1();
+}
+
+/// A handler of a control array that looks at nothing but the index.
+Operation indexed(std::string name, void (Form1::*handler)(int)) {
+    return {std::move(name), [handler](Session& session, Arguments& arguments) {
+                const int index = arguments.next<int>();
+                arguments.ignoreRest();
+                (session.form1().*handler)(index);
+                return Lines{};
+            }};
+}
+
+/// A handler that looks at none of its arguments.
+Operation plain(std::string name, void (Form1::*handler)()) {
+    return {std::move(name), [handler](Session& session, Arguments& arguments) {
+                arguments.ignoreRest();
+                (session.form1().*handler)();
+                return Lines{};
+            }};
+}
+
+Operations toolbarOperations() {
+    return {
+        indexed("Form1.Cmd2_Click", &Form1::Cmd2_Click),
+        indexed("Form1.Cmd2_MouseDown", &Form1::Cmd2_MouseDown),
+        {"Form1.Cmd2_MouseMove",
+         [](Session& session, Arguments& arguments) {
+             const int index = arguments.next<int>();
+             const int button = arguments.isAtEnd() ? 0 : arguments.next<int>();
+             arguments.ignoreRest();
+             session.form1().Cmd2_MouseMove(index, button);
+             return Lines{};
+         }},
+        plain("Form1.PicX_MouseMove", &Form1::PicX_MouseMove),
+        plain("Form1.TopBar_MouseMove", &Form1::TopBar_MouseMove),
+        operation("Form1.Check3_Click", mainWindow, &Form1::Check3_Click),
+        operation("Form1.Cmdhelp_Click", mainWindow, &Form1::Cmdhelp_Click),
+        operation("Form1.HideToolbars", mainWindow, &Form1::HideToolbars),
+        operation("Form1.ShowToolbars", mainWindow, &Form1::ShowToolbars),
+        operation("Form1.TrackSel_Click", mainWindow, &Form1::TrackSel_Click),
+        operation(
+            "Form1.Command3_Click", [](Session& session) -> Program& { return session.program(); },
+            &Program::Command3_Click),
+    };
+}
+
+Operations frameOperations() {
+    const auto frame = [](Session& session) -> SkinnedFrame& { return session.form1().frame; };
+    return {
+        operation("Form1.ToggleMaximize", mainWindow, &Form1::ToggleMaximize),
+        operation("Form1.imgTitleClose_Click", mainWindow, &Form1::imgTitleClose_Click),
+        operation("Form1.imgTitleMinimize_Click", mainWindow, &Form1::imgTitleMinimize_Click),
+        operation("Form1.imgTitleMaxRestore_Click", mainWindow, &Form1::imgTitleMaxRestore_Click),
+        operation("Form1.imgTitleRestore_Click", mainWindow, &Form1::imgTitleRestore_Click),
+        operation("Form1.imgTitleHelp_Click", mainWindow, &Form1::imgTitleHelp_Click),
+        indexed("Form1.Resizer_MouseDown", &Form1::Resizer_MouseDown),
+        indexed("Form1.Resizer_MouseUp", &Form1::Resizer_MouseUp),
+        {"Form1.SetTopMost",
+         [](Session& session, Arguments& arguments) {
+             QWidget& window = windowOf(session, arguments.text());
+             const bool topMost = arguments.next<bool>();
+             arguments.expectEnd();
+             SetTopMost(window, topMost);
+             return Lines{};
+         }},
+        {"Form1.SkinMainWindow",
+         [frame](Session& session, Arguments& arguments) {
+             (void)windowOf(session, arguments.text());
+             const int flag = arguments.next<int>();
+             arguments.expectEnd();
+             frame(session).SkinMainWindow(static_cast<Flag>(flag));
+             return Lines{};
+         }},
+        {"Form1.ApplyWindowRegion",
+         [frame](Session& session, Arguments& arguments) {
+             if (!arguments.isAtEnd())
+                 (void)windowOf(session, arguments.text());
+             arguments.expectEnd();
+             frame(session).ApplyWindowRegion();
+             return Lines{};
+         }},
+    };
+}
+
+} // namespace
+
+Operations shellOperations() {
+    const auto samples = [](Session& session) -> SampleFiles& { return session.form1().samples; };
+    Operations all = toolbarOperations();
+    for (const Operation& each : frameOperations())
+        all.push_back(each);
+    all.push_back(operation("Form1.FileExists", samples, &SampleFiles::FileExists));
+    all.push_back(operation("Form1.p_DestroyFile", samples, &SampleFiles::p_DestroyFile));
+    all.push_back(operation("Form1.RemoveSamples", samples, &SampleFiles::RemoveSamples));
+    return all;
+}
+
+} // namespace transcript
