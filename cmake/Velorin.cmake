@@ -15,6 +15,7 @@ endif()
 function(velorin_library name)
     cmake_parse_arguments(ARG "QT" "" "SOURCES;LINK" ${ARGN})
     add_library(${name} STATIC ${ARG_SOURCES})
+    set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ON) # modules link them too
     velorin_warnings(${name})
     if(ARG_QT)
         set_target_properties(${name} PROPERTIES AUTOMOC ON)

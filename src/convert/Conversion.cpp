@@ -2,7 +2,7 @@
 #include "convert/Conversion.h"
 
 #include "convert/LoadedScore.h"
-#include "convert/ScorePicture.h"
+#include "convert/PictureModule.h"
 #include "convert/WavRendering.h"
 #include "convert/WholeFile.h"
 #include "platform/MidiOut.h"
@@ -24,6 +24,7 @@ struct NoMidi final : platform::MidiOut {
     std::uint32_t midiOutShortMsg(platform::MidiOutHandle, std::uint32_t) override { return 5; }
 };
 
+// Empty for a picture that cannot be drawn.
 std::string bytesOf(Kind kind, LoadedScore& score) {
     switch (kind) {
     case Kind::mid:
@@ -31,7 +32,7 @@ std::string bytesOf(Kind kind, LoadedScore& score) {
     case Kind::sng:
         return scoreText(score.studio.score);
     default:
-        return pngOf(score.studio);
+        return drawPng(score.studio);
     }
 }
 
@@ -64,8 +65,12 @@ std::string convert(const Task& task, const Options& options,
     LoadedScore score(midi);
     if (const std::string problem = score.open(task.score); !problem.empty())
         return about(task.score, problem);
-    if (task.kind != Kind::wav)
-        return about(task.target, writeWhole(task.target, bytesOf(task.kind, score)));
+    if (task.kind != Kind::wav) {
+        const std::string bytes = bytesOf(task.kind, score);
+        return about(task.target, bytes.empty()
+                                      ? "cannot be drawn: the module velorin-picture.so is missing"
+                                      : writeWhole(task.target, bytes));
+    }
     return about(task.target,
                  renderWav({task.score, task.target, options.soundFont, options.rateHz, progress}));
 }

@@ -11,7 +11,7 @@
 
 #include <algorithm>
 
-namespace velorin::convert {
+namespace velorin {
 
 namespace {
 
@@ -62,7 +62,10 @@ void showWholeSong(Studio& studio) {
 
 } // namespace
 
-std::string pngOf(Studio& studio) {
+} // namespace velorin
+
+void velorinPngOf(velorin::Studio& studio, std::string& png) {
+    using namespace velorin;
     showWholeSong(studio);
     const View& view = studio.view;
     const int width = (view.VisibleColumns + 1) * cellPx;
@@ -76,7 +79,5 @@ std::string pngOf(Studio& studio) {
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     tableau.image().save(&buffer, "PNG");
-    return bytes.toStdString();
+    png = bytes.toStdString();
 }
-
-} // namespace velorin::convert

@@ -4,14 +4,10 @@
 #include <string>
 
 namespace velorin {
-
 struct Studio;
+}
 
-namespace convert {
-
-/// The bytes of a PNG file: every column of the song and every line from two above its highest note
-/// to two below its lowest. Changes the studio's view.
-[[nodiscard]] std::string pngOf(Studio& studio);
-
-} // namespace convert
-} // namespace velorin
+/// Into `png` the bytes of a PNG file: every column of the song, and every line from two above its
+/// highest note to two below its lowest. Changes the studio's view. Stands in a module that is
+/// loaded by name; the name is not mangled for that reason.
+extern "C" void velorinPngOf(velorin::Studio& studio, std::string& png);

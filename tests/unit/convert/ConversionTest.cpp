@@ -1,0 +1,176 @@
+// From a score file to each kind of output.
+#include "convert/Conversion.h"
+#include "host/SoundFonts.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdint>
+#include <fstream>
+#include <iterator>
+
+namespace velorin::convert {
+namespace {
+
+namespace fs = std::filesystem;
+
+// One row with a woodblock, which begins at once and is over soon, at columns 0, 4 and 10; tempo
+// 100 gives columns of 0.12 s.
+std::string woodblockScore() {
+    std::string text = "60,-1,-1,-1,60,-1,-1,-1,-1,-1,60\r\n115,0,0,0,115,0,0,0,0,0,115\r\n";
+    for (int row = 1; row < 13; ++row) {
+        text += "-1\r\n0\r\n";
+    }
+    return text + " 100 \r\n115,0,0,0,0,0,0,0,0,0,0,0,0\r\n";
+}
+
+class AConversion : public testing::Test {
+protected:
+    AConversion() : folder_(fs::path(testing::TempDir()) / "velorin-convert") {
+        fs::remove_all(folder_);
+        fs::create_directories(folder_);
+        write("in.sng", woodblockScore());
+        const auto fonts = host::findSoundFonts(host::soundFontFolders("", ""));
+        EXPECT_FALSE(fonts.empty()) << "these tests need a SoundFont (timgm6mb-soundfont)";
+        if (!fonts.empty())
+            options_.soundFont = fonts.front().path;
+    }
+    ~AConversion() override { fs::remove_all(folder_); }
+
+    void write(const std::string& name, const std::string& content) const {
+        std::ofstream(folder_ / name, std::ios::binary) << content;
+    }
+
+    [[nodiscard]] std::string read(const std::string& name) const {
+        std::ifstream in(folder_ / name, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), {}};
+    }
+
+    // Why it failed; empty if it went well.
+    std::string make(const std::string& name, Kind kind, const std::string& from = "in.sng") {
+        return convert({(folder_ / from).string(), folder_ / name, kind}, options_, {});
+    }
+
+    [[nodiscard]] std::size_t filesThere() const {
+        return static_cast<std::size_t>(
+            std::distance(fs::directory_iterator(folder_), fs::directory_iterator()));
+    }
+
+    fs::path folder_;
+    Options options_;
+};
+
+// Frames of a 16 bit stereo WAV file, the left side alone.
+std::vector<int> leftSide(const std::string& wav) {
+    std::vector<int> samples;
+    for (std::size_t i = 44; i + 3 < wav.size(); i += 4) {
+        samples.push_back(static_cast<std::int16_t>(static_cast<unsigned char>(wav[i]) |
+                                                    static_cast<unsigned char>(wav[i + 1]) << 8));
+    }
+    return samples;
+}
+
+// Where a quiet second half ends and a loud frame comes.
+std::vector<int> onsetsOf(const std::vector<int>& samples) {
+    constexpr int loud = 1000;
+    std::vector<int> onsets;
+    for (int i = 0; i < static_cast<int>(samples.size()); ++i) {
+        const bool isLoud = std::abs(samples[static_cast<std::size_t>(i)]) > loud;
+        if (isLoud && (onsets.empty() || i - onsets.back() > 8820))
+            onsets.push_back(i);
+    }
+    return onsets;
+}
+
+TEST_F(AConversion, ToSoundPutsNotesWhereTheirColumnsAre) {
+    ASSERT_EQ(make("out.wav", Kind::wav), "");
+    const std::vector<int> onsets = onsetsOf(leftSide(read("out.wav")));
+    ASSERT_EQ(onsets.size(), 3U);
+    // The song waits for a column before its first one: 0.12 s are 5292 frames.
+    EXPECT_GE(onsets[0], 5292);
+    EXPECT_LT(onsets[0], 5292 + 441);
+    EXPECT_NEAR(onsets[1] - onsets[0], 4 * 5292, 64);
+    EXPECT_NEAR(onsets[2] - onsets[1], 6 * 5292, 64);
+}
+
+TEST_F(AConversion, ToSoundGivesTheSameBytesEveryTime) {
+    ASSERT_EQ(make("one.wav", Kind::wav), "");
+    ASSERT_EQ(make("two.wav", Kind::wav), "");
+    EXPECT_EQ(read("one.wav"), read("two.wav"));
+}
+
+TEST_F(AConversion, ToSoundRunsOnUntilASecondIsSilent) {
+    ASSERT_EQ(make("out.wav", Kind::wav), "");
+    const std::vector<int> samples = leftSide(read("out.wav"));
+    // Columns 0 to 11, one before and one behind: 14 times 5292 frames.
+    ASSERT_GT(samples.size(), 14U * 5292 + 44100);
+    ASSERT_LT(samples.size(), 14U * 5292 + 441000);
+    for (std::size_t i = samples.size() - 44100; i < samples.size(); ++i) {
+        ASSERT_LE(std::abs(samples[i]), 3);
+    }
+}
+
+TEST_F(AConversion, ToSoundKeepsTheTimesAtAnotherRate) {
+    options_.rateHz = 22050;
+    ASSERT_EQ(make("out.wav", Kind::wav), "");
+    const std::vector<int> onsets = onsetsOf(leftSide(read("out.wav")));
+    ASSERT_EQ(onsets.size(), 3U);
+    EXPECT_NEAR(onsets[1] - onsets[0], 4 * 2646, 64);
+}
+
+TEST_F(AConversion, ToAScoreIsTheScoreInItsLastStage) {
+    ASSERT_EQ(make("out.sng", Kind::sng), "");
+    const std::string text = read("out.sng");
+    EXPECT_EQ(text.substr(0, woodblockScore().size()), woodblockScore());
+    EXPECT_NE(text.find("Polyphonics\r\n"), std::string::npos);
+}
+
+TEST_F(AConversion, ToMidiIsAFileOfFormat1) {
+    ASSERT_EQ(make("out.mid", Kind::mid), "");
+    EXPECT_EQ(read("out.mid").substr(0, 10), std::string("MThd\0\0\0\6\0\1", 10));
+}
+
+TEST_F(AConversion, ToAPictureHasAColumnForEachOfTheSongs) {
+    ASSERT_EQ(make("out.png", Kind::png), "");
+    const std::string png = read("out.png");
+    ASSERT_EQ(png.substr(1, 3), "PNG");
+    const auto number = [&](std::size_t at) {
+        return static_cast<unsigned char>(png[at + 2]) * 256 +
+               static_cast<unsigned char>(png[at + 3]);
+    };
+    EXPECT_EQ(number(16), 12 * 12); // columns 0 to 11
+    EXPECT_EQ(number(20), 5 * 12);  // one pitch, and two lines on either side
+}
+
+TEST_F(AConversion, ThatFailsLeavesNothingBehind) {
+    write("text.sng", "no score");
+    write("empty.sng", "");
+    EXPECT_EQ(make("out.wav", Kind::wav, "text.sng"),
+              (folder_ / "text.sng").string() + " is no score");
+    EXPECT_NE(make("out.wav", Kind::wav, "empty.sng"), "");
+    EXPECT_NE(make("out.wav", Kind::wav, "missing.sng"), "");
+    EXPECT_NE(make("nowhere/out.wav", Kind::wav), "");
+    options_.soundFont = "/nowhere/at.sf2";
+    EXPECT_NE(make("out.wav", Kind::wav), "");
+    EXPECT_EQ(filesThere(), 3U);
+}
+
+TEST_F(AConversion, ReplacesAFileAndNothingElse) {
+    write("out.mid", std::string(20000, 'x'));
+    fs::create_directory(folder_ / "folder.mid");
+    ASSERT_EQ(make("out.mid", Kind::mid), "");
+    EXPECT_LT(read("out.mid").size(), 10001U);
+    EXPECT_NE(make("folder.mid", Kind::mid), "");
+    EXPECT_NE(convert({"in.sng", "/dev/null", Kind::mid}, options_, {}), "");
+}
+
+TEST_F(AConversion, DoesNotReplaceAScoreByItselfUnlessToldTo) {
+    EXPECT_NE(make("in.sng", Kind::sng), "");
+    EXPECT_EQ(read("in.sng"), woodblockScore());
+    options_.mayReplaceScore = true;
+    EXPECT_EQ(make("in.sng", Kind::sng), "");
+    EXPECT_NE(read("in.sng"), woodblockScore());
+}
+
+} // namespace
+} // namespace velorin::convert
