@@ -11,8 +11,6 @@
 #include "tableaux/PolyTableau.h"
 #include "tableaux/TableauDesk.h"
 
-#include <array>
-
 namespace velorin {
 
 namespace {
@@ -22,11 +20,6 @@ constexpr Colour selectionBlue = rgb(0, 0, 255);
 void clearSelection(Score& score) {
     score.SelectStart = -1;
     score.SelectEnd = -1;
-}
-
-std::string withoutNumber(const std::string& entry) {
-    const auto blank = entry.find(' ');
-    return blank == std::string::npos ? entry : entry.substr(blank + 1);
 }
 
 } // namespace
@@ -201,28 +194,6 @@ void MusicMouse::MusicBox_MouseMove(int button, int shift, double x, double y) {
     store(studio_.drag.PriorLine, pixelToCell(y));
 }
 
-// The grids are read at the column on the screen: the tool tip speaks of the first screen of the
-// score, however far the view is scrolled.
-void MusicMouse::showToolTip(double x) {
-    const auto column = pixelToTipColumn(x);
-    if (!column)
-        return;
-    const int row = studio_.view.HoverRow - 1;
-    const auto cell = studio_.score.NoteArray.read(row, *column);
-    if (!cell)
-        return;
-    if (isEmpty(*cell)) {
-        area_.MusicBox->setToolTip({});
-        return;
-    }
-    const int instrument = *studio_.score.InstrumentArray.read(row, *column);
-    const std::string entry = desk_.Combo1Entry(instrument);
-    if (*cell > 0)
-        NoteLabel(*cell);
-    area_.MusicBox->setToolTip(
-        QString::fromStdString(studio_.view.LastNoteLabel + " -  " + withoutNumber(entry)));
-}
-
 // The pen tells that the note stays on its line, whatever the pointer does.
 bool MusicMouse::dragNote(double x) {
     Drag& drag = studio_.drag;
@@ -322,22 +293,6 @@ void MusicMouse::FunctionBut_Click(int index) {
         area_.MusicBox->setMousePointer(pointerDefault);
     else if (index == editMode::marker || index == editMode::select)
         area_.MusicBox->setMousePointer(pointerCross);
-}
-
-// Counted from 9, "B", down to 19, "C#". A C comes out as 8, for which there is no name, so that
-// the label found before stays.
-void MusicMouse::NoteLabel(int value) {
-    static constexpr std::array<const char*, 11> names{"B", "A#", "A",  "G#", "G", "F#",
-                                                       "F", "E",  "D#", "D",  "C#"};
-    if (value > heldOffset)
-        value -= heldOffset;
-    int step = value + 1;
-    if (step < 9)
-        step += 12;
-    while (step >= 20)
-        step -= 12;
-    if (step >= 9)
-        studio_.view.LastNoteLabel = names[static_cast<std::size_t>(step - 9)];
 }
 
 } // namespace velorin
