@@ -61,6 +61,33 @@ void scrollByOneLine(benchmark::State& state) {
         bar.setValue(bar.value() < bar.maximum() ? bar.value() + 1 : bar.minimum());
 }
 
+/// A whole picture of a thumb that is dragged: drawn, and painted into the window's memory.
+void shownScroll(benchmark::State& state) {
+    FullTableau tableau;
+    tableau.stage.area.show();
+    QApplication::processEvents();
+    QScrollBar& bar = *tableau.stage.area.HScroll1;
+    for (auto _ : state) {
+        bar.setValue(bar.value() < bar.maximum() ? bar.value() + 1 : bar.minimum());
+        QApplication::processEvents();
+    }
+}
+
+void shownMarkerStep(benchmark::State& state) {
+    FullTableau tableau;
+    tableau.stage.area.show();
+    QApplication::processEvents();
+    int column = 0;
+    tableau.stage.music.GetColumn(column);
+    for (auto _ : state) {
+        tableau.stage.music.PutColumn(column);
+        column = (column + 1) % 100;
+        tableau.stage.music.GetColumn(column);
+        tableau.stage.music.drawPlayMarker(column);
+        QApplication::processEvents();
+    }
+}
+
 void markerStep(benchmark::State& state) {
     FullTableau tableau;
     int column = 0;
@@ -99,6 +126,8 @@ BENCHMARK(wholeRedraw)->Unit(benchmark::kMicrosecond);
 BENCHMARK(wholeRedrawOfAllThree)->Unit(benchmark::kMicrosecond);
 BENCHMARK(scrollByOneColumn)->Unit(benchmark::kMicrosecond);
 BENCHMARK(scrollByOneLine)->Unit(benchmark::kMicrosecond);
+BENCHMARK(shownScroll)->Unit(benchmark::kMicrosecond);
+BENCHMARK(shownMarkerStep)->Unit(benchmark::kMicrosecond);
 BENCHMARK(markerStep)->Unit(benchmark::kMicrosecond);
 BENCHMARK(dragStep)->Unit(benchmark::kMicrosecond);
 BENCHMARK(layout)->Unit(benchmark::kMicrosecond);

@@ -3,6 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
+
+#include <functional>
+
 using namespace velorin;
 
 namespace {
@@ -209,4 +213,56 @@ TEST_F(Layout, ScrollYieldsAfterTheViewIsSetAndAnotherMayRunInside) {
     EXPECT_EQ(columnInside, 100);
     EXPECT_EQ(view().FirstColumn, 200);
     EXPECT_EQ(stage.area.TopBar[0]->text(), "201");
+}
+
+TEST_F(Layout, EveryChangeOfABarRunsItsHandlerOnce) {
+    stage.resize(640, 480);
+    QScrollBar& bar = *stage.area.HScroll1;
+    int yields = 0; // one in each run of the handler
+    std::function<void()> count = [&] {
+        ++yields;
+        stage.host.time.plan(0, count);
+    };
+    stage.host.time.plan(0, count);
+    bar.setValue(30);
+    EXPECT_EQ(yields, 1);
+    bar.setValue(30);
+    EXPECT_EQ(yields, 1) << "what is set already changes nothing";
+    bar.triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    EXPECT_EQ(yields, 2);
+    bar.triggerAction(QAbstractSlider::SliderPageStepAdd);
+    EXPECT_EQ(yields, 3);
+    EXPECT_EQ(view().FirstColumn, 31 + 47 - 23);
+
+    bar.setSliderDown(true);
+    bar.setSliderPosition(200);
+    EXPECT_EQ(yields, 4) << "the picture follows the thumb";
+    EXPECT_EQ(view().FirstColumn, 177);
+    bar.setSliderDown(false);
+    EXPECT_EQ(yields, 4);
+}
+
+TEST_F(Layout, PictureOfAnotherScaleIsDrawnAnew) {
+    stage.resize(640, 480);
+    stage.note(0, 5, 58, 1);
+    stage.music.DrawNoteArray();
+    stage.area.MusicBox->picture.resize(530, 283, 2.0); // as on a screen that the window has left
+    stage.area.MusicBox->grab();
+    QApplication::processEvents();
+    EXPECT_EQ(stage.area.MusicBox->picture.ratio(), stage.area.MusicBox->devicePixelRatioF());
+    EXPECT_EQ(stage.pixel(71, 41), rgb(255, 0, 0));
+}
+
+TEST_F(Layout, FocusStaysWhereItIs) {
+    stage.resize(640, 480);
+    stage.area.show();
+    stage.area.activateWindow();
+    stage.area.MusicBox->setFocus();
+    int lost = 0;
+    stage.area.MusicBox->onLostFocus = [&] { ++lost; };
+    stage.resize(800, 600);
+    EXPECT_EQ(lost, 0);
+    EXPECT_TRUE(stage.area.isVisible());
+    EXPECT_TRUE(stage.area.updatesEnabled());
+    stage.area.MusicBox->onLostFocus = nullptr;
 }
