@@ -3,10 +3,36 @@
 
 #include "platform/MessageLoop.h"
 
+#include <QApplication>
 #include <QCursor>
 #include <QMenu>
+#include <QPointer>
 
 namespace velorin::host {
+
+namespace {
+
+/// While a menu is open the window system tells nobody else where the pointer goes, so the control
+/// under it would go on looking as if the pointer were there.
+class PointerLeaves {
+public:
+    PointerLeaves() : control_(QApplication::widgetAt(QCursor::pos())) {}
+    ~PointerLeaves() {
+        if (!control_ || control_->rect().contains(control_->mapFromGlobal(QCursor::pos())))
+            return;
+        QEvent leave(QEvent::Leave);
+        control_->setAttribute(Qt::WA_UnderMouse, false);
+        QApplication::sendEvent(control_, &leave);
+        control_->update();
+    }
+    PointerLeaves(const PointerLeaves&) = delete;
+    PointerLeaves& operator=(const PointerLeaves&) = delete;
+
+private:
+    QPointer<QWidget> control_;
+};
+
+} // namespace
 
 std::string QtPopupMenus::PopupMenu(const std::string& menu,
                                     const std::vector<platform::PopupEntry>& entries) {
@@ -25,6 +51,7 @@ std::string QtPopupMenus::PopupMenu(const std::string& menu,
         action->setCheckable(entry.checked);
         action->setChecked(entry.checked);
     }
+    const PointerLeaves pointerLeaves;
     const QAction* chosen = popup.exec(QCursor::pos());
     if (chosen == nullptr || loop_.isEnding())
         return {};
