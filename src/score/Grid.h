@@ -28,6 +28,7 @@ public:
         if (!holds(row, column))
             return false;
         cells_[index(row, column)] = value;
+        ++changes_;
         return true;
     }
 
@@ -37,13 +38,22 @@ public:
         return cells_[index(row, column)];
     }
 
-    void fill(std::int16_t value) { cells_.fill(value); }
+    void fill(std::int16_t value) {
+        cells_.fill(value);
+        ++changes_;
+    }
+
+    /// Grows with every write, so that who wants to know whether anything has changed need not
+    /// compare cells. It says nothing about how two grids compare.
+    [[nodiscard]] std::uint64_t changes() const { return changes_; }
 
     [[nodiscard]] static constexpr bool holds(int row, int column) {
         return row >= 0 && row < Rows && column >= 0 && column < Columns;
     }
 
-    friend bool operator==(const Grid&, const Grid&) = default;
+    friend bool operator==(const Grid& one, const Grid& other) {
+        return one.cells_ == other.cells_;
+    }
 
 private:
     static constexpr std::size_t index(int row, int column) {
@@ -51,6 +61,7 @@ private:
     }
 
     std::array<std::int16_t, static_cast<std::size_t>(Rows) * Columns> cells_{};
+    std::uint64_t changes_ = 0;
 };
 
 } // namespace velorin

@@ -37,12 +37,8 @@ int lastWritten(const Score& score, int row) {
     return column;
 }
 
-} // namespace
-
-// The lanes have entries 1 through the longest row's last column plus 1, which the grid does not
-// have if that row is full.
-std::string scoreText(const Score& score) {
-    std::string text;
+/// Lines 1 to 29. Returns the last column written of the longest row.
+int appendSong(std::string& text, const Score& score) {
     int longest = 0;
     for (int row = 0; row < scoreRows; ++row) {
         const int last = lastWritten(score, row);
@@ -62,9 +58,48 @@ std::string scoreText(const Score& score) {
     text += lineEnd;
     text += "Polyphonics";
     text += lineEnd;
+    return longest;
+}
+
+/// The last entry of any lane that holds a mark; 0 if none does.
+int lastMark(const PolyGrid& marks) {
+    int last = 0;
     for (int lane = 1; lane < PolyGrid::rows; ++lane)
-        appendLine(text, score.PolyArray, lane, 1, std::min(longest + 1, lastGridColumn));
+        for (int entry = lastGridColumn; entry > last; --entry)
+            if (marks.at(lane, entry) != 0)
+                last = entry;
+    return last;
+}
+
+} // namespace
+
+// The lanes have entries 1 through the longest row's last column plus 1, which the grid does not
+// have if that row is full.
+std::string scoreText(const Score& score) {
+    std::string text;
+    const int last = std::min(appendSong(text, score) + 1, lastGridColumn);
+    for (int lane = 1; lane < PolyGrid::rows; ++lane)
+        appendLine(text, score.PolyArray, lane, 1, last);
     return text;
+}
+
+// The reader puts field i into entry i, and so does this writer, so that the marks come back where
+// they stood. Entries behind the last note are written too, since marks may wait there for notes.
+std::string keptText(const Score& score) {
+    std::string text;
+    const int longest = appendSong(text, score);
+    const int last = std::min(std::max(longest + 1, lastMark(score.PolyArray)), lastGridColumn);
+    for (int lane = 1; lane < PolyGrid::rows; ++lane)
+        appendLine(text, score.PolyArray, lane, 0, last);
+    return text;
+}
+
+bool isWorthKeeping(const Score& score) {
+    for (int row = 0; row < scoreRows; ++row)
+        for (int column = 0; column <= lastGridColumn; ++column)
+            if (!isEmpty(score.NoteArray.at(row, column)))
+                return true;
+    return lastMark(score.PolyArray) > 0;
 }
 
 } // namespace velorin

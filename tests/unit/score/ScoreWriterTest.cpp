@@ -116,3 +116,33 @@ TEST_F(ScoreWriterTest, MarkOfColumn0FallsIntoTheEntryThatNoNoteLooksAt) {
     const auto again = readBack(scoreText(*score));
     EXPECT_EQ(cells(again->PolyArray, 1, 0, 2), "1,0,0");
 }
+
+TEST_F(ScoreWriterTest, KeptScoreComesBackWithItsChordMarksWhereTheyStood) {
+    putRow(*score, 0, "60,1060,-1,62", 24);
+    putRow(*score, 9, "-1,40", 130);
+    score->PolyArray.write(1, 1, 1); // column 0 of row 0
+    score->PolyArray.write(8, 4, 1); // column 3 of row 7
+    score->Tempo = 80;
+    score->RowInstrument[3] = 17;
+    const auto again = readBack(keptText(*score));
+    EXPECT_EQ(again->NoteArray, score->NoteArray);
+    EXPECT_EQ(again->InstrumentArray, score->InstrumentArray);
+    EXPECT_EQ(again->PolyArray, score->PolyArray);
+    EXPECT_EQ(again->Tempo, 80);
+    EXPECT_EQ(again->RowInstrument, score->RowInstrument);
+}
+
+TEST_F(ScoreWriterTest, KeptScoreHasTheMarksBehindTheLastNoteToo) {
+    putRow(*score, 0, "60");
+    score->PolyArray.write(2, 1000, 1);
+    EXPECT_EQ(readBack(keptText(*score))->PolyArray, score->PolyArray);
+}
+
+TEST_F(ScoreWriterTest, ScoreWithANoteOrAChordMarkIsWorthKeeping) {
+    EXPECT_FALSE(isWorthKeeping(*score));
+    score->PolyArray.write(3, 7, 1);
+    EXPECT_TRUE(isWorthKeeping(*score));
+    score->ClearPolies();
+    score->NoteArray.write(12, 1000, 5);
+    EXPECT_TRUE(isWorthKeeping(*score));
+}
