@@ -16,6 +16,7 @@ class Settings;
 class Desktop;
 class PopupMenus;
 class Timers;
+class KeptState;
 
 /// Owns nothing; the host outlives every user of it.
 struct Platform {
@@ -32,6 +33,8 @@ struct Platform {
     Timers& timers;
     /// The folder under which "Songs" and "media" lie, without a separator at its end.
     std::string programFolder;
+    /// Null where nothing is to outlive the run.
+    KeptState* kept = nullptr;
 };
 
 } // namespace platform

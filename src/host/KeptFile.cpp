@@ -1,0 +1,89 @@
+// The form of a kept text on the disk.
+#include "host/KeptFile.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdio>
+#include <regex>
+
+namespace velorin::host {
+
+namespace {
+
+constexpr std::string_view sealWord = "kept ";
+constexpr std::string_view lineEnd = "\r\n";
+
+/// FNV-1a: it need not withstand an enemy, only a cut or a block of zeros.
+std::uint64_t checkSum(std::string_view text, std::uint64_t number) {
+    std::uint64_t sum = 0xcbf29ce484222325U ^ number;
+    for (const char byte : text) {
+        sum ^= static_cast<unsigned char>(byte);
+        sum *= 0x100000001b3U;
+    }
+    return sum;
+}
+
+bool readNumber(std::string_view& line, std::uint64_t& number) {
+    const auto result = std::from_chars(line.data(), line.data() + line.size(), number);
+    if (result.ec != std::errc())
+        return false;
+    line.remove_prefix(static_cast<std::size_t>(result.ptr - line.data()));
+    return true;
+}
+
+} // namespace
+
+std::string sealed(const KeptText& kept) {
+    std::string bytes = kept.text;
+    bytes += sealWord;
+    bytes += std::to_string(kept.number);
+    bytes += ' ';
+    bytes += std::to_string(checkSum(kept.text, kept.number));
+    bytes += lineEnd;
+    return bytes;
+}
+
+std::optional<KeptText> unsealed(std::string_view bytes) {
+    if (!bytes.ends_with(lineEnd))
+        return std::nullopt;
+    const std::size_t seal = bytes.rfind(sealWord);
+    if (seal == std::string_view::npos)
+        return std::nullopt;
+    const std::string_view text = bytes.substr(0, seal);
+    std::string_view line = bytes.substr(seal + sealWord.size());
+    std::uint64_t number = 0;
+    std::uint64_t sum = 0;
+    if (!readNumber(line, number) || !line.starts_with(' '))
+        return std::nullopt;
+    line.remove_prefix(1);
+    if (!readNumber(line, sum) || line != lineEnd || sum != checkSum(text, number))
+        return std::nullopt;
+    return KeptText{std::string(text), number};
+}
+
+std::string recoveredName(std::time_t moment, int count) {
+    std::tm parts{};
+    localtime_r(&moment, &parts);
+    char name[64];
+    const std::size_t length =
+        std::strftime(name, sizeof name, "recovered %Y-%m-%d %H-%M-%S", &parts);
+    std::string whole(name, length);
+    if (count > 1)
+        whole += " (" + std::to_string(count) + ")";
+    return whole + ".sng";
+}
+
+// The name is the date, so the order of the names is the order of time. A file that the user has
+// given another name is the user's.
+std::vector<std::string> recoveredBeyond(std::vector<std::string> names, std::size_t most) {
+    static const std::regex ours(R"(recovered \d{4}-\d\d-\d\d \d\d-\d\d-\d\d( \(\d+\))?\.sng)");
+    std::erase_if(names, [](const std::string& name) { return !std::regex_match(name, ours); });
+    // Without the ending, since a count would sort before it.
+    std::sort(names.begin(), names.end(), [](const std::string& one, const std::string& other) {
+        return one.substr(0, one.size() - 4) < other.substr(0, other.size() - 4);
+    });
+    names.resize(names.size() - std::min(names.size(), most));
+    return names;
+}
+
+} // namespace velorin::host

@@ -1,0 +1,30 @@
+// What outlives the process, however it ends: one text per run, kept by the host for the next
+// start.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace platform {
+
+/// All calls come from the user-interface thread.
+class KeptState {
+public:
+    virtual ~KeptState() = default;
+
+    /// Keeps `text` in place of what was kept before. On return the end of the process does not
+    /// lose it; shortly afterwards the loss of power does not either. A failure is told of once on
+    /// standard error.
+    virtual void keep(const std::string& text) = 0;
+
+    /// From now on nothing is kept.
+    virtual void forget() = 0;
+
+    /// Puts each text that an earlier run kept and did not forget into a file of its own in
+    /// `folder` (a name as the program has it), and takes away the oldest such files when there are
+    /// more than twenty. Texts of runs that are still going on are left alone. Returns the names of
+    /// the new files, without the folder; each is told of on standard error.
+    virtual std::vector<std::string> recoverInto(const std::string& folder) = 0;
+};
+
+} // namespace platform
