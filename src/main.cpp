@@ -1,7 +1,9 @@
 // The program with its windows: chooses the host, makes the program, and runs it.
+#include "host/EndSignals.h"
 #include "host/HostDesktop.h"
 #include "host/HostFiles.h"
 #include "host/HostSound.h"
+#include "host/KeptFolder.h"
 #include "host/QtDialogs.h"
 #include "host/QtMessageBoxes.h"
 #include "host/QtMessageLoop.h"
@@ -18,6 +20,7 @@
 #include <QStandardPaths>
 
 #include <clocale>
+#include <cstdlib>
 
 namespace {
 
@@ -40,7 +43,7 @@ QString workFolder() {
     return users;
 }
 
-int runProgram() {
+int runProgram(velorin::host::EndSignals& signals) {
     using namespace velorin;
     const QString folder = workFolder();
     host::HostSound sound(QCoreApplication::applicationDirPath().toStdString());
@@ -52,20 +55,23 @@ int runProgram() {
     host::HostDesktop desktop;
     host::QtPopupMenus menus(loop);
     host::QtTimers timers;
-    platform::Platform platform{sound.clock(), loop,  sound.midi(), sound.mci(),
-                                dialogs,       boxes, files,        settings,
-                                desktop,       menus, timers,       folder.toStdString()};
+    host::KeptFolder kept(host::stateFolder(std::getenv("XDG_STATE_HOME"), std::getenv("HOME")));
+    platform::Platform platform{
+        sound.clock(), loop,  sound.midi(), sound.mci(),          dialogs, boxes, files, settings,
+        desktop,       menus, timers,       folder.toStdString(), &kept};
     Program program(platform);
+    signals.listen([&program] { program.endFromOutside(); });
     if (program.start() && !program.hasEnded())
         QApplication::exec();
     // The desktop can close the application without its exit command.
-    program.Command3_Click();
+    program.endFromOutside();
     return program.exitStatus();
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
+    velorin::host::EndSignals signals; // before the first thread
     preferX11();
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
@@ -78,5 +84,5 @@ int main(int argc, char** argv) {
     // Windows come and go; the exit command alone ends the program.
     QApplication::setQuitOnLastWindowClosed(false);
     velorin::applyLook(application);
-    return runProgram();
+    return runProgram(signals);
 }

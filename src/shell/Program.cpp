@@ -3,7 +3,9 @@
 
 #include "platform/Desktop.h"
 #include "platform/Dialogs.h"
+#include "platform/KeptState.h"
 #include "platform/MidiOut.h"
+#include "platform/Timers.h"
 #include "shell/Form1.h"
 #include "shell/HoldingLoop.h"
 #include "shell/SetupToolbar.h"
@@ -21,7 +23,8 @@ constexpr char title[] = "Velorin";
 
 platform::Platform withLoop(const platform::Platform& host, platform::MessageLoop& loop) {
     return {host.clock, loop,          host.midi,    host.mci,   host.dialogs, host.boxes,
-            host.files, host.settings, host.desktop, host.menus, host.timers,  host.programFolder};
+            host.files, host.settings, host.desktop, host.menus, host.timers,  host.programFolder,
+            host.kept};
 }
 
 } // namespace
@@ -32,6 +35,7 @@ Program::Program(platform::Platform& host)
       hints(platform_),
       setup_(std::make_unique<SetupToolbar>(studio_)),
       studio_(platform_, *setup_),
+      kept_(platform_.kept, studio_.score),
       form1_(std::make_unique<Form1>(*this)) {
     setup_->attach(form1_->sounding, *form1_);
     loop_->onFree = [this] { scheduleDestruction(); };
@@ -53,7 +57,29 @@ bool Program::start() {
     // Painted before the main window is made; a yield is not due before the end of that.
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     form1_->Form_Load();
+    kept_.watch();
+    recoverScores();
     return true;
+}
+
+// After everything else: the window is there to tell beside, and the folder for scores exists.
+void Program::recoverScores() {
+    if (platform_.kept == nullptr || ended_)
+        return;
+    const auto names = platform_.kept->recoverInto(studio_.run.SongsFolder);
+    if (!names.empty())
+        platform_.timers.after(0, [this, names] { tellOfRecovered(names); });
+}
+
+void Program::tellOfRecovered(const std::vector<std::string>& names) {
+    if (ending_ || ended_)
+        return;
+    const std::string text = "Velorin did not end in order the last time. Nothing is lost:\r\n"
+                             "the score as it stood is in the folder \"Songs\" as\r\n\"" +
+                             names.back() + "\".";
+    const QWidget& beside = *form1_->area->MusicBox;
+    constexpr int insideCorner = 32;
+    hints.showHint(&beside, text, beside.mapToGlobal(QPoint(insideCorner, insideCorner)));
 }
 
 bool Program::IsProgramRunning() {
@@ -79,6 +105,7 @@ void Program::Command3_Click() {
     for (const char* name : {"Form2", "Form3", "Record", "Wiz"})
         unloadWindow(name);
     form1_->Form_Unload();
+    kept_.end();
     ended_ = true;
     platform_.loop.end();
 }
@@ -87,7 +114,15 @@ void Program::endWithError(const std::string& text) {
     if (ending_ || ended_)
         return;
     exitStatus_ = 1;
+    kept_.setAside();
     platform_.boxes.MsgBox(platform::BoxIcon::critical, title, text);
+    Command3_Click();
+}
+
+void Program::endFromOutside() {
+    if (ending_ || ended_)
+        return;
+    kept_.setAside();
     Command3_Click();
 }
 

@@ -5,6 +5,7 @@
 #include "platform/Platform.h"
 #include "score/Studio.h"
 #include "shell/FocusKeeper.h"
+#include "shell/KeptScore.h"
 #include "shell/SkinnedFrame.h"
 #include "shell/ToolWindow.h"
 #include "shell/frminfo.h"
@@ -43,9 +44,13 @@ public:
     /// The exit command. A second call does nothing.
     void Command3_Click();
 
-    /// For an error that nothing may go on after: says it in one message box and ends in the usual
-    /// order.
+    /// For an error that nothing may go on after: puts the score aside for the next start, says
+    /// what happened in one message box and ends in the usual order.
     void endWithError(const std::string& text);
+
+    /// The exit command for an end that the user has not asked for in the program: the score is put
+    /// aside for the next start.
+    void endFromOutside();
 
     [[nodiscard]] Studio& studio() { return studio_; }
     [[nodiscard]] Form1& form1() { return *form1_; }
@@ -77,6 +82,8 @@ private:
     };
 
     bool IsProgramRunning();
+    void recoverScores();
+    void tellOfRecovered(const std::vector<std::string>& names);
     void scheduleDestruction();
     void destroyWaiting();
 
@@ -92,6 +99,7 @@ public:
 private:
     std::unique_ptr<SetupToolbar> setup_;
     Studio studio_;
+    KeptScore kept_;
     std::vector<std::unique_ptr<QWidget>> waiting_; ///< to be destroyed
     std::vector<NamedWindow> toolWindows_;
     std::unique_ptr<openerF> splash_;
