@@ -26,7 +26,11 @@ QString QtSettings::defaultFile() {
 QtSettings::QtSettings(QString file) : file_(std::move(file)) {
     const QSettings store(file_, QSettings::IniFormat);
     const QStringList keys = store.allKeys();
+    atRest_.setSingleShot(true);
+    QObject::connect(&atRest_, &QTimer::timeout, [this] { writeChanges(); });
     for (const QString& key : keys) {
+        if (key.isEmpty())
+            continue; // damage
         // A text with a comma that another program has written comes as a list.
         const QVariant value = store.value(key);
         const QString text = value.typeId() == QMetaType::QStringList
@@ -49,9 +53,23 @@ void QtSettings::SaveSetting(const std::string& section, const std::string& key,
     if (known != values_.end() && known->second == value)
         return;
     values_[name] = value;
+    changed_.insert(name);
+    atRest_.start(0);
+}
+
+QtSettings::~QtSettings() {
+    writeChanges();
+}
+
+// All in one go: each writing waits for the disk.
+void QtSettings::writeChanges() {
+    if (changed_.empty())
+        return;
     QDir().mkpath(QFileInfo(file_).absolutePath());
     QSettings store(file_, QSettings::IniFormat);
-    store.setValue(QString::fromStdString(name), QString::fromStdString(value));
+    for (const std::string& name : changed_)
+        store.setValue(QString::fromStdString(name), QString::fromStdString(values_[name]));
+    changed_.clear();
     store.sync();
     if (store.status() == QSettings::AccessError)
         notWritable_.say("the settings cannot be written to " + file_.toStdString());

@@ -5,16 +5,21 @@
 #include "platform/Settings.h"
 
 #include <QString>
+#include <QTimer>
 
 #include <map>
+#include <set>
 
 namespace velorin::host {
 
-/// Read whole when it is made. Every change is written to the file at once; one that cannot be
-/// written is kept for the run.
+/// Read whole when it is made. Changes are written together when the event loop comes to rest, and
+/// at the end; what cannot be written is kept for the run.
 class QtSettings final : public platform::Settings {
 public:
     explicit QtSettings(QString file = defaultFile());
+    ~QtSettings() override;
+    QtSettings(const QtSettings&) = delete;
+    QtSettings& operator=(const QtSettings&) = delete;
 
     std::string GetSetting(const std::string& section, const std::string& key,
                            const std::string& fallback) override;
@@ -25,7 +30,11 @@ public:
     [[nodiscard]] static QString defaultFile();
 
 private:
+    void writeChanges();
+
     QString file_;
+    QTimer atRest_;
+    std::set<std::string> changed_;             ///< keys that the file does not have yet
     std::map<std::string, std::string> values_; ///< by section and key, in lower case
     Complaint notWritable_;
 };
