@@ -17,7 +17,7 @@ Table gathered() {
     Table table;
     for (const Operations& operations :
          {scoreOperations(), playbackOperations(), tableauOperations(), shellOperations(),
-          setupOperations()}) {
+          frameOperations(), menuOperations(), setupOperations(), editingOperations()}) {
         for (const Operation& each : operations)
             table[each.name] = each.run;
     }

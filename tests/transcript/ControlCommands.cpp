@@ -2,12 +2,12 @@
 #include "Commands.h"
 #include "ControlNames.h"
 #include "ControlValues.h"
+#include "MenuEntries.h"
 #include "Session.h"
 
+#include "shell/Form1.h"
 #include "shell/Program.h"
 
-#include <QApplication>
-#include <QKeyEvent>
 #include <QKeySequence>
 
 #include <array>

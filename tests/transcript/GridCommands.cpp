@@ -16,9 +16,13 @@ namespace {
 std::map<std::string, Variable> gathered() {
     std::map<std::string, Variable> table;
     for (const Variables& variables :
-         {scoreVariables(), viewVariables(), runVariables(), playbackVariables()}) {
-        for (const Variable& each : variables)
+         {scoreVariables(), viewVariables(), runVariables(), playbackVariables(),
+          editingVariables(), setupVariables(), tableVariables()}) {
+        for (const Variable& each : variables) {
             table[each.name] = each;
+            // A variable of another window is also known without it.
+            table[each.name.substr(each.name.find('.') + 1)] = each;
+        }
     }
     return table;
 }

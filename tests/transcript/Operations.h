@@ -80,6 +80,9 @@ Operation operation(std::string name, Reach reach, Result (Owner::*procedure)(Pa
 [[nodiscard]] Operations playbackOperations();
 [[nodiscard]] Operations tableauOperations();
 [[nodiscard]] Operations shellOperations();
+[[nodiscard]] Operations frameOperations();
+[[nodiscard]] Operations menuOperations();
 [[nodiscard]] Operations setupOperations();
+[[nodiscard]] Operations editingOperations();
 
 } // namespace transcript

@@ -1,8 +1,10 @@
-// The variables of the sounding, of the sequencer and of the frame.
+// The variables of the sounding, the sequencer, the clipboard, the frame and the Setup Toolbar.
 #include "Variables.h"
 
 #include "shell/Form1.h"
+#include "shell/Form3.h"
 #include "shell/Program.h"
+#include "shell/SetupToolbar.h"
 
 namespace transcript {
 
@@ -34,6 +36,33 @@ Variable handle() {
 }
 
 } // namespace
+
+Variables editingVariables() {
+    const auto clip = [](Session& session) -> Clipboard& { return session.form1().edits.clip; };
+    return {
+        gridVariable("ClipNotes", NoteGrid::rows, NoteGrid::columns,
+                     [clip](Session& session) -> NoteGrid& { return clip(session).ClipNotes; }),
+        gridVariable(
+            "ClipInstruments", NoteGrid::rows, NoteGrid::columns,
+            [clip](Session& session) -> NoteGrid& { return clip(session).ClipInstruments; }),
+        gridVariable("ClipPoly", PolyGrid::rows, PolyGrid::columns,
+                     [clip](Session& session) -> PolyGrid& { return clip(session).ClipPoly; }),
+        variable("ClipLength",
+                 [clip](Session& session) -> std::int16_t& { return clip(session).ClipLength; }),
+    };
+}
+
+Variables setupVariables() {
+    const auto form = [](Session& session) -> Form3& { return session.program().setup().form(); };
+    return {
+        variable("Form3.Form3Loading",
+                 [form](Session& session) -> Flag& { return form(session).Form3Loading; }),
+        variable("Form3.MidiDeviceCount",
+                 [form](Session& session) -> int& { return form(session).MidiDeviceCount; }),
+        variable("Form3.SavedDevice",
+                 [form](Session& session) -> std::int16_t& { return form(session).SavedDevice; }),
+    };
+}
 
 Variables playbackVariables() {
     return {

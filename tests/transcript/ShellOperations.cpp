@@ -1,5 +1,4 @@
-// Operations of the shell: the main toolbar, the exit, the frame, the sample files.
-#include "ControlNames.h"
+// Operations of the shell: the main toolbar, the handles, the exit, the sample files.
 #include "Operations.h"
 #include "Session.h"
 #include "shell/Form1.h"
@@ -38,6 +37,19 @@ Operations toolbarOperations() {
     return {
         indexed("Form1.Cmd2_Click", &Form1::Cmd2_Click),
         indexed("Form1.Cmd2_MouseDown", &Form1::Cmd2_MouseDown),
+        indexed("Form1.Resizer_MouseDown", &Form1::Resizer_MouseDown),
+        indexed("Form1.Resizer_MouseUp", &Form1::Resizer_MouseUp),
+        operation("Form1.Form_Load", mainWindow, &Form1::Form_Load),
+        operation("Form1.Form_Unload", mainWindow, &Form1::Form_Unload),
+        {"Form1.Cmd2_MouseUp",
+         [](Session& session, Arguments& arguments) {
+             constexpr int helpButton = 13; // the one that acts on release
+             const int index = arguments.next<int>();
+             arguments.ignoreRest();
+             if (index == helpButton)
+                 session.form1().Cmd2_Click(index);
+             return Lines{};
+         }},
         {"Form1.Cmd2_MouseMove",
          [](Session& session, Arguments& arguments) {
              const int index = arguments.next<int>();
@@ -59,51 +71,11 @@ Operations toolbarOperations() {
     };
 }
 
-Operations frameOperations() {
-    const auto frame = [](Session& session) -> SkinnedFrame& { return session.form1().frame; };
-    return {
-        operation("Form1.ToggleMaximize", mainWindow, &Form1::ToggleMaximize),
-        operation("Form1.imgTitleClose_Click", mainWindow, &Form1::imgTitleClose_Click),
-        operation("Form1.imgTitleMinimize_Click", mainWindow, &Form1::imgTitleMinimize_Click),
-        operation("Form1.imgTitleMaxRestore_Click", mainWindow, &Form1::imgTitleMaxRestore_Click),
-        operation("Form1.imgTitleRestore_Click", mainWindow, &Form1::imgTitleRestore_Click),
-        operation("Form1.imgTitleHelp_Click", mainWindow, &Form1::imgTitleHelp_Click),
-        indexed("Form1.Resizer_MouseDown", &Form1::Resizer_MouseDown),
-        indexed("Form1.Resizer_MouseUp", &Form1::Resizer_MouseUp),
-        {"Form1.SetTopMost",
-         [](Session& session, Arguments& arguments) {
-             QWidget& window = windowOf(session, arguments.text());
-             const bool topMost = arguments.next<bool>();
-             arguments.expectEnd();
-             SetTopMost(window, topMost);
-             return Lines{};
-         }},
-        {"Form1.SkinMainWindow",
-         [frame](Session& session, Arguments& arguments) {
-             (void)windowOf(session, arguments.text());
-             const int flag = arguments.next<int>();
-             arguments.expectEnd();
-             frame(session).SkinMainWindow(static_cast<Flag>(flag));
-             return Lines{};
-         }},
-        {"Form1.ApplyWindowRegion",
-         [frame](Session& session, Arguments& arguments) {
-             if (!arguments.isAtEnd())
-                 (void)windowOf(session, arguments.text());
-             arguments.expectEnd();
-             frame(session).ApplyWindowRegion();
-             return Lines{};
-         }},
-    };
-}
-
 } // namespace
 
 Operations shellOperations() {
     const auto samples = [](Session& session) -> SampleFiles& { return session.form1().samples; };
     Operations all = toolbarOperations();
-    for (const Operation& each : frameOperations())
-        all.push_back(each);
     all.push_back(operation("Form1.FileExists", samples, &SampleFiles::FileExists));
     all.push_back(operation("Form1.p_DestroyFile", samples, &SampleFiles::p_DestroyFile));
     all.push_back(operation("Form1.RemoveSamples", samples, &SampleFiles::RemoveSamples));

@@ -116,4 +116,14 @@ Variables runVariables() {
     };
 }
 
+Variables tableVariables() {
+    return {
+        {"NoteName",
+         {128},
+         [](Session&, const Indices& at) { return answer(NoteName(at[0]).value_or("")); },
+         {}},
+        {"BlendSpec", {}, [](Session&, const Indices&) { return Lines{"6553600"}; }, {}},
+    };
+}
+
 } // namespace transcript

@@ -94,5 +94,8 @@ Variable gridVariable(std::string name, int rows, int columns, Reach reach) {
 [[nodiscard]] Variables viewVariables();
 [[nodiscard]] Variables runVariables();
 [[nodiscard]] Variables playbackVariables();
+[[nodiscard]] Variables editingVariables();
+[[nodiscard]] Variables setupVariables();
+[[nodiscard]] Variables tableVariables(); ///< tables that are only read
 
 } // namespace transcript

@@ -1,0 +1,42 @@
+// Operations of the popup menus' owner, `Frmmenu`, and of the hint window.
+#include "Operations.h"
+#include "Session.h"
+#include "shell/Form1.h"
+#include "shell/Menus.h"
+#include "shell/Program.h"
+
+namespace transcript {
+
+using namespace velorin;
+
+Operations menuOperations() {
+    const auto menus = [](Session& session) -> Frmmenu& { return session.form1().menus; };
+    Operations all{
+        operation("Frmmenu.Command1_Click", menus, &Frmmenu::Command1_Click),
+        operation("Frmmenu.Command2_Click", menus, &Frmmenu::Command2_Click),
+        operation("Frmmenu.Command3_Click", menus, &Frmmenu::Command3_Click),
+        operation("Frmmenu.Command4_Click", menus, &Frmmenu::Command4_Click),
+        operation("Frmmenu.Command5_Click", menus, &Frmmenu::Command5_Click),
+        operation("Frmmenu.Form_Click", menus, &Frmmenu::Form_Click),
+        operation(
+            "frminfo.imgTitleClose_Click",
+            [](Session& session) -> frminfo& { return session.program().hints; },
+            &frminfo::imgTitleClose_Click),
+    };
+    for (int number = 1; number <= 5; ++number) {
+        for (const MenuEntry& entry : popupTable(number).entries) {
+            if (*entry.caption == '\0')
+                continue;
+            const std::string name = entry.name;
+            all.push_back({"Frmmenu." + name + "_Click",
+                           [menus, name](Session& session, Arguments& arguments) {
+                               arguments.expectEnd();
+                               menus(session).click(name);
+                               return Lines{};
+                           }});
+        }
+    }
+    return all;
+}
+
+} // namespace transcript
