@@ -135,6 +135,10 @@ void Form1::makeHiddenControls() {
     for (int row = 0; row < scoreRows; ++row) {
         auto* option = hidden(new QRadioButton(this), element("TrackSel", row));
         option->setAutoExclusive(false);
+        const Colour colour = channelColors[static_cast<std::size_t>(row)];
+        option->setProperty("backColor", QColor(static_cast<int>(colour & 0xFF),
+                                                static_cast<int>((colour >> 8) & 0xFF),
+                                                static_cast<int>((colour >> 16) & 0xFF)));
         TrackSel[static_cast<std::size_t>(row)] = option;
     }
     TrackSel[0]->setChecked(true);

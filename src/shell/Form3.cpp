@@ -282,6 +282,7 @@ void Form3::TrackSel_MouseMove(int row) {
 void Form3::TrackHide_Click(int row) {
     const bool hidden = TrackHide[at(row)]->isChecked();
     TrackSel[at(row)]->setEnabled(!hidden);
+    TrackHide[at(row)]->setProperty("backColor", QColor(hidden ? Qt::black : Qt::white));
     if (hidden) {
         setTrackHidePicture(row, false);
     }

@@ -84,6 +84,7 @@ void Form3::makeRowOption(QWidget* panel, int row, int place) {
                             QRect(12 + 34 * place - ring, 27 - ring, 28 + 2 * ring, 22 + 2 * ring));
     auto* const box = new QCheckBox(panel);
     box->setProperty("role", "hide");
+    box->setProperty("backColor", QColor(Qt::white));
     box->setAccessibleName(QStringLiteral("Hide ") + rowAccessibleName(row));
     TrackHide[index] = named(box, element("TrackHide", row), QRect(17 + 34 * place, 54, 18, 18),
                              "Hide this channel");

@@ -81,6 +81,7 @@ QString rowAccessibleName(int row) {
 
 RowButton::RowButton(QWidget* parent, int row, Colour colour)
     : QAbstractButton(parent), row_(row), colour_(toColor(colour)) {
+    setProperty("backColor", colour_);
     setCheckable(true);
     setMouseTracking(true);
     setAttribute(Qt::WA_Hover);
@@ -140,6 +141,7 @@ void RowButton::keyReleaseEvent(QKeyEvent* event) {
 
 RowCheck::RowCheck(QWidget* parent, int row, Colour colour)
     : QAbstractButton(parent), row_(row), colour_(toColor(colour)) {
+    setProperty("backColor", colour_);
     setCheckable(true);
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::StrongFocus);

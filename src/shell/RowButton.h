@@ -16,6 +16,8 @@ namespace velorin {
 /// The row's name for a reader of the screen: "Channel 1".
 [[nodiscard]] QString rowAccessibleName(int row);
 
+// A control whose background has a colour of its own carries it as its property "backColor".
+
 /// An option: a face in the row's colour, with a ring while it is selected.
 ///
 ///     +------------+   the widget is 3 px larger than the face on each side

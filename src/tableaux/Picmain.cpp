@@ -52,7 +52,9 @@ protected:
 
 class Chip final : public QWidget {
 public:
-    Chip(QWidget* parent, Colour colour) : QWidget(parent), colour_(colour) {}
+    Chip(QWidget* parent, Colour colour) : QWidget(parent), colour_(colour) {
+        setProperty("backColor", toQColor(colour));
+    }
 
 protected:
     void paintEvent(QPaintEvent*) override {

@@ -108,7 +108,8 @@ Lines color(Session&, QWidget& control) {
         const velorin::Colour ground = box->picture.ground();
         return {joined({ground & 0xFF, (ground >> 8) & 0xFF, (ground >> 16) & 0xFF})};
     }
-    const QColor ground = control.palette().color(control.backgroundRole());
+    const QColor own = control.property("backColor").value<QColor>();
+    const QColor ground = own.isValid() ? own : control.palette().color(control.backgroundRole());
     return {joined({ground.red(), ground.green(), ground.blue()})};
 }
 
