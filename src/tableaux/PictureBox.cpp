@@ -36,6 +36,8 @@ int shiftState(Qt::KeyboardModifiers keys) {
            (keys.testFlag(Qt::ControlModifier) ? 2 : 0) | (keys.testFlag(Qt::AltModifier) ? 4 : 0);
 }
 
+constexpr int focusRingPx = 2;
+
 bool isWhole(double ratio) {
     return ratio == std::floor(ratio);
 }
@@ -129,6 +131,11 @@ void PictureBox::paintEvent(QPaintEvent* event) {
         QImage(picture.image().constBits(), picture.image().width(), picture.image().height(),
                picture.image().bytesPerLine(), picture.image().format());
     painter.drawImage(QPointF(0, 0), pixels);
+    if (hasRing_) {
+        painter.resetTransform();
+        painter.setPen(QPen(QColor(68, 204, 255), focusRingPx));
+        painter.drawRect(rect().adjusted(1, 1, -1, -1));
+    }
 }
 
 void PictureBox::resizeEvent(QResizeEvent*) {
@@ -160,12 +167,14 @@ void PictureBox::mouseReleaseEvent(QMouseEvent* event) {
 
 void PictureBox::focusInEvent(QFocusEvent* event) {
     QWidget::focusInEvent(event);
+    hasRing_ = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
     if (onGotFocus)
         onGotFocus();
 }
 
 void PictureBox::focusOutEvent(QFocusEvent* event) {
     QWidget::focusOutEvent(event);
+    hasRing_ = false;
     if (onLostFocus)
         onLostFocus();
 }

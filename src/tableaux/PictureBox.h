@@ -25,7 +25,8 @@ constexpr int middleButton = 4;
 
 /// The picture always has the size of the widget, as long as that is set through `place`. Whatever
 /// is drawn into `picture` shows by itself at the next turn of the event loop. The object name is
-/// the control's name.
+/// the control's name. Reached by the Tab key it shows a ring of focus, which is no part of the
+/// picture.
 class PictureBox : public QWidget {
     Q_OBJECT
 
@@ -77,6 +78,7 @@ private:
 
     int pointer_ = pointerDefault;
     bool paints_ = true;
+    bool hasRing_ = false; ///< the focus came by a key
     QCursor ownCursor_{Qt::CrossCursor};
 };
 

@@ -126,3 +126,16 @@ TEST(PictureBox, ShowsItsPictureAlsoWhenDisabled) {
     EXPECT_EQ(toColour(shown.pixel(10, 10)), rgb(255, 0, 0));
     EXPECT_EQ(toColour(shown.pixel(20, 20)), rgb(255, 255, 255));
 }
+
+TEST(PictureBox, FocusByAKeyShowsARingAndByTheMouseNone) {
+    PictureBox box(nullptr, "MusicBox", rgb(255, 255, 255));
+    box.place(0, 0, 50, 40);
+    const auto corner = [&](Qt::FocusReason reason) {
+        QFocusEvent event(QEvent::FocusIn, reason);
+        QApplication::sendEvent(&box, &event);
+        return toColour(box.grab().toImage().pixel(1, 20));
+    };
+    EXPECT_EQ(corner(Qt::TabFocusReason), rgb(68, 204, 255));
+    EXPECT_EQ(box.picture.pixel(1, 20), rgb(255, 255, 255));
+    EXPECT_EQ(corner(Qt::MouseFocusReason), rgb(255, 255, 255));
+}
