@@ -13,6 +13,7 @@
 #include "platform/Platform.h"
 #include "resources/Look.h"
 #include "shell/Program.h"
+#include "windows/ToolWindows.h"
 
 #include <QApplication>
 #include <QDir>
@@ -60,6 +61,7 @@ int runProgram(velorin::host::EndSignals& signals) {
         sound.clock(), loop,  sound.midi(), sound.mci(),          dialogs, boxes, files, settings,
         desktop,       menus, timers,       folder.toStdString(), &kept};
     Program program(platform);
+    addToolWindows(program);
     signals.listen([&program] { program.endFromOutside(); });
     if (program.start() && !program.hasEnded())
         QApplication::exec();

@@ -1,6 +1,7 @@
 // The main window: its controls, what they are connected to, and its frame.
 #include "shell/Form1.h"
 
+#include "platform/Text.h"
 #include "resources/InstrumentNames.h"
 #include "score/Studio.h"
 #include "shell/Program.h"
@@ -145,6 +146,13 @@ void Form1::makeHiddenControls() {
     connect(Combo1, &QComboBox::currentIndexChanged, this, [this] { Combo1_Click(); });
     connect(Combo5, &QComboBox::currentIndexChanged, this, [this] { Combo5_Click(); });
     connect(Combo2, &QComboBox::currentIndexChanged, this, [this] { Combo2_Click(); });
+    // Beats may not exceed Repeat, here as on the Editing Toolbar.
+    const auto keepBeatsWithinRepeat = [this] {
+        if (platform::Val(Text4()) < platform::Val(Text5()))
+            Text5Box->setText(Text4Box->text());
+    };
+    connect(Text4Box, &QLineEdit::textChanged, this, keepBeatsWithinRepeat);
+    connect(Text5Box, &QLineEdit::textChanged, this, keepBeatsWithinRepeat);
 }
 
 void Form1::makeShortcuts() {

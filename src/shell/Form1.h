@@ -4,6 +4,7 @@
 
 #include "editing/BlockEdits.h"
 #include "editing/Duplicate.h"
+#include "editing/EditCommands.h"
 #include "editing/EditingDesk.h"
 #include "playback/NoteSounding.h"
 #include "playback/PlaybackDesk.h"
@@ -47,6 +48,7 @@ class Form1 : public QWidget,
               public PlaybackDesk,
               public TableauDesk,
               public EditingDesk,
+              public EditCommands,
               public MenuDesk,
               public SetupDesk {
     Q_OBJECT
@@ -69,8 +71,6 @@ public:
     /// Shows the hint at the control's place plus the offsets, in pixels of the window; the
     /// control's short tip goes.
     void Getinfo(QWidget& control, const QString& text, int offsetX, int offsetY);
-    void HideToolbars();
-    void ShowToolbars();
     void ToggleMaximize();
     void imgTitleClose_Click();
     void imgTitleMinimize_Click();
@@ -130,6 +130,19 @@ public:
     std::string Text5() override;
     std::string Form2Text1() override;
     void showHint(const std::string& line) override;
+
+    // EditCommands
+    void mNew_Click() override;
+    void HideToolbars() override;
+    void ShowToolbars() override;
+    void mSaveAs_Click() override;
+    void PlaySelection() override;
+    void InsertColumnBut_Click() override;
+    void CopyNotes(int firstRow, int lastRow) override;
+    void FunctionBut_Click(int index) override;
+    void setText3(const std::string& text) override;
+    void setText4(const std::string& text) override;
+    void setText5(const std::string& text) override;
 
     // MenuDesk
     void CutBut_Click() override;

@@ -186,6 +186,42 @@ void Form1::showHint(const std::string& line) {
     program_.hints.showHint(this, line, mapToGlobal(QPoint(60, 80)));
 }
 
+void Form1::mNew_Click() {
+    commands.mNew_Click();
+}
+
+void Form1::mSaveAs_Click() {
+    files.mSaveAs_Click();
+}
+
+void Form1::PlaySelection() {
+    sequencer.PlaySelection();
+}
+
+void Form1::InsertColumnBut_Click() {
+    edits.InsertColumnBut_Click();
+}
+
+void Form1::CopyNotes(int firstRow, int lastRow) {
+    duplicate.CopyNotes(firstRow, lastRow);
+}
+
+void Form1::FunctionBut_Click(int index) {
+    musicMouse.FunctionBut_Click(index);
+}
+
+void Form1::setText3(const std::string& text) {
+    Text3Box->setText(QString::fromStdString(text));
+}
+
+void Form1::setText4(const std::string& text) {
+    Text4Box->setText(QString::fromStdString(text));
+}
+
+void Form1::setText5(const std::string& text) {
+    Text5Box->setText(QString::fromStdString(text));
+}
+
 void Form1::CutBut_Click() {
     edits.CutBut_Click();
 }

@@ -5,10 +5,7 @@
 #include "shell/Hints.h"
 #include "shell/Shortcuts.h"
 
-#include <QFile>
 #include <QIcon>
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QPainter>
 
 namespace velorin {
@@ -49,53 +46,6 @@ constexpr std::array<int, 4> separators{127, 177, 341, 505};
 constexpr int rightClickButton = 4;
 
 } // namespace
-
-PictureButton::PictureButton(QWidget* parent, const QString& name, const QString& picture)
-    : QToolButton(parent) {
-    setObjectName(name);
-    setPicture(picture);
-    setFocusPolicy(Qt::TabFocus);
-    setMouseTracking(true);
-}
-
-void PictureButton::setPicture(const QString& picture) {
-    QIcon icon;
-    icon.addFile(QStringLiteral(":/look/%1.svg").arg(picture), QSize(), QIcon::Normal);
-    const QString off = QStringLiteral(":/look/off/%1.svg").arg(picture);
-    if (QFile::exists(off))
-        icon.addFile(off, QSize(), QIcon::Disabled);
-    setIcon(icon);
-}
-
-bool PictureButton::event(QEvent* event) {
-    // Space presses the button that has the keyboard; elsewhere in the window it plays and stops.
-    if (event->type() == QEvent::ShortcutOverride &&
-        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space) {
-        event->accept();
-        return true;
-    }
-    return QToolButton::event(event);
-}
-
-void PictureButton::mouseMoveEvent(QMouseEvent* event) {
-    QToolButton::mouseMoveEvent(event);
-    if (onMouseMove)
-        onMouseMove(event->buttons().testFlag(Qt::LeftButton)    ? 1
-                    : event->buttons().testFlag(Qt::RightButton) ? 2
-                                                                 : 0);
-}
-
-void PictureButton::mousePressEvent(QMouseEvent* event) {
-    if (onMouseDown)
-        onMouseDown();
-    QToolButton::mousePressEvent(event);
-}
-
-void PictureButton::leaveEvent(QEvent* event) {
-    QToolButton::leaveEvent(event);
-    if (onLeave)
-        onLeave();
-}
 
 MainToolbar::MainToolbar(QWidget* parent) : QWidget(parent) {
     setObjectName("toolbMenu");

@@ -5,6 +5,7 @@
 #include "Commands.h"
 #include "shell/Form1.h"
 #include "shell/Program.h"
+#include "windows/ToolWindows.h"
 
 #include <QCoreApplication>
 
@@ -41,6 +42,7 @@ void Session::startProgram() {
     program_.reset();
     host.time.clearEnd();
     program_ = std::make_unique<velorin::Program>(host.platform);
+    velorin::addToolWindows(*program_);
     program_->start();
 }
 

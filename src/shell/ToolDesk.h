@@ -1,0 +1,27 @@
+// What every tool window asks of the program around it.
+#pragma once
+
+#include <memory>
+
+class QWidget;
+
+namespace velorin {
+
+struct FrameState;
+
+class ToolDesk {
+public:
+    virtual ~ToolDesk() = default;
+
+    /// A tool window, told by its name, became the active one.
+    virtual void noteActiveToolbar(const char* name) = 0;
+
+    /// What the frames of all windows share.
+    [[nodiscard]] virtual FrameState& frames() = 0;
+
+    /// Takes a window that is off the screen, and destroys it when no handler runs any more. Never
+    /// destroys it before it returns.
+    virtual void destroyLater(std::unique_ptr<QWidget> window) = 0;
+};
+
+} // namespace velorin
