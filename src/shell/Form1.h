@@ -226,6 +226,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void fillScreenYourself();
     void makeTitle();
     void makeHiddenControls();
     void makeShortcuts();
@@ -244,6 +245,7 @@ private:
 
     WindowDrag* drag_;
     QPoint handlePressedAt_;
+    QRect beforeFilling_; ///< where the window stood before it filled the screen by itself
 };
 
 } // namespace velorin

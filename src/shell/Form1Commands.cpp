@@ -5,7 +5,12 @@
 #include "shell/Hints.h"
 #include "shell/Program.h"
 
+#include <QGuiApplication>
+#include <QScreen>
+#include <QTimer>
+
 #include <array>
+#include <utility>
 
 namespace velorin {
 
@@ -20,6 +25,9 @@ constexpr std::array<OpenWindow, 4> toolWindows{{{"Form2", &Run::Form2Open},
                                                  {"Form3", &Run::Form3Open},
                                                  {"Record", &Run::RecordToolbarOpen},
                                                  {"Wiz", &Run::WizOpen}}};
+
+/// By then a window manager has done what it was asked.
+constexpr int windowManagerMs = 200;
 
 constexpr int hintBelow = 44; ///< of a toolbar button's top, pixels
 constexpr int hintBeside = 32;
@@ -132,13 +140,31 @@ void Form1::ShowToolbars() {
 void Form1::ToggleMaximize() {
     if (windowState() != Qt::WindowNoState) {
         setWindowState(Qt::WindowNoState);
+        if (beforeFilling_.isValid())
+            setGeometry(std::exchange(beforeFilling_, QRect()));
         imgTitleMaxRestore->setPicture("title-maximise");
         frame.SkinMainWindow(program_.frames.WindowResizable == 1 ? flagSet : flagClear);
     } else {
         setWindowState(Qt::WindowMaximized);
         imgTitleMaxRestore->setPicture("title-restore");
         frame.SkinMainWindow(flagClear);
+        QTimer::singleShot(windowManagerMs, this, [this] { fillScreenYourself(); });
     }
+}
+
+/// On a bare X server nobody resizes a maximised window, so that it does it itself and keeps the
+/// rectangle to go back to.
+void Form1::fillScreenYourself() {
+    if (QGuiApplication::platformName() != "xcb" || !isMaximized() || screen() == nullptr)
+        return;
+    const QRect whole = screen()->availableGeometry();
+    if (size() == whole.size())
+        return;
+    beforeFilling_ = geometry();
+    setGeometry(whole);
+    // A window that is given a rectangle counts as a normal one again.
+    setWindowState(Qt::WindowMaximized);
+    frame.SkinMainWindow(flagClear);
 }
 
 void Form1::imgTitleClose_Click() {
