@@ -44,6 +44,9 @@ public:
     /// The exit command. A second call does nothing.
     void Command3_Click();
 
+    /// Whether another copy runs; says so in a message box.
+    bool IsProgramRunning();
+
     /// For an error that nothing may go on after: puts the score aside for the next start, says
     /// what happened in one message box and ends in the usual order.
     void endWithError(const std::string& text);
@@ -81,7 +84,6 @@ private:
         std::unique_ptr<ToolWindow> window;
     };
 
-    bool IsProgramRunning();
     void recoverScores();
     void tellOfRecovered(const std::vector<std::string>& names);
     void scheduleDestruction();

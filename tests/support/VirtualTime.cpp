@@ -70,6 +70,9 @@ void VirtualTime::waitUntil(std::int64_t counter) {
     if (isEnding() || now_ >= counter)
         return;
     const Planned* planned = next();
+    const bool isEndless = planned == nullptr && counter - now_ >= oneDay;
+    if (isEndless && closeWhatWaits && closeWhatWaits())
+        return;
     const Nanoseconds target = planned != nullptr ? std::min(planned->time, counter) : counter;
     if (target >= deadline_) {
         moveTo(deadline_);

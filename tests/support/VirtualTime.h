@@ -58,6 +58,10 @@ public:
     void restart(); ///< the clock back to 0; what is planned is as far ahead as before
     void clearEnd() { ended_ = false; } ///< a program that has ended may start again
 
+    /// Asked in a wait of a day or more during which nothing is planned: closes what waits for a
+    /// user, and returns whether there was such a thing.
+    std::function<bool()> closeWhatWaits;
+
     /// What runs between `beginCommand` and `endCommand` is broken off once it has run for a day.
     void beginCommand();
     /// Returns whether it was broken off; the clock then stands a day after its begin.

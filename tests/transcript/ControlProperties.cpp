@@ -6,6 +6,7 @@
 
 #include "shell/Form1.h"
 #include "shell/SkinnedFrame.h"
+#include "shell/ToolFrame.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
@@ -60,12 +61,16 @@ std::string twips(float length) {
     return answer(length).front();
 }
 
+Lines rectOf(const velorin::WindowPlace& place) {
+    return {twips(place.Left()) + "," + twips(place.Top()) + "," + twips(place.Width()) + "," +
+            twips(place.Height())};
+}
+
 Lines rect(Session& session, QWidget& control) {
-    if (&control == &session.form1()) {
-        const velorin::WindowPlace& place = session.form1().place;
-        return {twips(place.Left()) + "," + twips(place.Top()) + "," + twips(place.Width()) + "," +
-                twips(place.Height())};
-    }
+    if (&control == &session.form1())
+        return rectOf(session.form1().place);
+    if (const auto* tool = qobject_cast<velorin::ToolFrame*>(&control))
+        return rectOf(tool->place);
     const QRect box = control.geometry();
     const int unit = control.isWindow() ? platform::twipsPerPixel : 1;
     return {joined({box.x() * unit, box.y() * unit, box.width() * unit, box.height() * unit})};

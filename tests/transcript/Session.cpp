@@ -20,6 +20,12 @@ constexpr int innerHeightPx = 480;
 } // namespace
 
 Session::Session() {
+    host.time.closeWhatWaits = [this] {
+        const bool waits = isRunning() && program_->hints.isLessonOpen();
+        if (waits)
+            program_->hints.imgTitleClose_Click();
+        return waits;
+    };
     startProgram();
     if (isRunning())
         form1().resize(innerWidthPx, innerHeightPx);

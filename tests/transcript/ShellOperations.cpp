@@ -41,6 +41,10 @@ Operations toolbarOperations() {
         indexed("Form1.Resizer_MouseUp", &Form1::Resizer_MouseUp),
         operation("Form1.Form_Load", mainWindow, &Form1::Form_Load),
         operation("Form1.Form_Unload", mainWindow, &Form1::Form_Unload),
+        operation(
+            "Form1.IsProgramRunning",
+            [](Session& session) -> Program& { return session.program(); },
+            &Program::IsProgramRunning),
         {"Form1.Cmd2_MouseUp",
          [](Session& session, Arguments& arguments) {
              constexpr int helpButton = 13; // the one that acts on release
