@@ -63,6 +63,7 @@ QLineEdit* makeBox(QWidget* parent, const char* name, QRect place, const char* t
     auto* const box = new QLineEdit(QString::fromLatin1(text), parent);
     box->setObjectName(name);
     box->setGeometry(place);
+    box->setAlignment(Qt::AlignCenter);
     box->setToolTip(QString::fromLatin1(tip));
     box->setAccessibleName(QString::fromLatin1(tip));
     return box;

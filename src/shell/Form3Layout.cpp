@@ -151,6 +151,7 @@ void Form3::makeVolumes(QWidget* page) {
         auto* const box = named(new QLineEdit(QStringLiteral("127"), panel), element("vol", row),
                                 QRect(left, 25, 34, 24));
         box->setStyleSheet("font-size: 11px;");
+        box->setAlignment(Qt::AlignCenter);
         box->setAccessibleName(QStringLiteral("Volume ") + rowAccessibleName(row));
         vol[static_cast<std::size_t>(row)] = box;
     };
