@@ -11,7 +11,9 @@
 #include "host/QtSettings.h"
 #include "host/QtTimers.h"
 #include "platform/Platform.h"
+#include "resources/HelpPages.h"
 #include "resources/Look.h"
+#include "shell/HelpWindow.h"
 #include "shell/Program.h"
 #include "windows/ToolWindows.h"
 
@@ -22,6 +24,7 @@
 
 #include <clocale>
 #include <cstdlib>
+#include <memory>
 
 namespace {
 
@@ -60,6 +63,13 @@ int runProgram(velorin::host::EndSignals& signals) {
     platform::Platform platform{
         sound.clock(), loop,  sound.midi(), sound.mci(),          dialogs, boxes, files, settings,
         desktop,       menus, timers,       folder.toStdString(), &kept};
+    std::unique_ptr<HelpWindow> help;
+    desktop.openHelp = [&help] {
+        if (!help)
+            help = std::make_unique<HelpWindow>(helpPages());
+        help->openFirstPage();
+        return help->hasPages();
+    };
     Program program(platform);
     addToolWindows(program);
     signals.listen([&program] { program.endFromOutside(); });

@@ -46,7 +46,8 @@ bool HostDesktop::isAnotherCopyRunning() {
 }
 
 void HostDesktop::HtmlHelpA(const std::string& file) {
-    noHelp_.say("there is no help file " + file);
+    if (!openHelp || !openHelp())
+        noHelp_.say("there is no help file " + file);
 }
 
 double HostDesktop::Rnd() {

@@ -6,6 +6,7 @@
 
 #include <QLockFile>
 
+#include <functional>
 #include <memory>
 #include <random>
 
@@ -18,6 +19,9 @@ public:
     bool isAnotherCopyRunning() override;
     void HtmlHelpA(const std::string& file) override;
     double Rnd() override;
+
+    /// Opens the help, which is built into the program, at its first page; false if there is none.
+    std::function<bool()> openHelp;
 
 private:
     std::unique_ptr<QLockFile> lock_; ///< held from the test to the end of the run

@@ -53,10 +53,11 @@ class Hand(threading.Thread):
             x = self.left + MUSIC_LEFT + note * STEP * CELL + CELL // 2
             y = self.top + MUSIC_TOP + (pitch_of(note) - TOP_PITCH) * CELL + CELL // 2
             self.pressed += 1
-            words = ["mousemove", x, y, "sleep", "0.02", "mousedown", 1]
+            # Slowly: the program has to have served a press before the next move comes.
+            words = ["mousemove", x, y, "sleep", "0.03", "mousedown", 1]
             for column in range(1, WIDTH_OF_A_NOTE):
-                words += ["sleep", "0.02", "mousemove", x + column * CELL, y]
-            words += ["sleep", "0.02", "mouseup", 1]
+                words += ["sleep", "0.03", "mousemove", x + column * CELL, y]
+            words += ["sleep", "0.03", "mouseup", 1, "sleep", "0.03"]
             subprocess.run(["xdotool", *map(str, words)], env=self.desk.env, check=False)
             self.released.append(time.monotonic())
             time.sleep(random.uniform(0.0, 0.1))
@@ -97,7 +98,7 @@ def kill_at_a_random_moment(desk):
     """Returns the smallest and the largest number of notes that may come back."""
     hand = Hand(desk, *start(desk))
     hand.start()
-    time.sleep(random.uniform(0.1, 2.5))
+    time.sleep(random.uniform(0.1, 3.5))
     before = time.monotonic()
     desk.program.send_signal(signal.SIGKILL)
     desk.program.wait()
@@ -136,11 +137,10 @@ def test_kills(desk, times):
 
 def draw(desk, notes):
     hand = Hand(desk, *start(desk))
-    for _ in [None]:
-        hand.start()
-        wait_for(lambda: len(hand.released) >= notes, 20, 0.01)
-        hand.stopped.set()
-        hand.join()
+    hand.start()
+    wait_for(lambda: len(hand.released) >= notes, 20, 0.01)
+    hand.stopped.set()
+    hand.join()
     time.sleep(HANDLED_S)
     return len(hand.released)
 
