@@ -62,10 +62,11 @@ int wordsInHeadings(const QString& html, const QStringList& words) {
 }
 
 QString lineAround(const QString& plain, const QString& word) {
-    const qsizetype place = plain.indexOf(word, 0, Qt::CaseInsensitive);
-    const qsizetype from = std::max<qsizetype>(0, place - aroundWord);
+    const qsizetype title = plain.indexOf('\n') + 1;
+    const qsizetype place = std::max(title, plain.indexOf(word, title, Qt::CaseInsensitive));
+    const qsizetype from = std::max(title, place - aroundWord);
     QString line = plain.mid(from, word.size() + 2 * aroundWord).simplified();
-    return (from > 0 ? QStringLiteral("...") : QString()) + line + "...";
+    return (from > title ? QStringLiteral("...") : QString()) + line + "...";
 }
 
 } // namespace
@@ -73,7 +74,9 @@ QString lineAround(const QString& plain, const QString& word) {
 HelpBook::HelpBook(std::vector<HelpPage> pages) : pages_(std::move(pages)) {
     for (HelpPage& page : pages_) {
         page.html.replace("<!-- keys -->", tableOfKeys());
-        plain_.push_back(QTextDocumentFragment::fromHtml(page.html).toPlainText());
+        // The title stands for itself.
+        const QString body = page.html.mid(page.html.indexOf("</h1>") + 5);
+        plain_.push_back(page.title + '\n' + QTextDocumentFragment::fromHtml(body).toPlainText());
     }
 }
 

@@ -74,8 +74,8 @@ void Program::recoverScores() {
 void Program::tellOfRecovered(const std::vector<std::string>& names) {
     if (ending_ || ended_)
         return;
-    const std::string text = "Velorin did not end in order the last time. Nothing is lost:\r\n"
-                             "the score as it stood is in the folder \"Songs\" as\r\n\"" +
+    const std::string text = "Velorin did not end in order the last time.\r\n"
+                             "Nothing is lost: the score as it stood is in \"Songs\" as\r\n\"" +
                              names.back() + "\".";
     const QWidget& beside = *form1_->area->MusicBox;
     constexpr int insideCorner = 32;
