@@ -5,16 +5,34 @@
 
 #include <SDL.h>
 
+#ifdef __linux__
+#include <pthread.h>
+#endif
+
 namespace velorin::host {
 
 namespace {
 
-void fill(void* user, Uint8* bytes, int count) {
-    const int frames = count / static_cast<int>(2 * sizeof(float));
-    (*static_cast<PullStream*>(user))(reinterpret_cast<float*>(bytes), frames);
+/// A buffer that comes late is heard as a crack. Where the system lets it, the stream's thread runs
+/// before all that can wait; it sleeps from one buffer to the next.
+void runBeforeOthers() {
+#ifdef __linux__
+    sched_param parameters{};
+    parameters.sched_priority = 5;
+    pthread_setschedparam(pthread_self(), SCHED_RR, &parameters);
+#endif
 }
 
 } // namespace
+
+void SdlSink::fill(void* sink, unsigned char* bytes, int count) {
+    auto& self = *static_cast<SdlSink*>(sink);
+    if (self.first_)
+        runBeforeOthers();
+    self.first_ = false;
+    const int frames = count / static_cast<int>(2 * sizeof(float));
+    self.pull_(reinterpret_cast<float*>(bytes), frames);
+}
 
 std::unique_ptr<SdlSink> SdlSink::open(PullStream pull, int bufferFrames, std::string& reason) {
     // Interrupt and termination end the program as they always do.
@@ -32,7 +50,7 @@ std::unique_ptr<SdlSink> SdlSink::open(PullStream pull, int bufferFrames, std::s
     wanted.channels = 2;
     wanted.samples = static_cast<Uint16>(bufferFrames);
     wanted.callback = fill;
-    wanted.userdata = &sink->pull_;
+    wanted.userdata = sink.get();
     SDL_AudioSpec obtained{};
     sink->device_ = SDL_OpenAudioDevice(nullptr, 0, &wanted, &obtained, 0);
     if (sink->device_ == 0) {

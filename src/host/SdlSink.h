@@ -22,8 +22,10 @@ public:
 
 private:
     explicit SdlSink(PullStream pull) : pull_(std::move(pull)) {}
+    static void fill(void* sink, unsigned char* bytes, int count);
 
     PullStream pull_;
+    bool first_ = true; ///< of the stream's thread: it has not pulled yet
     std::uint32_t device_ = 0;
 };
 
