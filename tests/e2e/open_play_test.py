@@ -1,0 +1,150 @@
+"""Opens a score with the mouse, plays it, listens to it, stops it, rewinds it and saves it in both formats."""
+
+import statistics
+import subprocess
+
+import listen
+from desk import Desk, Failure, check, run, wait_until
+from score_text import Score
+
+TEMPO = 120
+COLUMN_S = 12 / TEMPO
+MELODY = [60, 65, 67, 58, 63, 55, 70]  # pitch indices, counted from the top: the keys are 127 less these
+OCARINA, WOOD_BLOCK = 79, 169
+FIRST_BEAT, BEATS, BEAT_COLUMNS = 20, 10, 2
+BLOCK_S = 64 / 44100  # a note begins with one of the synthesizer's blocks
+ATTEMPTS = 5  # a machine that is busy with other things tears the stream now and then, but not each time
+
+
+def tune():
+    """Seven notes of two columns, silence, then ten beats at every second column."""
+    score = Score(TEMPO)
+    for i, pitch in enumerate(MELODY):
+        score.note(0, 2 * i, pitch, 2, OCARINA)
+    for i in range(BEATS):
+        score.note(8, FIRST_BEAT + BEAT_COLUMNS * i, 57, 1, WOOD_BLOCK)
+    score.row_instruments[0] = OCARINA
+    score.row_instruments[8] = WOOD_BLOCK
+    return score
+
+
+def open_by_mouse(desk, program):
+    """Presses the button and chooses the one file in the dialog's list with a double click."""
+    program.press(2)
+    dialog = desk.window("Open Score File")
+    x, y, *_ = desk.settled(dialog)
+    row = (x + 130, y + 62, 60, 16)
+    wait_until(lambda: len(set(desk.screen.part(*row))) > 3, "the file in the dialog's list")
+    place = (x + 150, y + 70)
+    desk.tool("mousemove", *place, "click", 1, "click", 1)
+    desk.no_window("Open Score File")
+    # The first note's head is drawn in the row's colour, on the line of its pitch.
+    line = MELODY[0] - 55
+    wait_until(lambda: desk.screen.pixel(*program.cell(0, line)) == (255, 0, 0), "the first note on the tableau")
+
+
+def play_to_the_end(desk, program):
+    """Plays the song; returns what the sound card got, from shortly before the first note on."""
+    start = listen.frames_in(desk.recording)
+    program.press(6)
+    seconds = (FIRST_BEAT + BEAT_COLUMNS * BEATS + 2) * COLUMN_S
+    wait_until(lambda: listen.frames_in(desk.recording) > start + listen.RATE * (seconds + 1.0), "the song's sound",
+               seconds + 30)
+    sound = listen.samples(desk.recording, start)
+    first = listen.first_sound(sound)
+    check(first is not None, "the song was not heard")
+    return sound[max(0, first - 100):]
+
+
+def check_melody(sound):
+    for i, pitch in enumerate(MELODY):
+        middle = int((2 * i + 0.6) * COLUMN_S * listen.RATE)
+        heard = listen.key_of(sound[middle:middle + 4096])
+        check(heard == 127 - pitch, f"note {i} of the melody sounded as key {heard} and not {127 - pitch}")
+    rest = sound[int(17.5 * COLUMN_S * listen.RATE):int(19 * COLUMN_S * listen.RATE)]
+    check(listen.loudness(rest) < 0.1 * listen.loudness(sound), "the melody does not end")
+
+
+def check_beats(sound):
+    """How far each beat is from its place behind the beat before it."""
+    part = sound[int((FIRST_BEAT - 1) * COLUMN_S * listen.RATE):]
+    frames = listen.onsets(part)
+    check(len(frames) == BEATS, f"{len(frames)} beats sounded and not {BEATS}")
+    expected = BEAT_COLUMNS * COLUMN_S * listen.RATE
+    late = [(b - a - expected) / listen.RATE for a, b in zip(frames, frames[1:])]
+    told = "the distances of the beats are off by ms: " + " ".join(f"{1000 * value:.2f}" for value in late)
+    check(abs(statistics.median(late)) <= BLOCK_S, told)
+    check(sum(abs(value) <= 2 * BLOCK_S for value in late) >= 0.75 * len(late), told)
+
+
+def check_sound(desk, program):
+    for attempt in range(ATTEMPTS):
+        sound = play_to_the_end(desk, program)
+        try:
+            check_melody(sound)
+            check_beats(sound)
+            return
+        except Failure:
+            if attempt == ATTEMPTS - 1:
+                raise
+
+
+def check_stop_and_rewind(desk, program):
+    start = listen.frames_in(desk.recording)
+    program.press(6)
+    wait_until(lambda: listen.first_sound(listen.samples(desk.recording, start)) is not None, "the song's begin")
+    program.press(7)
+    stopped = listen.frames_in(desk.recording)
+    wait_until(lambda: listen.frames_in(desk.recording) > stopped + 2.5 * listen.RATE, "what follows the stop")
+    after = listen.samples(desk.recording, stopped + 2 * listen.RATE)
+    check(listen.is_quiet(after), "it goes on sounding after the stop")
+
+    # A page to the right, and back to the start with the button.
+    line = MELODY[0] - 55
+    x, y, width, height = program.place
+    desk.click(x + width - 110, y + height - 34)
+    wait_until(lambda: desk.screen.pixel(*program.cell(0, line)) != (255, 0, 0), "the next page")
+    program.press(5)
+    wait_until(lambda: desk.screen.pixel(*program.cell(0, line)) == (255, 0, 0), "the first page")
+
+
+def check_saving(desk, program, score):
+    program.press(3)
+    desk.choose_file("Save music file", "kept", save_filter=1)
+    kept = desk.songs / "kept.sng"
+    wait_until(lambda: kept.exists() and kept.stat().st_size == len(score.text()), "the saved score")
+    check(kept.read_bytes() == score.text(), "the saved score differs from what was opened")
+
+    program.press(3)
+    desk.choose_file("Save music file", "kept", save_filter=0)
+    midi = desk.songs / "kept.mid"
+    wait_until(midi.exists, "the MIDI file")
+    expected = desk.folder / "expected.mid"
+    subprocess.run([desk.build / "bin" / "velorin-convert", kept, "-o", expected], check=True)
+    wait_until(lambda: midi.read_bytes() == expected.read_bytes(), "the right bytes in the MIDI file")
+    check_midi(midi.read_bytes())
+
+
+def check_midi(data):
+    head = bytes.fromhex("4D546864 00000006 0001 000E 0030 4D54726B 00000013 00FF5103 07A120")
+    check(data.startswith(head), "the head of the MIDI file: fourteen tracks, 48 ticks, tempo 120")
+    starts = bytes([0x90, 127 - MELODY[0], 127])
+    check(starts in data, "the first note in the MIDI file")
+    check(data.count(bytes([0x99, 76, 127])) == BEATS, "the beats in the MIDI file")
+
+
+def test(build):
+    score = tune()
+    with Desk(build) as desk:
+        desk.songs.mkdir()
+        (desk.songs / "tune.sng").write_bytes(score.text())
+        program = desk.launch()
+        program.main_window()
+        open_by_mouse(desk, program)
+        check_sound(desk, program)
+        check_stop_and_rewind(desk, program)
+        check_saving(desk, program, score)
+        program.end()
+
+
+run(test)
