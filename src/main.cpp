@@ -73,6 +73,10 @@ int runProgram(velorin::host::EndSignals& signals) {
     Program program(platform);
     addToolWindows(program);
     signals.listen([&program] { program.endFromOutside(); });
+    // A session that ends would close the windows, which is what a user does who wants no more.
+    QObject session;
+    QObject::connect(qApp, &QGuiApplication::commitDataRequest, &session,
+                     [&program] { program.endFromOutside(); });
     if (program.start() && !program.hasEnded())
         QApplication::exec();
     // The desktop can close the application without its exit command.

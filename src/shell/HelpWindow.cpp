@@ -27,12 +27,13 @@ constexpr char browserLook[] =
     " border-radius: 4px; selection-background-color: #2A62C4; selection-color: #FFFFFF; }"
     "QTextBrowser:focus { border: 2px solid #44CCFF; }";
 
-constexpr char listLook[] = "QListWidget { background: #22264E; border: 1px solid #444A86; "
-                            "border-radius: 6px; padding: 4px; }"
-                            "QListWidget:focus { border: 2px solid #44CCFF; padding: 3px; }"
-                            "QListWidget::item { padding: 5px 8px; border-radius: 4px; }"
-                            "QListWidget::item:hover { background: #323768; }"
-                            "QListWidget::item:selected { background: #444A86; color: #FFFFFF; }";
+constexpr char listLook[] =
+    "QListWidget { background: #22264E; color: #E2E7F8; border: 1px solid #444A86; "
+    "border-radius: 6px; padding: 4px; }"
+    "QListWidget:focus { border: 2px solid #44CCFF; padding: 3px; }"
+    "QListWidget::item { color: #E2E7F8; padding: 5px 8px; border-radius: 4px; }"
+    "QListWidget::item:hover { background: #323768; }"
+    "QListWidget::item:selected { background: #444A86; color: #FFFFFF; }";
 
 constexpr char pageLook[] = "h1 { font-size: 20px; font-weight: 600; color: #262A56; }"
                             "h2 { font-size: 15px; font-weight: 600; color: #2A3890; }"
