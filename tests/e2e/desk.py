@@ -1,5 +1,6 @@
 """A desk to use the program at: a virtual screen, a mouse, a sound server without a card, a home of its own."""
 
+import contextlib
 import mmap
 import os
 import pathlib
@@ -22,8 +23,14 @@ WORK_AREA = (26, 71)
 MUSIC_BOX = (WORK_AREA[0] + 29, WORK_AREA[1] + 25)
 BEATBOX = (MUSIC_BOX[0], WORK_AREA[1] + 23)
 CELL = 12
-ROW_OPTION_LEFT = {row: 12 + 34 * row for row in range(8)}
-ROW_OPTION_LEFT.update({row: 12 + 34 * place for place, row in enumerate([8, 10, 11, 12, 9])})
+
+# Places in the Setup Toolbar, in its own pixels; those of the second and third tab lie behind them.
+SETUP = {"rows": (96, 49), "polyphonics": (209, 49), "setup": (285, 49), "close": (511, 14),
+         "Combo1": (406, 109), "Combo5": (406, 195)}
+SETUP.update({f"TrackSel({row})": (43 + 34 * row, 108) for row in range(8)})
+SETUP.update({f"TrackSel({row})": (43 + 34 * place, 194) for place, row in enumerate([8, 10, 11, 12, 9])})
+SETUP.update({f"TrackHide({row})": (43 + 34 * row, 133) for row in range(8)})
+SETUP.update({f"TrackHide({row})": (43 + 34 * place, 219) for place, row in enumerate([8, 10, 11, 12, 9])})
 
 LEFT, RIGHT, WHEEL_UP, WHEEL_DOWN = 1, 3, 4, 5
 
@@ -151,9 +158,13 @@ class Desk:
         self.open_screen()
         self.open_sound()
         if self.has_manager:
-            self.start(["openbox", "--sm-disable"])
-            wait_until(lambda: "window id" in self.told(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"]),
-                       "the window manager")
+            self.manage()
+
+    def manage(self):
+        """From now on there is a window manager."""
+        self.start(["openbox", "--sm-disable"])
+        wait_until(lambda: "window id" in self.told(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"]),
+                   "the window manager")
 
     def start(self, command, **options):
         options.setdefault("stdout", subprocess.DEVNULL)
@@ -244,9 +255,10 @@ class Desk:
 
     def place_of(self, window):
         """(x, y, width, height) of a window on the screen."""
-        told = self.tool("getwindowgeometry", "--shell", window)
-        values = dict(line.split("=", 1) for line in told if "=" in line)
-        return tuple(int(values[name]) for name in ("X", "Y", "WIDTH", "HEIGHT")) if "HEIGHT" in values else None
+        told = dict(line.split(":", 1) for line in self.told(["xwininfo", "-id", window]).splitlines()
+                    if line.count(":") == 1)
+        names = ("  Absolute upper-left X", "  Absolute upper-left Y", "  Width", "  Height")
+        return tuple(int(told[name]) for name in names) if all(name in told for name in names) else None
 
     def choose_file(self, title, name, save_filter=None):
         """Answers the file dialog: the name into its field, and Return."""
@@ -261,9 +273,24 @@ class Desk:
         self.key("Return")
         self.no_window(title)
 
-    def choose_filter(self, x, y, width, height, steps):
-        self.click(x + width // 2, y + height - 24)
-        self.key("Home", *["Down"] * steps, "Return")
+    def choose_filter(self, x, y, width, height, entry):
+        """Chooses an entry of the list of filters, the lower field at the dialog's foot."""
+        with self.popup():
+            self.click(x + width // 2, y + height - 24)
+        with self.popup(opens=False):
+            self.key("Home", *["Down"] * entry, "Return")
+
+    @contextlib.contextmanager
+    def popup(self, opens=True):
+        """What is done inside opens a list or a menu, or closes it again."""
+        before = len(self.shown())
+        yield
+        wait_until(lambda: (len(self.shown()) > before) if opens else (len(self.shown()) < before),
+                   "a list or a menu that " + ("opens" if opens else "closes"))
+
+    def shown(self):
+        """The program's windows on the screen, its lists and menus among them."""
+        return self.tool("search", "--onlyvisible", "--class", "velorin")
 
     def settled(self, window):
         """A window's place once it is painted and stands still."""
@@ -305,6 +332,25 @@ class Program:
     def cell(self, column, line, part=MUSIC_BOX):
         """The middle of a cell of a tableau."""
         return self.at(part, column * CELL + 6, line * CELL + 6)
+
+    def wait_for_colour(self, place, colour, what, shown=True):
+        """Until a place on the screen has a colour, or has it no longer. The pointer is taken away from there."""
+        x, y, width, height = self.place
+        self.desk.point(x + width // 2, y + height - 15)
+        wait_until(lambda: (self.desk.screen.pixel(*place) == colour) == shown, what)
+
+    def setup(self, control):
+        """A place in the Setup Toolbar on the screen."""
+        place = self.desk.place_of(self.desk.window("Setup Toolbar"))
+        return place[0] + SETUP[control][0], place[1] + SETUP[control][1]
+
+    def choose_instrument(self, entry, combo="Combo1"):
+        """Opens a list of the Setup Toolbar and types the beginning of an entry."""
+        with self.desk.popup():
+            self.desk.click(*self.setup(combo))
+        self.desk.type(entry)
+        with self.desk.popup(opens=False):
+            self.desk.key("Return")
 
     def button(self, index):
         return self.at(TOOLBAR, BUTTON_LEFT[index] + 18, 5 + 18)

@@ -40,7 +40,7 @@ def open_by_mouse(desk, program):
     desk.no_window("Open Score File")
     # The first note's head is drawn in the row's colour, on the line of its pitch.
     line = MELODY[0] - 55
-    wait_until(lambda: desk.screen.pixel(*program.cell(0, line)) == (255, 0, 0), "the first note on the tableau")
+    program.wait_for_colour(program.cell(0, line), (255, 0, 0), "the first note on the tableau")
 
 
 def play_to_the_end(desk, program):
@@ -103,9 +103,9 @@ def check_stop_and_rewind(desk, program):
     line = MELODY[0] - 55
     x, y, width, height = program.place
     desk.click(x + width - 110, y + height - 34)
-    wait_until(lambda: desk.screen.pixel(*program.cell(0, line)) != (255, 0, 0), "the next page")
+    program.wait_for_colour(program.cell(0, line), (255, 0, 0), "the next page", shown=False)
     program.press(5)
-    wait_until(lambda: desk.screen.pixel(*program.cell(0, line)) == (255, 0, 0), "the first page")
+    program.wait_for_colour(program.cell(0, line), (255, 0, 0), "the first page")
 
 
 def check_saving(desk, program, score):
