@@ -7,7 +7,10 @@
 #include "platform/Text.h"
 #include "score/Studio.h"
 #include "shell/SettingValues.h"
+#include "shell/Shortcuts.h"
 #include "shell/ToolDesk.h"
+
+#include <QShortcut>
 
 namespace velorin {
 
@@ -40,8 +43,13 @@ void Form2::connectHandlers() {
     onClose = [this] { imgTitleClose_Click(); };
     onActivate = [this] { Form_Activate(); };
     for (int index = 1; index <= editButtons; ++index) {
-        connect(Cmd2[static_cast<std::size_t>(index)], &PictureButton::clicked, this,
-                [this, index] { Cmd2_Click(index); });
+        connectButton(index);
+    }
+    for (const Shortcut& shortcut : editShortcuts) {
+        auto* keys = new QShortcut(QKeySequence(QLatin1String(shortcut.keys)), this);
+        keys->setAutoRepeat(false);
+        connect(keys, &QShortcut::activated, this,
+                [this, &shortcut] { commands_.pressEditButton(shortcut.button); });
     }
     connect(Text3, &QLineEdit::textChanged, this, &Form2::Text3_Change);
     connect(Text4, &QLineEdit::textChanged, this, &Form2::Text4_Change);
@@ -51,6 +59,19 @@ void Form2::connectHandlers() {
     connect(VScroll4, &QScrollBar::valueChanged, this, &Form2::VScroll4_Change);
     connect(chkgraphics, &QCheckBox::toggled, this, &Form2::chkgraphics_Click);
     connect(loopcheck, &QCheckBox::toggled, this, &Form2::loopcheck_Click);
+}
+
+void Form2::connectButton(int index) {
+    PictureButton* const button = Cmd2[static_cast<std::size_t>(index)];
+    button->onMouseMove = [this, index](int) {
+        if (!isCmd2Visible(index)) {
+            ImgPic_MouseMove(index);
+        }
+    };
+    connect(button, &PictureButton::clicked, this, [this, index] {
+        Cmd2_Click(index);
+        Cmd2_MouseUp(index);
+    });
 }
 
 void Form2::Form_Load() {

@@ -12,6 +12,7 @@
 #include <QScrollBar>
 
 #include <array>
+#include <bitset>
 #include <cstdint>
 
 namespace velorin {
@@ -38,6 +39,16 @@ public:
     void Form_Activate();
 
     void Cmd2_Click(int index); ///< [1, 17]; any other does nothing
+
+    // The faces: a button of `Cmd2` shows only while the pointer is on it, its picture `ImgPic`
+    // always.
+    void Cmd2_MouseUp(int index); ///< the button that has taken the click goes
+    void ImgPic_MouseDown(int index);
+    void ImgPic_MouseMove(int index); ///< its button comes, those beside it go
+    void ImgPic_MouseUp(int index);
+    void Form_MouseMove(); ///< the pointer is on none of the pictures: all buttons go
+    [[nodiscard]] bool isCmd2Visible(int index) const;
+
     void Text3_Change();
     void Text4_Change();
     void Text5_Change();
@@ -65,10 +76,14 @@ public:
     QCheckBox* chkgraphics = nullptr; ///< never shown
     QCheckBox* loopcheck = nullptr;   ///< never shown
 
+protected:
+    void mouseMoveEvent(QMouseEvent* event) override;
+
 private:
     void makeButtons();
     void makeLowerHalf();
     void connectHandlers();
+    void connectButton(int index);
     void placeWindow();
     void showMode();
     void showPosition();
@@ -81,6 +96,7 @@ private:
     Studio& studio_;
     EditCommands& commands_;
     ToolDesk& desk_;
+    std::bitset<editButtons + 1> raised_; ///< the buttons that show
 };
 
 } // namespace velorin

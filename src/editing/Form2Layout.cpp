@@ -1,6 +1,7 @@
 // The controls of `Form2` and where they stand.
 #include "editing/Form2.h"
 #include "shell/FramePaint.h"
+#include "shell/Shortcuts.h"
 
 #include <QPainter>
 
@@ -35,6 +36,8 @@ constexpr std::array<ButtonPlace, editButtons + 1> buttons{{
     {"edit-16-insert-spaces", "Insert # Space(s) ", false, 186},
     {"edit-17-duplicate", "Duplicate notes", false, 262},
 }};
+
+constexpr std::size_t playButton = 4; ///< its picture has a tip of its own
 
 /// A strip of buttons with separators between its groups.
 class Strip : public QWidget {
@@ -110,6 +113,9 @@ void Form2::makeButtons() {
         button->setIconSize(QSize(24, 24));
         button->setToolTip(QString::fromLatin1(place.tip));
         button->setAccessibleName(QString::fromLatin1(place.tip).trimmed());
+        button->setAccessibleDescription(shortcutsOf(editShortcuts, static_cast<int>(index)));
+        button->setProperty("pictureTip", index == playButton ? QStringLiteral("Play score")
+                                                              : QString::fromLatin1(place.tip));
         Cmd2[index] = button;
         if (index == 16) {
             Text1 = makeBox(edit, "Text1", QRect(220, 9, 30, 24), "1", "Insert # of spaces");
@@ -148,6 +154,10 @@ void Form2::makeLowerHalf() {
     loopcheck = makeCheck(this, "loopcheck", QRect(), "", "Loop song");
     chkgraphics->hide();
     loopcheck->hide();
+    // The pointer is followed wherever it is on the window.
+    setMouseTracking(true);
+    for (QWidget* ground : findChildren<QWidget*>())
+        ground->setMouseTracking(true);
 }
 
 } // namespace velorin

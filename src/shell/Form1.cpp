@@ -5,12 +5,10 @@
 #include "resources/InstrumentNames.h"
 #include "score/Studio.h"
 #include "shell/Program.h"
-#include "shell/Shortcuts.h"
 
 #include <QCloseEvent>
 #include <QIcon>
 #include <QPainter>
-#include <QShortcut>
 #include <QSignalBlocker>
 #include <QWheelEvent>
 
@@ -155,21 +153,13 @@ void Form1::makeHiddenControls() {
     connect(Text5Box, &QLineEdit::textChanged, this, keepBeatsWithinRepeat);
 }
 
-void Form1::makeShortcuts() {
-    for (const Shortcut& shortcut : shortcuts) {
-        auto* keys = new QShortcut(QKeySequence(QLatin1String(shortcut.keys)), this);
-        keys->setAutoRepeat(false);
-        connect(keys, &QShortcut::activated, this, [this, &shortcut] {
-            Cmd2_Click(studio_.run.IsPlaying != flagClear ? shortcut.buttonInPlay
-                                                          : shortcut.button);
-        });
-    }
-}
-
 void Form1::connectToolbar() {
     for (int i = 1; i <= toolbarButtons; ++i) {
         PictureButton* button = toolbMenu->Cmd2[static_cast<std::size_t>(i)];
-        connect(button, &QToolButton::clicked, this, [this, i] { Cmd2_Click(i); });
+        connect(button, &QToolButton::clicked, this, [this, i] {
+            Cmd2_Click(i);
+            Cmd2_MouseUp(i);
+        });
         button->onMouseDown = [this, i] { Cmd2_MouseDown(i); };
         button->onMouseMove = [this, i](int held) { Cmd2_MouseMove(i, held); };
         button->onLeave = [this] { program_.hints.unload(); };

@@ -65,6 +65,7 @@ public:
     // Commands of the window itself.
     void Cmd2_Click(int index) override; ///< button [1, 14] of the main toolbar
     void Cmd2_MouseDown(int index);
+    void Cmd2_MouseUp(int index);               ///< button 13 opens its menu
     void Cmd2_MouseMove(int index, int button); ///< `button` is the one held, 0 for none
     void PicX_MouseMove();
     void TopBar_MouseMove();
@@ -140,6 +141,7 @@ public:
     void InsertColumnBut_Click() override;
     void CopyNotes(int firstRow, int lastRow) override;
     void FunctionBut_Click(int index) override;
+    void pressEditButton(int button) override;
     void setText3(const std::string& text) override;
     void setText4(const std::string& text) override;
     void setText5(const std::string& text) override;

@@ -81,9 +81,6 @@ void Form1::Cmd2_Click(int index) {
     case 12:
         showToolbar("Wiz");
         break;
-    case 13:
-        menus.Command3_Click();
-        break;
     case 14:
         Command3_Click();
         break;
@@ -94,6 +91,12 @@ void Form1::Cmd2_Click(int index) {
 
 void Form1::Cmd2_MouseDown(int) {
     program_.hints.unload();
+}
+
+void Form1::Cmd2_MouseUp(int index) {
+    constexpr int helpButton = 13; // the one that waits for the release
+    if (index == helpButton && studio_.run.LoadingMain == flagClear)
+        menus.Command3_Click();
 }
 
 void Form1::Cmd2_MouseMove(int index, int button) {

@@ -14,29 +14,17 @@ namespace {
 
 constexpr int aroundWord = 60; ///< letters shown at each side of a word that was found
 
-/// What the buttons of the main toolbar do, as the table of keys tells it.
-const char* meaningOf(const Shortcut& shortcut) {
-    switch (shortcut.button) {
-    case 1:
-        return "Clears all notes";
-    case 2:
-        return "Opens a score";
-    case 3:
-        return "Saves the score or a MIDI file";
-    case 6:
-        return "Plays the notes, and stops them while they play";
-    case 8:
-        return "Stops all sound";
-    default:
-        return "Presses the button of the main toolbar";
-    }
+QString rowOf(const Shortcut& shortcut) {
+    return QStringLiteral("<tr><td width=\"150\"><b>%1</b></td><td>%2</td></tr>")
+        .arg(QLatin1String(shortcut.keys), QLatin1String(shortcut.meaning));
 }
 
 QString tableOfKeys() {
     QString table = "<table cellpadding=\"6\" cellspacing=\"0\" width=\"100%\">";
     for (const Shortcut& shortcut : shortcuts)
-        table += QStringLiteral("<tr><td width=\"150\"><b>%1</b></td><td>%2</td></tr>")
-                     .arg(QLatin1String(shortcut.keys), QLatin1String(meaningOf(shortcut)));
+        table += rowOf(shortcut);
+    for (const Shortcut& shortcut : editShortcuts)
+        table += rowOf(shortcut);
     return table + "</table>";
 }
 

@@ -56,8 +56,9 @@ MainToolbar::MainToolbar(QWidget* parent) : QWidget(parent) {
         button->setGeometry(row.left, 5, 36, 36);
         button->setIconSize(QSize(24, 24));
         button->setToolTip(QLatin1String(row.tip));
+        button->setProperty("pictureTip", QLatin1String(row.tip));
         button->setAccessibleName(QLatin1String(row.accessibleName));
-        button->setAccessibleDescription(shortcutsOfButton(i));
+        button->setAccessibleDescription(shortcutsOf(shortcuts, i));
         Cmd2[static_cast<std::size_t>(i)] = button;
     }
 }
@@ -68,6 +69,7 @@ void MainToolbar::showRightClickMode(int mode) {
     PictureButton* button = Cmd2[rightClickButton];
     button->setPicture(QLatin1String(rightClickPictures[static_cast<std::size_t>(mode)]));
     button->setToolTip(QLatin1String(rightClickTip(mode)));
+    button->setProperty("pictureTip", button->toolTip());
     button->setAccessibleName(button->toolTip());
 }
 

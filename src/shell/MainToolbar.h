@@ -22,7 +22,8 @@ public:
     /// Button 4 shows what a right click does: mode [0, 3).
     void showRightClickMode(int mode);
 
-    /// `Cmd2`, and `ImgPic` as well; index 0 is null.
+    /// `Cmd2`, and `ImgPic` as well; index 0 is null. The tip of the picture is the button's
+    /// property "pictureTip": a hint takes the tip of `Cmd2` away, and leaves that one.
     std::array<PictureButton*, toolbarButtons + 1> Cmd2{};
 
 protected:

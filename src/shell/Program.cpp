@@ -131,8 +131,11 @@ QWidget* Program::window(const QString& name, bool load) {
         return form1_.get();
     if (name == "openerF")
         return splash_.get();
-    if (name == "frminfo")
+    if (name == "frminfo") {
+        if (load && !ended_)
+            hints.load();
         return load || hints.isLoaded() ? hints.window() : nullptr;
+    }
     ToolWindow* tool = toolWindow(name);
     if (tool == nullptr)
         return nullptr;

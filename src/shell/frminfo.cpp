@@ -50,9 +50,7 @@ void frminfo::showHint(const QWidget* control, const std::string& text, QPoint p
     text_ = text;
     place_ = place;
     if (!loaded_ || waiting_) {
-        loaded_ = true;
-        loadedFrom_ = platform_.clock.QueryPerformanceCounter() +
-                      loadWaitSeconds * platform_.clock.QueryPerformanceFrequency();
+        beginLoad();
         if (waiting_) {
             return; // the wait below on the stack goes on to this hint's moment, and shows it
         }
@@ -65,6 +63,25 @@ void frminfo::showHint(const QWidget* control, const std::string& text, QPoint p
     panel().move(place_);
     startTimer1();
     panel().show();
+}
+
+void frminfo::load() {
+    if (loaded_ || lessonOpen_ || waiting_) {
+        return;
+    }
+    control_ = nullptr;
+    beginLoad();
+    waitForLoad();
+}
+
+/// The window stands with an empty label until its wait is over.
+void frminfo::beginLoad() {
+    if (!loaded_) {
+        panel().setText({}, false);
+    }
+    loaded_ = true;
+    loadedFrom_ = platform_.clock.QueryPerformanceCounter() +
+                  loadWaitSeconds * platform_.clock.QueryPerformanceFrequency();
 }
 
 void frminfo::showLesson(const std::string& text, float left, float top) {

@@ -27,6 +27,9 @@ public:
     frminfo(const frminfo&) = delete;
     frminfo& operator=(const frminfo&) = delete;
 
+    /// Loads the window, with its wait; it is not shown. Nothing if it is loaded.
+    void load();
+
     /// Shows `text` at `place` on the screen (pixels), after the wait if the window is not loaded.
     /// Lines end in "\r\n". `control` tells a second move over the same control from a move to
     /// another one; during the wait the last control counts. A call during another's wait returns
@@ -49,6 +52,7 @@ public:
 
 private:
     HintPanel& panel();
+    void beginLoad();
     void waitForLoad();
     void startTimer1();
     void Timer1_Timer();

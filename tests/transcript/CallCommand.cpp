@@ -17,7 +17,8 @@ Table gathered() {
     Table table;
     for (const Operations& operations :
          {scoreOperations(), playbackOperations(), tableauOperations(), shellOperations(),
-          frameOperations(), menuOperations(), setupOperations(), editingOperations()}) {
+          frameOperations(), menuOperations(), setupOperations(), editingOperations(),
+          editingToolbarOperations()}) {
         for (const Operation& each : operations)
             table[each.name] = each.run;
     }

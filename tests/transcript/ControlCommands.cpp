@@ -1,4 +1,5 @@
 // Commands on controls: set, get, focus, key, move.
+#include "ButtonFaces.h"
 #include "Commands.h"
 #include "ControlNames.h"
 #include "ControlValues.h"
@@ -36,11 +37,17 @@ Lines get(Session& session, const Words& words) {
     if (asksWindow && (address.property == "open" || address.property == "visible")) {
         if (!isWindowName(address.window))
             throw CommandError("no such window: " + words[0]);
+        if (isMenuOwner(address))
+            return {address.property == "open" && isMenuLoaded(session) ? "1" : "0"};
         const QWidget* window = loadedWindow(session, address.window);
         const bool holds = window != nullptr && (address.property == "open" || window->isVisible());
         return {holds ? "1" : "0"};
     }
+    if (isMenuOwner(address) && !asksWindow)
+        return menuEntry(session, address);
     QWidget& control = controlOf(session, address);
+    if (const auto face = faceProperty(session, address, control))
+        return *face;
     return address.property.empty() ? valueOf(control)
                                     : propertyOf(session, control, address.property);
 }

@@ -125,28 +125,45 @@ QString keyText(QKeyCombination key) {
     return key.keyboardModifiers() == Qt::NoModifier ? QString(letter.toLower()) : QString(letter);
 }
 
-} // namespace
+/// Whether the control keeps the keys for itself, as a text box keeps those of its own editing.
+bool keepsKey(QWidget& control, QKeyCombination key) {
+    QKeyEvent question(QEvent::ShortcutOverride, key.key(), key.keyboardModifiers(), keyText(key));
+    question.ignore();
+    return control.isEnabled() && QApplication::sendEvent(&control, &question) &&
+           question.isAccepted();
+}
 
-void pressKey(QWidget& control, QKeyCombination key) {
+bool runShortcut(QWidget& control, QKeyCombination key) {
     const QKeySequence keys(key);
     for (QShortcut* shortcut : control.window()->findChildren<QShortcut*>()) {
         if (shortcut->isEnabled() && shortcut->keys().contains(keys)) {
             Q_EMIT shortcut->activated();
-            return;
+            return true;
         }
     }
     for (QAction* action : control.window()->findChildren<QAction*>()) {
         if (action->isEnabled() && action->shortcuts().contains(keys)) {
             action->trigger();
-            return;
+            return true;
         }
     }
+    return false;
+}
+
+void press(QWidget& control, QKeyCombination key) {
     if (!control.isEnabled())
         return;
     QKeyEvent press(QEvent::KeyPress, key.key(), key.keyboardModifiers(), keyText(key));
     QApplication::sendEvent(&control, &press);
     QKeyEvent release(QEvent::KeyRelease, key.key(), key.keyboardModifiers(), keyText(key));
     QApplication::sendEvent(&control, &release);
+}
+
+} // namespace
+
+void pressKey(QWidget& control, QKeyCombination key) {
+    if (keepsKey(control, key) || !runShortcut(control, key))
+        press(control, key);
 }
 
 } // namespace transcript

@@ -1,5 +1,6 @@
 // Commands on the state of the studio: var, let, row, grids, note.
 #include "Commands.h"
+#include "ControlNames.h"
 #include "Variables.h"
 
 #include "score/Studio.h"
@@ -17,7 +18,7 @@ std::map<std::string, Variable> gathered() {
     std::map<std::string, Variable> table;
     for (const Variables& variables :
          {scoreVariables(), viewVariables(), runVariables(), playbackVariables(),
-          editingVariables(), setupVariables(), tableVariables()}) {
+          editingVariables(), setupVariables(), editingToolbarVariables(), tableVariables()}) {
         for (const Variable& each : variables) {
             table[each.name] = each;
             // A variable of another window is also known without it.
@@ -29,8 +30,11 @@ std::map<std::string, Variable> gathered() {
 
 const Variable& find(const std::string& name) {
     static const std::map<std::string, Variable> table = gathered();
-    constexpr std::string_view window = "Form1.";
-    const auto found = table.find(name.starts_with(window) ? name.substr(window.size()) : name);
+    auto found = table.find(name);
+    // What all windows share may be named with any of them.
+    const std::size_t dot = name.find('.');
+    if (found == table.end() && dot != std::string::npos && isWindowName(name.substr(0, dot)))
+        found = table.find(name.substr(dot + 1));
     if (found == table.end())
         throw CommandError("no such variable: " + name);
     return found->second;

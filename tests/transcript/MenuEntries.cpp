@@ -8,6 +8,10 @@
 
 namespace transcript {
 
+bool isMenuLoaded(Session& session) {
+    return session.isRunning() && session.form1().menus.isLoaded();
+}
+
 Lines menuEntry(Session& session, const Address& address) {
     velorin::Frmmenu& menus = session.form1().menus;
     const velorin::MenuEntry* entry = velorin::findMenuEntry(address.control);

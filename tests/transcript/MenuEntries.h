@@ -9,6 +9,9 @@ namespace transcript {
     return address.window == "Frmmenu";
 }
 
+/// True between the load of the menus' owner and its unload behind a popup.
+[[nodiscard]] bool isMenuLoaded(Session& session);
+
 /// A property of an entry, or its caption where none is named. Loads the menus' owner.
 [[nodiscard]] Lines menuEntry(Session& session, const Address& address);
 

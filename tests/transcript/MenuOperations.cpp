@@ -31,6 +31,7 @@ Operations menuOperations() {
             all.push_back({"Frmmenu." + name + "_Click",
                            [menus, name](Session& session, Arguments& arguments) {
                                arguments.expectEnd();
+                               menus(session).load(); // as any use of the window does
                                menus(session).click(name);
                                return Lines{};
                            }});

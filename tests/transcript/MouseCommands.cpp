@@ -1,4 +1,5 @@
 // The command `mouse`: presses, moves and releases through hit testing.
+#include "ButtonFaces.h"
 #include "Commands.h"
 #include "ControlNames.h"
 #include "Session.h"
@@ -80,7 +81,7 @@ Lines mouse(Session& session, const Words& words) {
     const bool holds = isPress || (isHeld && parts.type == QEvent::MouseMove);
     if (holds)
         session.mouseHolder = target;
-    if (target->isEnabled())
+    if (target->isEnabled() && !pictureTakesMouse(*target, words[1]))
         send(*target, control, place, parts);
     return {};
 }

@@ -84,5 +84,6 @@ Operation operation(std::string name, Reach reach, Result (Owner::*procedure)(Pa
 [[nodiscard]] Operations menuOperations();
 [[nodiscard]] Operations setupOperations();
 [[nodiscard]] Operations editingOperations();
+[[nodiscard]] Operations editingToolbarOperations();
 
 } // namespace transcript

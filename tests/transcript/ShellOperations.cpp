@@ -1,7 +1,9 @@
 // Operations of the shell: the main toolbar, the handles, the exit, the sample files.
+#include "ControlNames.h"
 #include "Operations.h"
 #include "Session.h"
 #include "shell/Form1.h"
+#include "shell/Hints.h"
 #include "shell/Program.h"
 
 namespace transcript {
@@ -33,6 +35,22 @@ Operation plain(std::string name, void (Form1::*handler)()) {
             }};
 }
 
+/// The control, the index of an element, and the place beside it; the text is that of the control.
+Lines getinfo(Session& session, Arguments& arguments) {
+    const std::string name = arguments.text();
+    const int index = arguments.next<int>();
+    const int x = arguments.next<int>();
+    const int y = arguments.next<int>();
+    arguments.expectEnd();
+    const bool isButton = name == "Cmd2";
+    QWidget& control = controlOf(session, isButton ? "Cmd2(" + std::to_string(index) + ")" : name);
+    const char* text = isButton         ? toolbarHint(index)
+                       : name == "PicX" ? noteNamesHint
+                                        : barNumbersHint;
+    session.form1().Getinfo(control, QString::fromLatin1(text), x, y);
+    return {};
+}
+
 Operations toolbarOperations() {
     return {
         indexed("Form1.Cmd2_Click", &Form1::Cmd2_Click),
@@ -45,14 +63,13 @@ Operations toolbarOperations() {
             "Form1.IsProgramRunning",
             [](Session& session) -> Program& { return session.program(); },
             &Program::IsProgramRunning),
-        {"Form1.Cmd2_MouseUp",
-         [](Session& session, Arguments& arguments) {
-             constexpr int helpButton = 13; // the one that acts on release
-             const int index = arguments.next<int>();
-             arguments.ignoreRest();
-             if (index == helpButton)
-                 session.form1().Cmd2_Click(index);
-             return Lines{};
+        indexed("Form1.Cmd2_MouseUp", &Form1::Cmd2_MouseUp),
+        {"Form1.Getinfo", getinfo},
+        {"Form1.PitchToKey",
+         [](Session&, Arguments& arguments) {
+             const int pitch = arguments.next<int>();
+             arguments.expectEnd();
+             return answer(PitchToKey(pitch));
          }},
         {"Form1.Cmd2_MouseMove",
          [](Session& session, Arguments& arguments) {

@@ -96,6 +96,7 @@ Variable gridVariable(std::string name, int rows, int columns, Reach reach) {
 [[nodiscard]] Variables playbackVariables();
 [[nodiscard]] Variables editingVariables();
 [[nodiscard]] Variables setupVariables();
+[[nodiscard]] Variables editingToolbarVariables();
 [[nodiscard]] Variables tableVariables(); ///< tables that are only read
 
 } // namespace transcript

@@ -49,6 +49,9 @@ struct RecordingCommands final : EditCommands {
     void FunctionBut_Click(int index) override {
         log.push_back("FunctionBut_Click " + std::to_string(index));
     }
+    void pressEditButton(int button) override {
+        log.push_back("pressEditButton " + std::to_string(button));
+    }
     void setText3(const std::string& text) override { text3 = text; }
     void setText4(const std::string& text) override { text4 = text; }
     void setText5(const std::string& text) override { text5 = text; }
@@ -257,6 +260,42 @@ TEST_F(Form2Test, TheToolTipsAreThoseOfTheCommands) {
     EXPECT_EQ(form().Text1->toolTip(), "Insert # of spaces");
     EXPECT_EQ(form().Text5->toolTip(), "Total # of Playable notes in duplicated cycle");
     EXPECT_EQ(form().Check2->toolTip(), "Duplicate Instrument section");
+}
+
+TEST_F(Form2Test, ButtonShowsWhileThePointerIsOnItsPicture) {
+    EXPECT_FALSE(form().isCmd2Visible(5));
+    form().ImgPic_MouseMove(5);
+    EXPECT_TRUE(form().isCmd2Visible(5));
+    form().ImgPic_MouseMove(9); // further away, where it hides nothing
+    EXPECT_TRUE(form().isCmd2Visible(5));
+    form().ImgPic_MouseMove(6);
+    EXPECT_FALSE(form().isCmd2Visible(5));
+    EXPECT_TRUE(form().isCmd2Visible(6));
+    EXPECT_TRUE(form().isCmd2Visible(9));
+    form().Form_MouseMove();
+    EXPECT_FALSE(form().isCmd2Visible(6));
+    EXPECT_FALSE(form().isCmd2Visible(9));
+}
+
+TEST_F(Form2Test, FacesAtTheEndsOfTheRowHaveOneNeighbour) {
+    form().ImgPic_MouseMove(1);
+    form().ImgPic_MouseMove(17);
+    form().ImgPic_MouseMove(0);
+    form().ImgPic_MouseMove(18);
+    EXPECT_TRUE(form().isCmd2Visible(1));
+    EXPECT_TRUE(form().isCmd2Visible(17));
+    form().ImgPic_MouseDown(4);
+    EXPECT_FALSE(form().isCmd2Visible(1));
+}
+
+TEST_F(Form2Test, ClickTakesTheButtonAwayAndLeavesTheOthers) {
+    form().ImgPic_MouseMove(3);
+    form().ImgPic_MouseMove(8);
+    form().Cmd2[8]->click();
+    EXPECT_FALSE(form().isCmd2Visible(8));
+    EXPECT_TRUE(form().isCmd2Visible(3));
+    form().ImgPic_MouseUp(3);
+    EXPECT_FALSE(form().isCmd2Visible(3));
 }
 
 } // namespace

@@ -84,6 +84,19 @@ TEST_F(frminfoTest, AnotherControlDuringTheWaitStartsItsOwnSecond) {
     EXPECT_EQ(text(), "second");
 }
 
+TEST_F(frminfoTest, LoadingTakesTheSecondAndShowsNothing) {
+    host.time.plan(nanosecondsPerSecond / 2, [this] { EXPECT_TRUE(info.isLoaded()); });
+    info.load();
+    EXPECT_EQ(host.time.now(), nanosecondsPerSecond);
+    EXPECT_TRUE(info.isLoaded());
+    EXPECT_FALSE(shown());
+    EXPECT_EQ(text(), "");
+    info.load();
+    info.showHint(&button, "hint", {});
+    EXPECT_EQ(host.time.now(), nanosecondsPerSecond);
+    EXPECT_TRUE(shown());
+}
+
 TEST_F(frminfoTest, TheWindowIsOnePixelHigherThanItsText) {
     info.showHint(&button, "one line", {});
     EXPECT_EQ(info.window()->height(), label()->height() + 1);
