@@ -1,8 +1,8 @@
 // How late columns are: a thousand of them at tempo 300 on the real clock and the real loop.
-#include "convert/NoDesk.h"
 #include "convert/OfflinePlatform.h"
 #include "host/QtMessageLoop.h"
 #include "host/SystemClock.h"
+#include "playback/NoDesk.h"
 #include "playback/NoteSounding.h"
 #include "playback/Sequencer.h"
 #include "playback/StopWatch.h"
@@ -95,7 +95,7 @@ int main(int argc, char** argv) {
         studio.score.NoteArray.write(0, column, 60);
     }
     studio.score.Tempo = 300;
-    convert::NoDesk desk;
+    NoDesk desk;
     NoteSounding sounding(studio, desk);
     StopWatch watch(clock, loop);
     Sequencer sequencer(studio, sounding, watch, desk);

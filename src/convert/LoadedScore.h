@@ -1,8 +1,8 @@
 // A score file in a studio of its own, without windows.
 #pragma once
 
-#include "convert/NoDesk.h"
 #include "convert/OfflinePlatform.h"
+#include "playback/NoDesk.h"
 #include "score/PlainSetup.h"
 #include "score/Studio.h"
 

@@ -81,8 +81,7 @@ void MusicMouse::beginNote() {
     area_.MusicBox->setMousePointer(pointerOwn);
     const int row = studio_.score.CurrentRow;
     sounding_.SoundRow = static_cast<std::int16_t>(row);
-    if (const auto volume = studio_.setup.vol(row))
-        store(sounding_.Velocity, platform::readInt16(*volume));
+    sounding_.readVolume(row);
     if (!studio_.setup.TrackHide(row)) {
         if (const auto pitch = draggedPitch(studio_))
             sounding_.StartNoteBtnDn(*pitch);

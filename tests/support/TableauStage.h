@@ -1,8 +1,8 @@
 // The work area of the main window on a scripted host, with no window around it.
 #pragma once
 
+#include "playback/NoDesk.h"
 #include "playback/NoteSounding.h"
-#include "playback/PlaybackDesk.h"
 #include "score/PlainSetup.h"
 #include "score/Studio.h"
 #include "support/ScriptedPlatform.h"
@@ -17,37 +17,6 @@
 #include <vector>
 
 namespace scripted {
-
-/// What the sounding of notes asks of the windows: here nothing happens.
-class QuietPlaybackDesk final : public velorin::PlaybackDesk {
-public:
-    void DrawNoteArray() override {}
-    void DrawBeatArray() override {}
-    void DrawPolyTableau() override {}
-    void focusMusicBox() override {}
-    void focusBeatbox() override {}
-    void setBeatboxHeight(int) override {}
-    int HScroll1Min() override { return 0; }
-    void setHScroll1(int) override {}
-    void setMainCombo1(int) override {}
-    void enableMainTrackSel(int, bool) override {}
-    void setMainTrackSel(int, bool) override {}
-    void ChangeInstrument(int, int) override {}
-    void leaveTopMost() override {}
-    void returnToTopMost() override {}
-    void clearMusicBox() override {}
-    void GetColumn(int) override {}
-    void PutColumn(int) override {}
-    void drawPlayMarker(int) override {}
-    void enableTableaux(bool) override {}
-    void enableWizard(bool) override {}
-    void enableToolbars() override {}
-    void showProgress(float, const std::string*) override {}
-    void endProgress() override {}
-    void Recordcontrol() override {}
-    std::string Instxt() override { return {}; }
-    void setInstxt(const std::string&) override {}
-};
 
 /// A main window of a size that the test sets; the tool strip is 46 high.
 class PlainTableauDesk final : public velorin::TableauDesk {
@@ -77,7 +46,7 @@ struct TableauStage {
     ScriptedPlatform host;
     velorin::PlainSetup setup;
     velorin::Studio studio{host.platform, setup};
-    QuietPlaybackDesk playback;
+    velorin::NoDesk playback;
     PlainTableauDesk desk;
     velorin::NoteSounding sounding{studio, playback};
     velorin::Picmain area{nullptr};

@@ -1,6 +1,6 @@
 // Playing takes no memory: neither a note nor a column allocates.
 #include "AllocationCount.h"
-#include "QuietDesk.h"
+#include "playback/NoDesk.h"
 
 #include "playback/NoteSounding.h"
 #include "playback/Sequencer.h"
@@ -35,7 +35,7 @@ TEST(Playing, TakesNoMemory) {
                                 host.desktop, host.menus, host.time,  {}};
     PlainSetup setup;
     Studio studio(platform, setup);
-    QuietDesk desk;
+    NoDesk desk;
     NoteSounding sounding(studio, desk);
     StopWatch watch(host.time, host.time);
     Sequencer sequencer(studio, sounding, watch, desk);

@@ -1,7 +1,7 @@
 // A studio on a scripted host, with a desk that writes down what playing asks of the windows.
 #pragma once
 
-#include "QuietDesk.h"
+#include "playback/NoDesk.h"
 
 #include "playback/NoteSounding.h"
 #include "playback/Sequencer.h"
@@ -21,7 +21,7 @@ namespace velorin {
 using Lines = std::vector<std::string>;
 
 /// Every call is a line of `log`, "0.120 DrawNoteArray", its time before it.
-class RecordingDesk final : public QuietDesk {
+class RecordingDesk final : public NoDesk {
 public:
     explicit RecordingDesk(const scripted::VirtualTime& time) : time_(time) {}
 

@@ -1,7 +1,7 @@
 // The Setup Toolbar on a scripted host, with a main window that writes down what is asked of it.
 #pragma once
 
-#include "../playback/QuietDesk.h"
+#include "playback/NoDesk.h"
 
 #include "playback/NoteSounding.h"
 #include "score/Studio.h"
@@ -61,7 +61,7 @@ struct SetupStage {
     Form3& form() { return setup.form(); }
 
     scripted::ScriptedPlatform host;
-    QuietDesk quiet;
+    NoDesk quiet;
     RecordingSetupDesk desk;
     SetupToolbar setup{studio};
     Studio studio{host.platform, setup};

@@ -1,13 +1,12 @@
-// A main window that does nothing, the base of those that do something.
+// The main window's part in loading and playing, where there is no window: nothing happens.
 #pragma once
 
 #include "playback/PlaybackDesk.h"
 
-#include <string>
-
 namespace velorin {
 
-struct QuietDesk : PlaybackDesk {
+/// Also the base of a stand-in that answers some of the calls.
+struct NoDesk : PlaybackDesk {
     void DrawNoteArray() override {}
     void DrawBeatArray() override {}
     void DrawPolyTableau() override {}
@@ -22,6 +21,7 @@ struct QuietDesk : PlaybackDesk {
     void ChangeInstrument(int, int) override {}
     void leaveTopMost() override {}
     void returnToTopMost() override {}
+
     void clearMusicBox() override {}
     void GetColumn(int) override {}
     void PutColumn(int) override {}
