@@ -187,8 +187,8 @@ void Form1::connectTableaux() {
     area->TopBarOverlay->onMouseDown = [this](int b, int s, double x, double y) {
         music.TopBarOverlay_MouseDown(b, s, x, y);
     };
-    area->TopBarOverlay->onMouseMove = [this](int, int, double, double) { TopBar_MouseMove(); };
-    area->PicX->onMouseMove = [this](int, int, double, double) { PicX_MouseMove(); };
+    area->TopBarOverlay->onMouseMove = [this](int b, int, double, double) { TopBar_MouseMove(b); };
+    area->PicX->onMouseMove = [this](int b, int, double, double) { PicX_MouseMove(b); };
     area->TopBarOverlay->installEventFilter(this);
     area->PicX->installEventFilter(this);
 

@@ -67,8 +67,8 @@ public:
     void Cmd2_MouseDown(int index);
     void Cmd2_MouseUp(int index);               ///< button 13 opens its menu
     void Cmd2_MouseMove(int index, int button); ///< `button` is the one held, 0 for none
-    void PicX_MouseMove();
-    void TopBar_MouseMove();
+    void PicX_MouseMove(int button);
+    void TopBar_MouseMove(int button);
     /// Shows the hint at the control's place plus the offsets, in pixels of the window; the
     /// control's short tip goes.
     void Getinfo(QWidget& control, const QString& text, int offsetX, int offsetY);

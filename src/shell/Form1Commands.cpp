@@ -106,13 +106,13 @@ void Form1::Cmd2_MouseMove(int index, int button) {
             hintBelow);
 }
 
-void Form1::PicX_MouseMove() {
-    if (!Check3->isChecked())
+void Form1::PicX_MouseMove(int button) {
+    if (button != leftButton && !Check3->isChecked())
         Getinfo(*area->PicX, QLatin1String(noteNamesHint), hintBeside, 0);
 }
 
-void Form1::TopBar_MouseMove() {
-    if (!Check3->isChecked())
+void Form1::TopBar_MouseMove(int button) {
+    if (button != leftButton && !Check3->isChecked())
         Getinfo(*area->TopBarOverlay, QLatin1String(barNumbersHint), hintBeside, hintBeside);
 }
 

@@ -61,7 +61,9 @@ Lines focus(Session& session, const Words& words) {
 /// A key press with its release, as the window system sends it: shortcuts first, then the control.
 Lines key(Session& session, const Words& words) {
     expectWords(words, 2);
-    const QKeySequence keys(QString::fromStdString(words[1]), QKeySequence::PortableText);
+    QString name = QString::fromStdString(words[1]);
+    name.replace(QLatin1String("Escape"), QLatin1String("Esc"));
+    const QKeySequence keys(name, QKeySequence::PortableText);
     if (keys.count() != 1 || keys[0].key() == Qt::Key_unknown)
         throw CommandError("no such key: " + words[1]);
     QWidget& control = controlOf(session, words[0]);

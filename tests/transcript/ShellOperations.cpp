@@ -26,11 +26,12 @@ Operation indexed(std::string name, void (Form1::*handler)(int)) {
             }};
 }
 
-/// A handler that looks at none of its arguments.
-Operation plain(std::string name, void (Form1::*handler)()) {
+/// A move over a control that is no array: the button held is what counts, 0 if none is told.
+Operation moved(std::string name, void (Form1::*handler)(int)) {
     return {std::move(name), [handler](Session& session, Arguments& arguments) {
+                const int button = arguments.isAtEnd() ? 0 : arguments.next<int>();
                 arguments.ignoreRest();
-                (session.form1().*handler)();
+                (session.form1().*handler)(button);
                 return Lines{};
             }};
 }
@@ -79,8 +80,8 @@ Operations toolbarOperations() {
              session.form1().Cmd2_MouseMove(index, button);
              return Lines{};
          }},
-        plain("Form1.PicX_MouseMove", &Form1::PicX_MouseMove),
-        plain("Form1.TopBar_MouseMove", &Form1::TopBar_MouseMove),
+        moved("Form1.PicX_MouseMove", &Form1::PicX_MouseMove),
+        moved("Form1.TopBar_MouseMove", &Form1::TopBar_MouseMove),
         operation("Form1.Check3_Click", mainWindow, &Form1::Check3_Click),
         operation("Form1.Cmdhelp_Click", mainWindow, &Form1::Cmdhelp_Click),
         operation("Form1.HideToolbars", mainWindow, &Form1::HideToolbars),
