@@ -133,7 +133,6 @@ void Form1::makeHiddenControls() {
     Check3 = hidden(new QCheckBox(this), "Check3");
     for (int row = 0; row < scoreRows; ++row) {
         auto* option = hidden(new QRadioButton(this), element("TrackSel", row));
-        option->setAutoExclusive(false);
         const Colour colour = channelColors[static_cast<std::size_t>(row)];
         option->setProperty("backColor", QColor(static_cast<int>(colour & 0xFF),
                                                 static_cast<int>((colour >> 8) & 0xFF),
@@ -141,6 +140,13 @@ void Form1::makeHiddenControls() {
         TrackSel[static_cast<std::size_t>(row)] = option;
     }
     TrackSel[0]->setChecked(true);
+    for (int row = 0; row < scoreRows; ++row)
+        connect(TrackSel[static_cast<std::size_t>(row)], &QRadioButton::toggled, this,
+                [this, row](bool selected) {
+                    if (selected)
+                        TrackSel_Click(row);
+                });
+    connect(Check3, &QCheckBox::toggled, this, [this] { Check3_Click(); });
     connect(Combo1, &QComboBox::currentIndexChanged, this, [this] { Combo1_Click(); });
     connect(Combo5, &QComboBox::currentIndexChanged, this, [this] { Combo5_Click(); });
     connect(Combo2, &QComboBox::currentIndexChanged, this, [this] { Combo2_Click(); });
