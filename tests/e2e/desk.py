@@ -32,6 +32,16 @@ SETUP.update({f"TrackSel({row})": (43 + 34 * place, 194) for place, row in enume
 SETUP.update({f"TrackHide({row})": (43 + 34 * row, 133) for row in range(8)})
 SETUP.update({f"TrackHide({row})": (43 + 34 * place, 219) for place, row in enumerate([8, 10, 11, 12, 9])})
 
+SETUP.update({"Chkpoly": (31, 85), "Combo3": (317, 85), "tempo": (300, 82), "Combo2": (317, 125), "volume": (300, 157)})
+SETUP.update({f"Ch({row})": (143 + 46 * row, 163) for row in range(8)})
+SETUP.update({f"Chkstrum({row})": (143 + 46 * row, 205) for row in range(8)})
+
+# And in the Editing Toolbar: the buttons by their numbers, and the boxes.
+EDIT = {1: 336, 2: 370, 3: 404, 4: 448, 5: 482, 6: 516, 7: 550, 8: 584, 9: 628, 10: 662,
+        11: 30, 12: 74, 13: 108, 14: 142, 15: 176, 16: 210, 17: 286}
+EDIT = {button: (x, 57) for button, x in EDIT.items()}
+EDIT.update({"Text1": (243, 57), "Text5": (81, 98), "Text4": (225, 98), "Text3": (363, 98), "close": (671, 14)})
+
 LEFT, RIGHT, WHEEL_UP, WHEEL_DOWN = 1, 3, 4, 5
 
 
@@ -341,8 +351,15 @@ class Program:
 
     def setup(self, control):
         """A place in the Setup Toolbar on the screen."""
-        place = self.desk.place_of(self.desk.window("Setup Toolbar"))
-        return place[0] + SETUP[control][0], place[1] + SETUP[control][1]
+        return self.place_in("Setup Toolbar", SETUP[control])
+
+    def edit(self, control):
+        """A place in the Editing Toolbar on the screen."""
+        return self.place_in("Editing Toolbar", EDIT[control])
+
+    def place_in(self, title, inside):
+        x, y, *_ = self.desk.place_of(self.desk.window(title))
+        return x + inside[0], y + inside[1]
 
     def choose_instrument(self, entry, combo="Combo1"):
         """Opens a list of the Setup Toolbar and types the beginning of an entry."""
