@@ -302,15 +302,30 @@ class Desk:
         """The program's windows on the screen, its lists and menus among them."""
         return self.tool("search", "--onlyvisible", "--class", "velorin")
 
+    def has(self, title, patience=1.0):
+        """Whether a window comes up that may not be there at all."""
+        deadline = time.monotonic() + patience
+        while time.monotonic() < deadline:
+            if self.windows(title):
+                return True
+            time.sleep(0.02)
+        return False
+
     def settled(self, window):
         """A window's place once it is painted and stands still."""
+        def look():
+            place = self.place_of(window)
+            return place and (place, self.screen.part(*self.inside(place)))
+        return self.still(look, "a window that stands still")[0]
+
+    def still(self, look, what):
+        """What is to be seen, once it stays the same."""
         seen = []
 
-        def still():
-            place = self.place_of(window)
-            seen.append(place and (place, self.screen.part(*self.inside(place))))
-            return len(seen) > 4 and seen[-1] and seen[-1] == seen[-4] and seen[-1][0]
-        return wait_until(still, "a window that stands still")
+        def same():
+            seen.append(look())
+            return len(seen) > 4 and seen[-1] and seen[-1] == seen[-4] and seen[-1]
+        return wait_until(same, what)
 
     def inside(self, place):
         x, y, width, height = place
