@@ -88,7 +88,8 @@ int main(int argc, char** argv) {
     platform::Platform given = offline.platform;
     platform::Platform platform{clock,         loop,        meter,        given.mci,
                                 given.dialogs, given.boxes, given.files,  given.settings,
-                                given.desktop, given.menus, given.timers, {}};
+                                given.desktop, given.menus, given.timers, given.systemFiles,
+                                given.encoder, {}};
     PlainSetup setup;
     Studio studio(platform, setup);
     for (int column = 0; column < columns; ++column) {

@@ -3,7 +3,9 @@
 #include "host/HostDesktop.h"
 #include "host/HostFiles.h"
 #include "host/HostSound.h"
+#include "host/HostSystemFiles.h"
 #include "host/KeptFolder.h"
+#include "host/LameEncoder.h"
 #include "host/QtDialogs.h"
 #include "host/QtMessageBoxes.h"
 #include "host/QtMessageLoop.h"
@@ -47,6 +49,11 @@ QString workFolder() {
     return users;
 }
 
+/// The user's folder for the settings of this program.
+std::filesystem::path configFolder() {
+    return QFileInfo(velorin::host::QtSettings::defaultFile()).absolutePath().toStdString();
+}
+
 int runProgram(velorin::host::EndSignals& signals) {
     using namespace velorin;
     const QString folder = workFolder();
@@ -60,9 +67,16 @@ int runProgram(velorin::host::EndSignals& signals) {
     host::QtPopupMenus menus(loop);
     host::QtTimers timers;
     host::KeptFolder kept(host::stateFolder(std::getenv("XDG_STATE_HOME"), std::getenv("HOME")));
-    platform::Platform platform{
-        sound.clock(), loop,  sound.midi(), sound.mci(),          dialogs, boxes, files, settings,
-        desktop,       menus, timers,       folder.toStdString(), &kept};
+    host::HostSystemFiles systemFiles(configFolder());
+    host::LameEncoder encoder(QCoreApplication::applicationDirPath().toStdString());
+    platform::Platform platform{sound.clock(), loop,
+                                sound.midi(),  sound.mci(),
+                                dialogs,       boxes,
+                                files,         settings,
+                                desktop,       menus,
+                                timers,        systemFiles,
+                                encoder,       folder.toStdString(),
+                                &kept};
     std::unique_ptr<HelpWindow> help;
     desktop.openHelp = [&help] {
         if (!help)

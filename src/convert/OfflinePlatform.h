@@ -5,11 +5,13 @@
 #include "platform/Clock.h"
 #include "platform/Desktop.h"
 #include "platform/Dialogs.h"
+#include "platform/Encoder.h"
 #include "platform/Mci.h"
 #include "platform/MessageLoop.h"
 #include "platform/Platform.h"
 #include "platform/PopupMenus.h"
 #include "platform/Settings.h"
+#include "platform/SystemFiles.h"
 #include "platform/Timers.h"
 
 #include <algorithm>
@@ -86,7 +88,39 @@ struct NoDesktop final : platform::Desktop {
     platform::PointPx GetCursorPos() override { return {}; }
     bool isAnotherCopyRunning() override { return false; }
     void HtmlHelpA(const std::string&) override {}
+    bool startProgram(const std::string&) override { return false; }
     double Rnd() override { return 0.0; }
+};
+
+struct NoSystemFiles final : platform::SystemFiles {
+    std::string GetShortPathNameA(const std::string& path) override { return path; }
+    std::string GetWindowsDirectoryA() override { return {}; }
+    std::string GetPrivateProfileStringA(const std::string&, const std::string&,
+                                         const std::string& fallback, const std::string&) override {
+        return fallback;
+    }
+    bool WritePrivateProfileStringA(const std::string&, const std::string&, const std::string&,
+                                    const std::string&) override {
+        return false;
+    }
+};
+
+struct NoEncoder final : platform::Encoder {
+    bool isPresent(const std::string&) override { return false; }
+    std::uint32_t beInitStream(const platform::ConfigRecord&, std::uint32_t&, std::uint32_t&,
+                               platform::EncoderStream&) override {
+        return platform::encoderNoMoreHandles;
+    }
+    std::uint32_t beEncodeChunk(platform::EncoderStream, std::uint32_t, const std::int16_t*,
+                                std::uint8_t*, std::uint32_t&) override {
+        return platform::encoderInvalidHandle;
+    }
+    std::uint32_t beDeinitStream(platform::EncoderStream, std::uint8_t*, std::uint32_t&) override {
+        return platform::encoderInvalidHandle;
+    }
+    std::uint32_t beCloseStream(platform::EncoderStream) override {
+        return platform::encoderInvalidHandle;
+    }
 };
 
 struct NoMenus final : platform::PopupMenus {
@@ -118,10 +152,13 @@ private:
     NoDesktop desktop_;
     NoMenus menus_;
     NoTimers timers_;
+    NoSystemFiles systemFiles_;
+    NoEncoder encoder_;
 
 public:
-    platform::Platform platform{clock,  loop,      midi_,    mci_,   dialogs_, boxes_,
-                                files_, settings_, desktop_, menus_, timers_,  {}};
+    platform::Platform platform{clock,   loop,         midi_,     mci_,     dialogs_,
+                                boxes_,  files_,       settings_, desktop_, menus_,
+                                timers_, systemFiles_, encoder_,  {}};
 };
 
 } // namespace velorin::convert

@@ -1,9 +1,12 @@
 // The desktop around the program, on Qt.
 #include "host/HostDesktop.h"
 
+#include "platform/Text.h"
+
 #include <QCursor>
 #include <QDir>
 #include <QGuiApplication>
+#include <QProcess>
 #include <QScreen>
 #include <QStandardPaths>
 
@@ -48,6 +51,31 @@ bool HostDesktop::isAnotherCopyRunning() {
 void HostDesktop::HtmlHelpA(const std::string& file) {
     if (!openHelp || !openHelp())
         noHelp_.say("there is no help file " + file);
+}
+
+// The host has no mixer of that name, but one of the usual volume controls.
+bool HostDesktop::startProgram(const std::string& path) {
+    if (!platform::endsWithIgnoringCase(path, "SndVol32.exe"))
+        return QProcess::startDetached(QString::fromStdString(path), {});
+    struct Mixer {
+        const char* program;
+        QStringList arguments;
+    };
+    const Mixer mixers[] = {
+        {"pavucontrol", {}},
+        {"pavucontrol-qt", {}},
+        {"plasma-open-settings", {"kcm_pulseaudio"}},
+        {"gnome-control-center", {"sound"}},
+        {"mate-volume-control", {}},
+        {"xfce4-mixer", {}},
+        {"qasmixer", {}},
+        {"alsamixergui", {}},
+    };
+    for (const Mixer& mixer : mixers) {
+        if (!QStandardPaths::findExecutable(mixer.program).isEmpty())
+            return QProcess::startDetached(mixer.program, mixer.arguments);
+    }
+    return false;
 }
 
 double HostDesktop::Rnd() {

@@ -18,6 +18,7 @@ public:
     platform::PointPx GetCursorPos() override;
     bool isAnotherCopyRunning() override;
     void HtmlHelpA(const std::string& file) override;
+    bool startProgram(const std::string& path) override;
     double Rnd() override;
 
     /// Opens the help, which is built into the program, at its first page; false if there is none.

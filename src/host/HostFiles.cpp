@@ -52,7 +52,7 @@ std::unique_ptr<std::ostream> HostFiles::openForOutput(const std::string& name) 
 
 // A stream that neither truncates nor appends has to be open for reading too, and then makes no
 // file; so a missing file is made first.
-std::unique_ptr<std::ostream> HostFiles::openForBinary(const std::string& name) {
+std::unique_ptr<std::iostream> HostFiles::openForUpdate(const std::string& name) {
     const fs::path path = platform::resolve(name);
     std::error_code error;
     if (isPipe(path) || fs::is_directory(path, error))
@@ -64,6 +64,10 @@ std::unique_ptr<std::ostream> HostFiles::openForBinary(const std::string& name) 
     if (!stream->is_open())
         return nullptr;
     return stream;
+}
+
+std::unique_ptr<std::ostream> HostFiles::openForBinary(const std::string& name) {
+    return openForUpdate(name);
 }
 
 bool HostFiles::canRead(const std::string& name) {

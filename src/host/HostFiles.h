@@ -12,6 +12,7 @@ public:
     std::unique_ptr<std::istream> openForInput(const std::string& name) override;
     std::unique_ptr<std::ostream> openForOutput(const std::string& name) override;
     std::unique_ptr<std::ostream> openForBinary(const std::string& name) override;
+    std::unique_ptr<std::iostream> openForUpdate(const std::string& name) override;
     bool canRead(const std::string& name) override;
 
     bool remove(const std::string& name) override; ///< no folder, no write-protected file

@@ -33,6 +33,10 @@ public:
     /// Opens the help at its first page; `file` is the help's name as the program has it.
     virtual void HtmlHelpA(const std::string& file) = 0;
 
+    /// Starts a program outside, with its window shown normally. Returns whether it could be
+    /// started. A name that ends in "SndVol32.exe" stands for the host's volume control.
+    virtual bool startProgram(const std::string& path) = 0;
+
     /// A random number in [0, 1).
     [[nodiscard]] virtual double Rnd() = 0;
 };

@@ -24,6 +24,10 @@ public:
     /// file holds behind the last byte written stays.
     [[nodiscard]] virtual std::unique_ptr<std::ostream> openForBinary(const std::string& name) = 0;
 
+    /// For reading and writing, binary, created if missing and never truncated. Both have one place
+    /// in the file.
+    [[nodiscard]] virtual std::unique_ptr<std::iostream> openForUpdate(const std::string& name) = 0;
+
     /// True if the name can be opened for input.
     [[nodiscard]] virtual bool canRead(const std::string& name) = 0;
 

@@ -15,6 +15,10 @@ public:
     virtual std::uint32_t mciSendStringA(const std::string& command,
                                          std::string* reply = nullptr) = 0;
 
+    /// The MIDI device, as `midiOutOpen` numbers them, on which a MID file plays that is opened
+    /// from now on. Where nobody says, it is the mapper's.
+    virtual void setSequencerDevice(int) {}
+
     /// The text of an error code, UTF-8; empty for a code that is not known.
     [[nodiscard]] virtual std::string mciGetErrorStringA(std::uint32_t code) = 0;
 };

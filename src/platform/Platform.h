@@ -17,6 +17,8 @@ class Desktop;
 class PopupMenus;
 class Timers;
 class KeptState;
+class SystemFiles;
+class Encoder;
 
 /// Owns nothing; the host outlives every user of it.
 struct Platform {
@@ -31,6 +33,8 @@ struct Platform {
     Desktop& desktop;
     PopupMenus& menus;
     Timers& timers;
+    SystemFiles& systemFiles;
+    Encoder& encoder;
     /// The folder under which "Songs" and "media" lie, without a separator at its end.
     std::string programFolder;
     /// Null where nothing is to outlive the run.

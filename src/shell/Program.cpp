@@ -22,8 +22,13 @@ namespace {
 constexpr char title[] = "Velorin";
 
 platform::Platform withLoop(const platform::Platform& host, platform::MessageLoop& loop) {
-    return {host.clock, loop,          host.midi,    host.mci,   host.dialogs, host.boxes,
-            host.files, host.settings, host.desktop, host.menus, host.timers,  host.programFolder,
+    return {host.clock,   loop,
+            host.midi,    host.mci,
+            host.dialogs, host.boxes,
+            host.files,   host.settings,
+            host.desktop, host.menus,
+            host.timers,  host.systemFiles,
+            host.encoder, host.programFolder,
             host.kept};
 }
 

@@ -49,14 +49,19 @@ std::unique_ptr<std::ostream> ScriptedFiles::openForOutput(const std::string& na
 }
 
 std::unique_ptr<std::ostream> ScriptedFiles::openForBinary(const std::string& name) {
+    return openForUpdate(name);
+}
+
+std::unique_ptr<std::iostream> ScriptedFiles::openForUpdate(const std::string& name) {
     const fs::path path = platform::resolve(name);
-    if (name.empty() || !mayWrite(path))
-        return nullptr;
-    // Only opening for reading as well keeps what the file holds; only opening for writing makes a
-    // file that is not there.
     std::error_code error;
-    const auto mode = fs::exists(path, error) ? std::ios::in | std::ios::out : std::ios::out;
-    auto stream = std::make_unique<std::fstream>(path, std::ios::binary | mode);
+    if (name.empty() || !mayWrite(path) || fs::is_directory(path, error))
+        return nullptr;
+    // Opening for reading as well keeps what the file holds, and makes no file.
+    if (!fs::exists(path, error))
+        std::ofstream(path, std::ios::binary | std::ios::app).close();
+    auto stream =
+        std::make_unique<std::fstream>(path, std::ios::binary | std::ios::in | std::ios::out);
     return stream->is_open() ? std::move(stream) : nullptr;
 }
 

@@ -28,6 +28,7 @@ public:
     std::unique_ptr<std::istream> openForInput(const std::string& name) override;
     std::unique_ptr<std::ostream> openForOutput(const std::string& name) override;
     std::unique_ptr<std::ostream> openForBinary(const std::string& name) override;
+    std::unique_ptr<std::iostream> openForUpdate(const std::string& name) override;
     bool canRead(const std::string& name) override;
     bool remove(const std::string& name) override;
     bool rename(const std::string& from, const std::string& to) override;

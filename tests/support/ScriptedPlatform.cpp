@@ -39,9 +39,34 @@ double ScriptedDesktop::Rnd() {
     return number;
 }
 
+std::string ScriptedSystemFiles::GetShortPathNameA(const std::string& path) {
+    std::string name;
+    for (const char character : path)
+        name += character == ' ' ? std::string("%20") : std::string(1, character);
+    return name;
+}
+
+std::string ScriptedSystemFiles::GetPrivateProfileStringA(const std::string& section,
+                                                          const std::string& key,
+                                                          const std::string& fallback,
+                                                          const std::string& file) {
+    const auto found = values_.find(platform::lowerCase(file + "|" + section + "|" + key));
+    return found == values_.end() ? fallback : found->second;
+}
+
+bool ScriptedSystemFiles::WritePrivateProfileStringA(const std::string& section,
+                                                     const std::string& key,
+                                                     const std::string& value,
+                                                     const std::string& file) {
+    values_[platform::lowerCase(file + "|" + section + "|" + key)] = value;
+    return true;
+}
+
 ScriptedPlatform::ScriptedPlatform()
-    : midi(time), mci(time), platform{time,    time,  midi,  mci,
-                                      dialogs, boxes, files, settings,
-                                      desktop, menus, time,  folder.path().string()} {}
+    : midi(time),
+      mci(time),
+      systemFiles(folder.path().string()),
+      platform{time,     time,    midi,  mci,  dialogs,     boxes,   files,
+               settings, desktop, menus, time, systemFiles, encoder, folder.path().string()} {}
 
 } // namespace scripted

@@ -5,7 +5,9 @@
 #include "platform/Desktop.h"
 #include "platform/Platform.h"
 #include "platform/Settings.h"
+#include "platform/SystemFiles.h"
 #include "support/ScriptedDialogs.h"
+#include "support/ScriptedEncoder.h"
 #include "support/ScriptedFiles.h"
 #include "support/ScriptedMci.h"
 #include "support/ScriptedMidi.h"
@@ -35,19 +37,41 @@ private:
     std::map<std::pair<std::string, std::string>, std::string> values_;
 };
 
+/// The system's folder is the program's; what its INI files hold is kept to the end of the test.
+class ScriptedSystemFiles final : public platform::SystemFiles {
+public:
+    explicit ScriptedSystemFiles(std::string folder) : folder_(std::move(folder)) {}
+
+    std::string GetShortPathNameA(const std::string& path) override; ///< "%20" for each blank
+    std::string GetWindowsDirectoryA() override { return folder_; }
+    std::string GetPrivateProfileStringA(const std::string& section, const std::string& key,
+                                         const std::string& fallback,
+                                         const std::string& file) override;
+    bool WritePrivateProfileStringA(const std::string& section, const std::string& key,
+                                    const std::string& value, const std::string& file) override;
+
+private:
+    std::string folder_;
+    std::map<std::string, std::string> values_; ///< by file, section and key, in lower case
+};
+
 class ScriptedDesktop final : public platform::Desktop {
 public:
     platform::SizePx screenSize() override { return screen; }
     platform::PointPx GetCursorPos() override { return cursor; }
     bool isAnotherCopyRunning() override { return anotherCopy; }
     void HtmlHelpA(const std::string& file) override { programs.push_back("help " + file); }
+    bool startProgram(const std::string& path) override {
+        programs.push_back("mixer " + path);
+        return true;
+    }
     double Rnd() override; ///< the next of `randoms`; 0 when there is none
 
     platform::SizePx screen{1024, 768};
     platform::PointPx cursor;
     bool anotherCopy = false;
     std::deque<double> randoms;
-    std::vector<std::string> programs; ///< what was started outside: "help name"
+    std::vector<std::string> programs; ///< what was started outside: "help name", "mixer path"
 };
 
 /// The interfaces refer to this object, so it stays where it is and outlives every user.
@@ -67,6 +91,8 @@ public:
     ScriptedFiles files;
     ScriptedSettings settings;
     ScriptedDesktop desktop;
+    ScriptedSystemFiles systemFiles;
+    ScriptedEncoder encoder;
 
     platform::Platform platform; ///< all of the above; the program's folder is `folder`
 };

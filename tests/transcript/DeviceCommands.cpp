@@ -38,23 +38,25 @@ bool isEncoderCall(const std::string& word) {
 
 Lines encoder(Session& session, const Words& words) {
     expectWords(words, 0, 3);
+    scripted::ScriptedEncoder& library = session.host.encoder;
     if (words.empty())
-        return {};
+        return std::exchange(library.log, {});
     if (words[0] == "absent") {
         expectWords(words, 1);
-        session.encoderSamples = 0;
+        library.absent = true;
         return {};
     }
     if (words[0] == "fail") {
         expectWords(words, 3);
         if (!isEncoderCall(words[1]))
             throw CommandError("no such call: " + words[1]);
-        (void)plainNumber(words[2]);
+        library.failures[words[1]] = static_cast<std::uint32_t>(plainNumber(words[2]));
         return {};
     }
     expectWords(words, 2);
-    session.encoderSamples = numberBetween(words[0], 0, INT32_MAX);
-    session.encoderSize = numberBetween(words[1], 0, INT32_MAX);
+    library.samples = static_cast<std::uint32_t>(numberBetween(words[0], 0, INT32_MAX));
+    library.outputSize = static_cast<std::uint32_t>(numberBetween(words[1], 0, INT32_MAX));
+    library.absent = false;
     return {};
 }
 

@@ -52,8 +52,6 @@ public:
     scripted::ScriptedPlatform host;
 
     QPointer<QWidget> mouseHolder; ///< the control that was pressed, until its release
-    int encoderSamples = 0;        ///< 0: there is no encoder library
-    int encoderSize = 0;
 
 private:
     void perform(const Words& words);

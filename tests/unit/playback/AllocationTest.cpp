@@ -32,7 +32,8 @@ TEST(Playing, TakesNoMemory) {
     CountingMidi midi;
     platform::Platform platform{host.time,    host.time,  midi,       host.mci,
                                 host.dialogs, host.boxes, host.files, host.settings,
-                                host.desktop, host.menus, host.time,  {}};
+                                host.desktop, host.menus, host.time,  host.systemFiles,
+                                host.encoder, {}};
     PlainSetup setup;
     Studio studio(platform, setup);
     NoDesk desk;

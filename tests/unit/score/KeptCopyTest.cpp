@@ -34,6 +34,9 @@ public:
         auto file = files_.openForBinary(name);
         return isFull ? full(*file, 10) : std::move(file);
     }
+    std::unique_ptr<std::iostream> openForUpdate(const std::string& name) override {
+        return files_.openForUpdate(name);
+    }
     bool canRead(const std::string& name) override { return files_.canRead(name); }
     bool remove(const std::string& name) override { return files_.remove(name); }
     bool rename(const std::string& a, const std::string& b) override { return files_.rename(a, b); }
@@ -93,6 +96,8 @@ protected:
                                 host.platform.desktop,
                                 host.platform.menus,
                                 host.platform.timers,
+                                host.platform.systemFiles,
+                                host.platform.encoder,
                                 host.platform.programFolder};
     Log log;
     RecordingDesk desk{log};

@@ -1,0 +1,52 @@
+// The MP3 encoder library, after the four calls of its published interface that the program uses.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+namespace platform {
+
+/// The library's configuration record, byte for byte; its numbers are little-endian.
+using ConfigRecord = std::array<std::uint8_t, 332>;
+
+using EncoderStream = std::uint32_t;
+
+// What every call answers.
+constexpr std::uint32_t encoderSuccess = 0;
+constexpr std::uint32_t encoderInvalidFormat = 1;
+constexpr std::uint32_t encoderInvalidParameters = 2;
+constexpr std::uint32_t encoderNoMoreHandles = 3;
+constexpr std::uint32_t encoderInvalidHandle = 4;
+constexpr std::uint32_t encoderBufferTooSmall = 5;
+
+/// Bound at run time, so a host without the library has everything else.
+class Encoder {
+public:
+    virtual ~Encoder() = default;
+
+    /// Whether the library is there under this name ("<folder>\lame_enc.dll"). The host looks for
+    /// its own form of the library: beside the program if the folder is the program's, and in the
+    /// system's places for any other folder. The calls below use the one found last.
+    [[nodiscard]] virtual bool isPresent(const std::string& path) = 0;
+
+    /// Begins an encoding. Gives the samples (16 bit, over all channels) that a chunk should have,
+    /// the bytes that an output buffer must hold, and the stream's number. These stay as they are
+    /// on failure.
+    virtual std::uint32_t beInitStream(const ConfigRecord& config, std::uint32_t& samples,
+                                       std::uint32_t& outputSize, EncoderStream& stream) = 0;
+
+    /// Encodes `sampleCount` samples, at most as many as `beInitStream` gave, with both channels'
+    /// in turn. `bytes` gets the count of bytes written to `output`, which may be 0.
+    virtual std::uint32_t beEncodeChunk(EncoderStream stream, std::uint32_t sampleCount,
+                                        const std::int16_t* input, std::uint8_t* output,
+                                        std::uint32_t& bytes) = 0;
+
+    /// Gives what the encoder still holds back.
+    virtual std::uint32_t beDeinitStream(EncoderStream stream, std::uint8_t* output,
+                                         std::uint32_t& bytes) = 0;
+
+    virtual std::uint32_t beCloseStream(EncoderStream stream) = 0;
+};
+
+} // namespace platform

@@ -1,0 +1,65 @@
+// INI files and short names of files.
+#include "host/HostSystemFiles.h"
+#include "host/IniFile.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+
+namespace velorin::host {
+namespace {
+
+namespace fs = std::filesystem;
+
+class SystemFiles : public testing::Test {
+protected:
+    SystemFiles() { fs::create_directories(folder); }
+    ~SystemFiles() override { fs::remove_all(folder); }
+
+    fs::path folder =
+        fs::temp_directory_path() / ("velorin system files " + std::to_string(::getpid()));
+    HostSystemFiles files{folder};
+};
+
+TEST(AnIniFile, FindsAKeyWhateverItsCase) {
+    const std::string text = "; comment\r\n[fonts]\r\na=1\r\n[Mci]\r\n MPEGVideo = mciqtz.drv \r\n";
+    EXPECT_EQ(iniValue(text, "MCI", "mpegvideo"), "mciqtz.drv");
+    EXPECT_EQ(iniValue(text, "fonts", "mpegvideo"), std::nullopt);
+    EXPECT_EQ(iniValue(text, "none", "a"), std::nullopt);
+}
+
+TEST(AnIniFile, KeepsEverythingElseWhenAKeyIsSet) {
+    EXPECT_EQ(withIniValue("", "MCI", "a", "1"), "[MCI]\r\na=1\r\n");
+    EXPECT_EQ(withIniValue("[mci]\r\nb=2\r\n[x]\r\na=3\r\n", "MCI", "a", "1"),
+              "[mci]\r\nb=2\r\na=1\r\n[x]\r\na=3\r\n");
+    EXPECT_EQ(withIniValue("[mci]\r\nA=2\r\n;end\r\n", "MCI", "a", "1"),
+              "[mci]\r\na=1\r\n;end\r\n");
+}
+
+TEST_F(SystemFiles, KeepAKeyBetweenTwoPrograms) {
+    const std::string file = files.GetWindowsDirectoryA() + "\\system.ini";
+    EXPECT_EQ(files.GetPrivateProfileStringA("MCI", "MPEGVideo", "None", file), "None");
+    EXPECT_TRUE(files.WritePrivateProfileStringA("MCI", "MPEGVideo", "mciqtz.drv", file));
+    HostSystemFiles again(folder);
+    EXPECT_EQ(again.GetPrivateProfileStringA("mci", "mpegvideo", "None", file), "mciqtz.drv");
+}
+
+TEST_F(SystemFiles, GiveAShortNameWithoutBlanksThatLeadsBack) {
+    const std::string name = (folder / "100% of \xC3\x9C"
+                                       "bung 1.mp3")
+                                 .string();
+    std::ofstream(name) << "x";
+    const std::string shortName = files.GetShortPathNameA(name);
+    EXPECT_EQ(shortName.find(' '), std::string::npos);
+    EXPECT_EQ(pathOfShortName(shortName), name);
+    EXPECT_EQ(pathOfShortName("/a%41%"), "/a%41%");
+}
+
+TEST_F(SystemFiles, LeaveTheNameOfAMissingFileAsItIs) {
+    EXPECT_EQ(files.GetShortPathNameA("/no such/file here.mp3"), "/no such/file here.mp3");
+}
+
+} // namespace
+} // namespace velorin::host
