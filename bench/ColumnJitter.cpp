@@ -14,7 +14,9 @@
 #include <sys/resource.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -76,6 +78,24 @@ double processorSeconds() {
     return seconds(usage.ru_utime) + seconds(usage.ru_stime);
 }
 
+void print(const char* what, std::vector<double> late) {
+    std::sort(late.begin(), late.end());
+    std::printf("%s late by us: p50 %.1f  p99 %.1f  max %.1f\n", what, late[late.size() / 2],
+                late[late.size() * 99 / 100], late.back());
+}
+
+/// The yardstick: a bare sleep of the system, as long as a column.
+void measureSleeps() {
+    std::vector<double> late;
+    for (int sleep = 0; sleep < columns / 4; ++sleep) {
+        const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(40);
+        std::this_thread::sleep_until(end);
+        const std::chrono::duration<double, std::micro> by = std::chrono::steady_clock::now() - end;
+        late.push_back(by.count());
+    }
+    print("sleeps", late);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -108,13 +128,11 @@ int main(int argc, char** argv) {
     const double seconds = static_cast<double>(clock.QueryPerformanceCounter() - start) / 1e9;
     const double busy = processorSeconds() - busyBefore;
 
-    std::vector<double>& late = meter.latenessUs;
-    std::sort(late.begin(), late.end());
-    if (late.size() != columns)
+    if (meter.latenessUs.size() != columns)
         return 1;
-    std::printf(
-        "columns %d in %.2f s; late by us: p50 %.1f  p99 %.1f  max %.1f; processor %.2f %%\n",
-        columns, seconds, late[columns / 2], late[columns * 99 / 100], late.back(),
-        100.0 * busy / seconds);
+    print("columns", meter.latenessUs);
+    std::printf("%d columns in %.2f s; processor %.2f %%\n", columns, seconds,
+                100.0 * busy / seconds);
+    measureSleeps();
     return 0;
 }

@@ -5,6 +5,8 @@
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
+#include <QImage>
+#include <QPainter>
 
 using namespace velorin;
 
@@ -36,6 +38,20 @@ void wholeRedraw(benchmark::State& state) {
     FullTableau tableau;
     for (auto _ : state)
         tableau.stage.music.DrawNoteArray();
+}
+
+/// The yardstick: the bands and lines of such a picture, without its notes.
+void bareGrid(benchmark::State& state) {
+    QImage image(1600, 900, QImage::Format_RGB32);
+    for (auto _ : state) {
+        QPainter painter(&image);
+        painter.fillRect(image.rect(), Qt::white);
+        for (int y = 0; y < 900; y += 33)
+            painter.fillRect(0, y, 1600, 12, QColor(224, 224, 224));
+        painter.setPen(QColor(68, 204, 255));
+        for (int x = 0; x < 1600; x += 12)
+            painter.drawLine(x, 0, x, 899);
+    }
 }
 
 void wholeRedrawOfAllThree(benchmark::State& state) {
@@ -122,6 +138,7 @@ void layout(benchmark::State& state) {
     }
 }
 
+BENCHMARK(bareGrid)->Unit(benchmark::kMicrosecond);
 BENCHMARK(wholeRedraw)->Unit(benchmark::kMicrosecond);
 BENCHMARK(wholeRedrawOfAllThree)->Unit(benchmark::kMicrosecond);
 BENCHMARK(scrollByOneColumn)->Unit(benchmark::kMicrosecond);
