@@ -38,6 +38,8 @@ public:
     void readVolume(int row);
 
     void Device_Click(); ///< closes and reopens the device that `Form3`'s `Combo2` shows
+    /// Closes the device and opens `index` in its place. A failure leaves the closed handle.
+    void openDevice(int index);
     void Combo2_Click() { Device_Click(); } ///< the main window's own device list was chosen from
     void Combo1_Click();                    ///< the instrument list's choice goes to `CurrentRow`
     void Combo5_Click();                    ///< the percussion list's choice goes to `CurrentRow`

@@ -62,6 +62,11 @@ void NoteSounding::Device_Click() {
     midi.midiOutShortMsg(unassignedHandle, openingMessage);
 }
 
+void NoteSounding::openDevice(int index) {
+    closeDevice();
+    MidiResult = studio_.platform.midi.midiOutOpen(MidiHandle, index);
+}
+
 void NoteSounding::Combo1_Click() {
     const int index = std::max(studio_.setup.Combo1(), 0);
     const std::string entry = studio_.setup.Combo1Entry(index);

@@ -35,6 +35,8 @@ struct Run {
     std::int16_t EditMode = 0; ///< left button on a tableau: 0 draws, 1 sets the marker, 2 selects
     std::int16_t RightClickMode = 0; ///< right button: 0 erases, 1 opens a menu, 2 sets polynotes
     std::string SongsFolder;         ///< full path of the default place for scores
+    std::string WavFileName;         ///< the file in hand: the WAV recorded, or the file chosen
+    std::string MixerPath;           ///< the system's sound mixer
 };
 
 } // namespace velorin

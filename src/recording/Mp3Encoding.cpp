@@ -1,0 +1,221 @@
+// The button's two states and the loop of chunks between them.
+#include "recording/Mp3Encoding.h"
+
+#include "platform/Dialogs.h"
+#include "platform/Encoder.h"
+#include "platform/Files.h"
+#include "platform/MessageLoop.h"
+#include "platform/SystemFiles.h"
+#include "platform/Text.h"
+#include "recording/EncoderConfig.h"
+#include "recording/Progress.h"
+#include "recording/RecordCommands.h"
+#include "recording/RecordDesk.h"
+#include "recording/RecordingFormats.h"
+#include "recording/clsFileIo.h"
+#include "score/FileHelpers.h"
+#include "score/Studio.h"
+
+#include <array>
+#include <istream>
+#include <vector>
+
+namespace velorin {
+
+namespace {
+
+using platform::BoxIcon;
+
+constexpr char encodeCaption[] = "Encode File";
+constexpr char stopCaption[] = "Stop Encoding";
+constexpr char programName[] = "Velorin";
+constexpr char criticalError[] = "Critical Error";
+constexpr std::uint32_t wavHeaderSize = 44;
+constexpr std::int64_t bytesPerSample = 2;
+
+std::int64_t lengthOf(platform::Platform& platform, const std::string& name) {
+    const auto file = platform.files.openForInput(name);
+    if (file == nullptr)
+        return 0;
+    file->seekg(0, std::ios::end);
+    return file->tellg();
+}
+
+} // namespace
+
+struct Mp3Encoding::Job {
+    Job(platform::Platform& platform, std::uint32_t samplesGiven, std::uint32_t outputSize)
+        : in(platform), out(platform), samples(samplesGiven), input(samples), output(outputSize) {}
+
+    clsFileIo in;
+    clsFileIo out;
+    platform::EncoderStream stream = 0;
+    std::uint32_t samples; ///< in a chunk
+    std::vector<std::int16_t> input;
+    std::vector<std::uint8_t> output;
+    std::int64_t done = 0;  ///< bytes
+    std::int64_t total = 0; ///< bytes, the header's among them
+};
+
+void Mp3Encoding::Command20_Click() {
+    Run& run = studio_.run;
+    if (desk_.caption(RecordCaption::Command20) == stopCaption) {
+        run.EncodeCancelled = flagSet;
+        desk_.setCaption(RecordCaption::Command20, encodeCaption);
+        return;
+    }
+    if (!findLibrary())
+        return refuse(BoxIcon::critical, criticalError,
+                      "Encoding library not found...can't encode.");
+    if (!FileExists(studio_.platform, run.WavFileName))
+        return refuse(BoxIcon::none, programName, "Enter a valid Wave file.");
+    desk_.setText(RecordText::Text6, run.WavFileName);
+    if (!platform::lowerCase(run.WavFileName).ends_with(".wav"))
+        return refuse(BoxIcon::none, programName, "Not a valid Wave file.");
+    studio_.platform.loop.Yield();
+    if (studio_.platform.loop.isEnding())
+        return;
+    if (!FileExists(studio_.platform, run.WavFileName))
+        return desk_.setCaption(RecordCaption::Command20, encodeCaption);
+    desk_.setCaption(RecordCaption::Label8, "Encoding");
+    desk_.setCaption(RecordCaption::Command20, stopCaption);
+    EncodeWavFile();
+    if (studio_.platform.loop.isEnding())
+        return;
+    desk_.setText(RecordText::Text6, ChangeExtension(desk_.text(RecordText::Text6), "mp3"));
+    // Also when the encoding was stopped, or failed.
+    if (desk_.isChecked(RecordCheck::Check3) && FileExists(studio_.platform, run.WavFileName))
+        p_DestroyFile(studio_.platform, run.WavFileName);
+    desk_.setCaption(RecordCaption::Label8, "");
+    desk_.setCaption(RecordCaption::Status, "");
+    desk_.setCaption(RecordCaption::Command20, encodeCaption);
+}
+
+bool Mp3Encoding::findLibrary() {
+    platform::Encoder& encoder = studio_.platform.encoder;
+    LamePath = studio_.platform.programFolder + "\\lame_enc.dll";
+    if (encoder.isPresent(LamePath))
+        return true;
+    GetLamePath();
+    return encoder.isPresent(LamePath);
+}
+
+void Mp3Encoding::GetLamePath() {
+    LamePath = studio_.platform.systemFiles.GetWindowsDirectoryA() + "\\System32\\lame_enc.dll";
+}
+
+void Mp3Encoding::refuse(BoxIcon icon, const char* title, const char* text) {
+    desk_.setTopMost(false);
+    studio_.platform.boxes.MsgBox(icon, title, text);
+    desk_.setTopMost(true);
+}
+
+void Mp3Encoding::EncodeWavFile() {
+    commands_.changeToProgramFolder();
+    if (!FileExists(studio_.platform, desk_.text(RecordText::Text6))) {
+        studio_.platform.boxes.MsgBox(BoxIcon::critical, criticalError, "File not found...");
+        return;
+    }
+    studio_.run.EncodeCancelled = flagClear;
+    if (const auto choice = readChoice())
+        encode(*choice);
+}
+
+std::optional<EncoderChoice> Mp3Encoding::readChoice() {
+    EncoderChoice choice;
+    const int format = desk_.listIndex(RecordList::cbxFormat);
+    if (format >= 0 && format < static_cast<int>(encoderInputs.size())) {
+        choice.sampleRate = encoderInputs[static_cast<std::size_t>(format)].sampleRate;
+        choice.mode = encoderInputs[static_cast<std::size_t>(format)].mode;
+    }
+    const std::string bitrate = desk_.listText(RecordList::Combo4);
+    choice.bitrate = static_cast<std::int32_t>(platform::Val(bitrate));
+    if (bitrate.empty())
+        studio_.platform.boxes.MsgBox(BoxIcon::none, programName, "You didn't select Bitrate...");
+    const int quality = desk_.listIndex(RecordList::Combo3);
+    if (quality < 0 || quality >= static_cast<int>(mp3Qualities.size())) {
+        studio_.platform.boxes.MsgBox(BoxIcon::none, programName, "You didn't select quality...");
+        return std::nullopt;
+    }
+    choice.preset = mp3Qualities[static_cast<std::size_t>(quality)].preset;
+    return choice;
+}
+
+void Mp3Encoding::encode(const EncoderChoice& choice) {
+    platform::Encoder& encoder = studio_.platform.encoder;
+    std::uint32_t samples = 0;
+    std::uint32_t outputSize = 0;
+    platform::EncoderStream stream = 0;
+    const auto begun = encoder.beInitStream(encoderConfig(choice), samples, outputSize, stream);
+    if (begun != 0)
+        return showError(begun);
+    const std::string name = platform::trimBlanks(desk_.text(RecordText::Text6));
+    desk_.setText(RecordText::Text6, name);
+    Job job(studio_.platform, samples, outputSize);
+    job.stream = stream;
+    job.total = lengthOf(studio_.platform, name);
+    job.in.OpenFile(name);
+    job.out.OpenFile(ChangeExtension(name, "mp3"));
+    const auto ended = encodeChunks(job);
+    if (ended && *ended != 0)
+        return showError(*ended);
+    if (ended) {
+        std::uint32_t bytes = 0;
+        encoder.beDeinitStream(job.stream, job.output.data(), bytes);
+        if (bytes > 0)
+            job.out.WriteBytes(job.output.data(), bytes);
+    }
+    job.out.CloseFile();
+    job.in.CloseFile();
+    encoder.beCloseStream(job.stream);
+}
+
+// The header's bytes count as done only once they have been read a second time, so to say: the last
+// chunk asks for 44 bytes more than the file has left, and keeps what the buffer held in their
+// place. An MP3 ends with up to 22 samples of repeated sound.
+std::optional<std::uint32_t> Mp3Encoding::encodeChunks(Job& job) {
+    std::array<char, wavHeaderSize> header{};
+    job.in.ReadBytes(header.data(), wavHeaderSize);
+    while (job.done < job.total) {
+        const auto result = encodeChunk(job);
+        if (!result || *result != 0)
+            return result;
+        if (studio_.run.EncodeCancelled == flagSet)
+            break;
+        studio_.platform.loop.Yield();
+        if (studio_.platform.loop.isEnding())
+            return std::nullopt;
+    }
+    return 0;
+}
+
+std::optional<std::uint32_t> Mp3Encoding::encodeChunk(Job& job) {
+    platform::Encoder& encoder = studio_.platform.encoder;
+    const std::int64_t full = job.samples * bytesPerSample;
+    const std::int64_t chunk = job.done + full < job.total ? full : job.total - job.done;
+    job.in.ReadBytes(job.input.data(), static_cast<std::uint32_t>(chunk));
+    job.done += chunk;
+    const auto count =
+        static_cast<std::uint32_t>(platform::roundHalfEven(static_cast<double>(chunk) / 2.0));
+    std::uint32_t bytes = 0;
+    const std::uint32_t result =
+        encoder.beEncodeChunk(job.stream, count, job.input.data(), job.output.data(), bytes);
+    if (result != 0) {
+        encoder.beCloseStream(job.stream);
+        return result;
+    }
+    if (bytes > 0)
+        job.out.WriteBytes(job.output.data(), bytes);
+    desk_.setCaption(RecordCaption::Status, exactPercent(job.done, job.total));
+    return 0;
+}
+
+void Mp3Encoding::showError(std::uint32_t code) {
+    studio_.platform.boxes.MsgBox(BoxIcon::critical, "Encoding error...", encoderErrorText(code));
+}
+
+std::string ChangeExtension(const std::string& name, const std::string& extension) {
+    return name.substr(0, name.rfind('.') + 1) + extension;
+}
+
+} // namespace velorin
