@@ -130,6 +130,7 @@ void Form1::makeHiddenControls() {
     Text3Box = hidden(new QLineEdit("60", this), "Text3");
     Text4Box = hidden(new QLineEdit("28", this), "Text4");
     Text5Box = hidden(new QLineEdit("28", this), "Text5");
+    Check1 = hidden(new QCheckBox(this), "Check1");
     Check3 = hidden(new QCheckBox(this), "Check3");
     for (int row = 0; row < scoreRows; ++row) {
         auto* option = hidden(new QRadioButton(this), element("TrackSel", row));

@@ -10,6 +10,7 @@
 #include "playback/PlaybackDesk.h"
 #include "playback/Sequencer.h"
 #include "playback/StopWatch.h"
+#include "recording/RecordCommands.h"
 #include "score/ScoreCommands.h"
 #include "score/ScoreFiles.h"
 #include "shell/Frmmenu.h"
@@ -41,6 +42,7 @@
 namespace velorin {
 
 class Program;
+class RecordingLink;
 
 /// Layout and forwarding. Every control carries its name as object name, elements of arrays with
 /// their index, "Cmd2(6)"; one button serves `Cmd2`(i) and `ImgPic`(i).
@@ -49,6 +51,7 @@ class Form1 : public QWidget,
               public TableauDesk,
               public EditingDesk,
               public EditCommands,
+              public RecordCommands,
               public MenuDesk,
               public SetupDesk {
     Q_OBJECT
@@ -146,6 +149,14 @@ public:
     void setText4(const std::string& text) override;
     void setText5(const std::string& text) override;
 
+    // RecordCommands
+    void StopallSound() override;
+    void OpenFile(const std::string& name) override;
+    void setCheck1(bool checked) override;
+    void setChkgraphics(bool checked) override;
+    void openMidiOutput(int index) override;
+    bool changeToProgramFolder() override;
+
     // MenuDesk
     void CutBut_Click() override;
     void copyIt() override;
@@ -216,8 +227,11 @@ public:
     QLineEdit* Text3Box; ///< notes, as Duplicate reads them
     QLineEdit* Text4Box; ///< repeat
     QLineEdit* Text5Box; ///< beats
+    QCheckBox* Check1;   ///< copy of the Recording Toolbar's `Check2`
     QCheckBox* Check3;   ///< while it is set no hints show
     std::array<QRadioButton*, scoreRows> TrackSel;
+
+    RecordingLink* recording = nullptr; ///< null as long as there is no Recording Toolbar
 
 protected:
     void closeEvent(QCloseEvent* event) override;

@@ -106,11 +106,6 @@ void Form1::enableToolbars() {
             window->setEnabled(true);
 }
 
-// The recording window is not loaded while it is not built in, so its bar has nowhere to show.
-void Form1::showProgress(float, const std::string*) {}
-void Form1::endProgress() {}
-void Form1::Recordcontrol() {}
-
 std::string Form1::Instxt() {
     return InstxtBox->text().toStdString();
 }

@@ -1,0 +1,196 @@
+// `Record`, the Recording Toolbar: its load, its end, and where its clicks go.
+#include "recording/Record.h"
+
+#include "platform/Settings.h"
+#include "platform/SystemFiles.h"
+#include "platform/Text.h"
+#include "recording/RecordingFormats.h"
+#include "recording/RecordingToolbar.h"
+#include "score/Studio.h"
+#include "shell/SettingValues.h"
+#include "shell/ToolDesk.h"
+
+#include <QSignalBlocker>
+
+namespace velorin {
+
+namespace {
+
+constexpr ToolFrame::Face face{"Record", "Recording Toolbar", "main-11-recording.svg",
+                               QSize(532, 280)};
+constexpr char section[] = "Settings";
+constexpr char mp3DeviceKey[] = "MPEGVideo";
+constexpr char mp3Driver[] = "mciqtz.drv";
+
+/// Another number than 0 and 1, or one that the list does not have, leaves the control.
+void setCheck(QCheckBox& box, int value) {
+    if (value == 0 || value == 1)
+        box.setChecked(value == 1);
+}
+
+void setList(QComboBox& list, int index) {
+    if (index >= -1 && index < list.count())
+        list.setCurrentIndex(index);
+}
+
+} // namespace
+
+Record::Record(RecordingToolbar& owner, Studio& studio, ToolDesk& desk)
+    : ToolFrame(face, desk.frames()), owner_(owner), studio_(studio), desk_(desk) {
+    SSTab1 = new QTabWidget(this);
+    SSTab1->setObjectName("SSTab1");
+    SSTab1->setGeometry(8, 34, 516, 238);
+    makeRecordPage();
+    makePreferencesPage();
+    connectHandlers();
+}
+
+void Record::connectHandlers() {
+    onClose = [this] { imgTitleClose_Click(); };
+    onActivate = [this] { Form_Activate(); };
+    for (int i = 0; i < static_cast<int>(Cmd2.size()); ++i) {
+        connect(Cmd2[static_cast<std::size_t>(i)], &PictureButton::clicked, this,
+                [this, i] { owner_.player.Cmd2_Click(i); });
+    }
+    connect(Label1, &LabelButton::clicked, this, &Record::Label1_Click);
+    connect(rec, &RecordImage::clicked, this, [this] { owner_.capture.CmdStart_Click(); });
+    connect(Command20, &QPushButton::clicked, this, [this] { owner_.encoding.Command20_Click(); });
+    connect(Command1, &QPushButton::clicked, this, [this] { owner_.capture.Command1_Click(); });
+    connect(Check2, &QCheckBox::toggled, this, [this] { owner_.capture.Check2_Click(); });
+    connect(cbxFormat, &QComboBox::currentIndexChanged, this, &Record::cbxFormat_Click);
+}
+
+void Record::Form_Load() {
+    placeWindow();
+    studio_.run.RecordToolbarOpen = flagSet;
+    Label1->setText(QStringLiteral("Start Recording"));
+    fillFormats();
+    if (owner_.media.ReadMCIEntry(mp3DeviceKey) != mp3Driver)
+        owner_.media.WriteMCIEntry(mp3DeviceKey, mp3Driver);
+    SetTopMost(*this, true);
+    owner_.player.makeStopWatches();
+    readSettings();
+    studio_.run.MixerPath =
+        studio_.platform.systemFiles.GetWindowsDirectoryA() + "\\System32\\SndVol32.exe";
+    frame.SkinToolWindow();
+}
+
+void Record::placeWindow() {
+    platform::Settings& settings = studio_.platform.settings;
+    const platform::SizePx screen = studio_.platform.desktop.screenSize();
+    const float left = middleTwips(screen.width, width());
+    const float top =
+        static_cast<float>(screen.height * platform::twipsPerPixel) - heightTwips() - 400.0F;
+    placeFrom(settings.GetSetting(section, "record left", settingText(left)),
+              settings.GetSetting(section, "record top", settingText(top)), left, top, screen);
+}
+
+// The last row comes after the selection, which is therefore the one before it at every start.
+void Record::fillFormats() {
+    const auto add = [this](std::size_t row) {
+        const std::string_view text = wavFormats[row].row;
+        cbxFormat->addItem(QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size())));
+    };
+    {
+        const QSignalBlocker quiet(cbxFormat);
+        for (std::size_t row = 0; row <= startWavFormat; ++row)
+            add(row);
+        cbxFormat->setCurrentIndex(-1);
+    }
+    cbxFormat->setCurrentIndex(startWavFormat);
+    for (std::size_t row = startWavFormat + 1; row < wavFormats.size(); ++row)
+        add(row);
+}
+
+void Record::readSettings() {
+    platform::Settings& settings = studio_.platform.settings;
+    const auto read = [&settings](const char* key) {
+        return platform::readInt16(settings.GetSetting(section, key, "1")).value_or(-1);
+    };
+    setCheck(*Check2, read("autoencode"));
+    setCheck(*Check3, read("Delete WAV"));
+    setCheck(*Check4, read("Show note position"));
+    setList(*Combo4, read("MP3 bitrate"));
+    setList(*Combo3, read("MP3 quality"));
+}
+
+void Record::Form_Unload() {
+    studio_.run.RecordToolbarOpen = flagClear;
+    owner_.closeDevices();
+    saveSettings();
+}
+
+// Both boxes are written under one key, so the second stays, and the first comes back set at every
+// start.
+void Record::saveSettings() {
+    const auto save = [this](const char* key, const std::string& value) {
+        studio_.platform.settings.SaveSetting(section, key, value);
+    };
+    const auto number = [](const QCheckBox& box) { return box.isChecked() ? "1" : "0"; };
+    save("record left", settingText(place.Left()));
+    save("record top", settingText(place.Top()));
+    save("Delete WAV", number(*Check2));
+    save("Delete WAV", number(*Check3));
+    save("Show note position", number(*Check4));
+    save("MP3 bitrate", std::to_string(Combo4->currentIndex()));
+    save("MP3 quality", std::to_string(Combo3->currentIndex()));
+}
+
+void Record::Form_Activate() {
+    desk_.noteActiveToolbar("Record");
+}
+
+void Record::Label1_Click() {
+    owner_.capture.Cmdrecord_Click();
+}
+
+void Record::cbxFormat_Click() {
+    studio_.platform.settings.SaveSetting(section, "WAV format",
+                                          std::to_string(cbxFormat->currentIndex()));
+}
+
+void Record::imgTitleClose_Click() {
+    owner_.unload();
+}
+
+QLabel* Record::label(RecordCaption control) const {
+    switch (control) {
+    case RecordCaption::Label1:
+        return Label1;
+    case RecordCaption::Label8:
+        return Label8;
+    case RecordCaption::Status:
+        return Status;
+    case RecordCaption::lblKhz:
+        return lblKhz;
+    case RecordCaption::lblbitrate:
+        return lblbitrate;
+    case RecordCaption::lblmode:
+        return lblmode;
+    case RecordCaption::lblTime:
+        return lblTime;
+    case RecordCaption::Command20:
+        break;
+    }
+    return nullptr;
+}
+
+QLineEdit& Record::box(RecordText control) const {
+    return control == RecordText::Text6       ? *Text6
+           : control == RecordText::InputPath ? *InputPath
+                                              : *OutPutPath;
+}
+
+QCheckBox& Record::check(RecordCheck control) const {
+    return control == RecordCheck::Check2   ? *Check2
+           : control == RecordCheck::Check3 ? *Check3
+                                            : *Check4;
+}
+
+QComboBox& Record::list(RecordList control) const {
+    return control == RecordList::cbxFormat ? *cbxFormat
+           : control == RecordList::Combo4  ? *Combo4
+                                            : *Combo3;
+}
+
+} // namespace velorin

@@ -1,0 +1,173 @@
+// The controls of `Record` and where they stand.
+#include "recording/Record.h"
+#include "recording/RecordingFormats.h"
+
+#include <QIcon>
+
+namespace velorin {
+
+namespace {
+
+QString latin(const char* text) {
+    return QString::fromLatin1(text);
+}
+
+QString latin(std::string_view text) {
+    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+template <class Control>
+Control* named(Control* control, const char* name, QRect place, const char* tip = "") {
+    control->setObjectName(name);
+    control->setGeometry(place);
+    control->setToolTip(latin(tip));
+    if (*tip != '\0')
+        control->setAccessibleName(latin(tip));
+    return control;
+}
+
+QFrame* makePanel(QWidget* parent, const char* name, QRect place) {
+    auto* const panel = named(new QFrame(parent), name, place);
+    panel->setProperty("role", "panel");
+    return panel;
+}
+
+QLabel* makeLabel(QWidget* parent, const char* name, QRect place, const char* text,
+                  const char* role) {
+    auto* const label = named(new QLabel(latin(text), parent), name, place);
+    label->setProperty("role", role);
+    return label;
+}
+
+QLabel* makeValue(QWidget* parent, const char* name, QRect place, Qt::Alignment alignment) {
+    QLabel* const label = makeLabel(parent, name, place, "", "value");
+    label->setAlignment(alignment | Qt::AlignVCenter);
+    return label;
+}
+
+template <class Control>
+Control* called(Control* control, const char* accessibleName) {
+    control->setAccessibleName(latin(accessibleName));
+    return control;
+}
+
+} // namespace
+
+void Record::makeRecordPage() {
+    auto* const page = new QWidget(SSTab1);
+    SSTab1->addTab(page, QStringLiteral("Record/Play"));
+    Picture2 = makePanel(page, "Picture2", QRect(8, 8, 238, 72));
+    Optsourcesng = named(new QRadioButton(latin("Record from SNG file or notes"), Picture2),
+                         "Optsourcesng", QRect(12, 12, 218, 22));
+    Optsourcemid = named(new QRadioButton(latin("Record from MID file"), Picture2), "Optsourcemid",
+                         QRect(12, 38, 218, 22));
+    Optsourcesng->setChecked(true);
+    makeRecordPanel(page);
+    Text6 = called(named(new QLineEdit(page), "Text6", QRect(8, 88, 498, 26)), "File in hand");
+    makePlayer(page);
+    makeMp3Labels(page);
+    makeProgress(page);
+    picMP3 = named(new QWidget(page), "picMP3", QRect());
+    picMP3->hide();
+    Timer10 = named(new QWidget(page), "Timer10", QRect());
+    Timer10->hide();
+    Timer10->setEnabled(false);
+}
+
+void Record::makeRecordPanel(QWidget* page) {
+    QFrame* const panel = makePanel(page, "", QRect(254, 8, 252, 72));
+    rec = called(named(new RecordImage(panel), "rec", QRect(12, 12, 48, 48)), "Record");
+    Label1 =
+        named(new LabelButton(latin("Start Recording"), panel), "Label1", QRect(70, 8, 170, 30));
+    Label8 = makeValue(panel, "Label8", QRect(70, 42, 170, 20), Qt::AlignHCenter);
+}
+
+void Record::makePlayer(QWidget* page) {
+    Picture7 = makePanel(page, "Picture7", QRect(8, 122, 150, 44));
+    struct Place {
+        const char* picture;
+        const char* tip;
+        int left;
+    };
+    constexpr std::array<Place, 4> places{{{"player-0-open", "Open File", 5},
+                                           {"player-1-play", "Play", 40},
+                                           {"player-2-pause", "Pause", 75},
+                                           {"player-3-stop", "Stop", 110}}};
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        auto* const button = new PictureButton(Picture7, QStringLiteral("Cmd2(%1)").arg(i),
+                                               latin(places[i].picture));
+        button->setGeometry(places[i].left, 5, 34, 34);
+        button->setIconSize(QSize(24, 24));
+        button->setToolTip(latin(places[i].tip));
+        Cmd2[i] = called(button, places[i].tip);
+    }
+}
+
+void Record::makeMp3Labels(QWidget* page) {
+    Picture5 = makePanel(page, "Picture5", QRect(166, 122, 340, 44));
+    makeLabel(Picture5, "", QRect(12, 4, 110, 36), "Play from File", "heading");
+    lblKhz = makeValue(Picture5, "lblKhz", QRect(122, 4, 24, 36), Qt::AlignRight);
+    lblbitrate = makeValue(Picture5, "lblbitrate", QRect(152, 4, 32, 36), Qt::AlignRight);
+    makeLabel(Picture5, "", QRect(188, 4, 32, 36), "kbps", "");
+    lblmode = makeValue(Picture5, "lblmode", QRect(224, 4, 48, 36), Qt::AlignLeft);
+    lblTime = makeValue(Picture5, "lblTime", QRect(274, 4, 54, 36), Qt::AlignRight);
+    lblTime->setText(QStringLiteral(":"));
+    lblTime->setStyleSheet(QStringLiteral("font-size: 16px;"));
+    Picture5->hide();
+}
+
+void Record::makeProgress(QWidget* page) {
+    P2 = called(named(new ProgressTrack(page), "P2", QRect(8, 182, 300, 12)), "Progress");
+    L2 = new ProgressBar(P2);
+    L2->setObjectName("L2");
+    Status = makeValue(page, "Status", QRect(314, 178, 56, 20), Qt::AlignRight);
+    Command20 =
+        named(new QPushButton(latin("Encode File"), page), "Command20", QRect(384, 174, 122, 28));
+}
+
+void Record::makePreferencesPage() {
+    auto* const page = new QWidget(SSTab1);
+    SSTab1->addTab(page, QStringLiteral("Preferences"));
+    makeOptions(page);
+    makeFormats(page);
+    InputPath =
+        called(named(new QLineEdit(latin("TEMP.WAV"), page), "InputPath", QRect(8, 170, 238, 26)),
+               "WAV file");
+    auto* const arrow = new QLabel(page);
+    arrow->setPixmap(QIcon(":/look/glyph-arrow-to.svg").pixmap(QSize(16, 16), devicePixelRatioF()));
+    arrow->setGeometry(249, 175, 16, 16);
+    OutPutPath = called(
+        named(new QLineEdit(latin("TEMP.MP3"), page), "OutPutPath", QRect(268, 170, 238, 26)),
+        "MP3 file");
+}
+
+void Record::makeOptions(QWidget* page) {
+    QFrame* const panel = makePanel(page, "", QRect(8, 8, 206, 152));
+    const auto option = [panel](const char* caption, const char* name, int top, const char* tip) {
+        return named(new QCheckBox(latin(caption), panel), name, QRect(14, top, 180, 22), tip);
+    };
+    Check2 = option("Auto-Encode to MP3", "Check2", 12, "Encode to MP3 automatically");
+    Check3 = option("Delete WAV file", "Check3", 42, "Delete WAV file on completion of encoding");
+    Check4 = option("Show Note position", "Check4", 72, "Show playing position");
+    Command1 = named(new QPushButton(latin("Mixer"), panel), "Command1", QRect(14, 108, 178, 30),
+                     "Show system sound mixer");
+}
+
+void Record::makeFormats(QWidget* page) {
+    QFrame* const panel = makePanel(page, "", QRect(222, 8, 284, 152));
+    makeLabel(panel, "", QRect(14, 10, 256, 18), "WAV Recording Format", "heading");
+    cbxFormat = named(new QComboBox(panel), "cbxFormat", QRect(14, 32, 256, 26),
+                      "Select WAV recording format");
+    makeLabel(panel, "", QRect(14, 74, 120, 18), "MP3 Bitrate", "heading");
+    Combo4 = named(new QComboBox(panel), "Combo4", QRect(14, 96, 120, 26), "MP3 Bitrate selector");
+    for (const std::string_view row : mp3Bitrates)
+        Combo4->addItem(latin(row));
+    makeLabel(panel, "", QRect(150, 74, 120, 18), "MP3 Quality", "heading");
+    Combo3 = named(new QComboBox(panel), "Combo3", QRect(150, 96, 120, 26), "MP3 Quality Selector");
+    for (const Mp3Quality& quality : mp3Qualities)
+        Combo3->addItem(latin(quality.row));
+    Combo4->setCurrentIndex(-1);
+    Combo3->setCurrentIndex(-1);
+}
+
+} // namespace velorin

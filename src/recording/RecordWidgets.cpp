@@ -1,0 +1,141 @@
+// How the record image, the label button and the progress bar look and answer.
+#include "recording/RecordWidgets.h"
+
+#include "shell/LookColors.h"
+
+#include <QFile>
+#include <QKeyEvent>
+#include <QLinearGradient>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QStyle>
+
+namespace velorin {
+
+namespace {
+
+constexpr double trackRadius = 6.0;
+
+QIcon pictureNamed(const char* name) {
+    QIcon icon;
+    icon.addFile(QStringLiteral(":/look/%1.svg").arg(QLatin1String(name)), QSize(), QIcon::Normal);
+    const QString off = QStringLiteral(":/look/off/%1.svg").arg(QLatin1String(name));
+    if (QFile::exists(off))
+        icon.addFile(off, QSize(), QIcon::Disabled);
+    return icon;
+}
+
+} // namespace
+
+RecordImage::RecordImage(QWidget* parent)
+    : QAbstractButton(parent),
+      pictures_{pictureNamed("rec-up"), pictureNamed("rec-pressed"),
+                pictureNamed("rec-recording")} {
+    setFocusPolicy(Qt::TabFocus);
+}
+
+void RecordImage::show(RecordPicture picture) {
+    picture_ = picture;
+    update();
+}
+
+RecordPicture RecordImage::picture() const {
+    return isDown() ? RecordPicture::RecDN : picture_;
+}
+
+void RecordImage::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    pictures_[static_cast<std::size_t>(picture())].paint(
+        &painter, rect(), Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
+    if (!hasFocus())
+        return;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(look::sky, 2.0));
+    painter.drawEllipse(QRectF(rect()).adjusted(1, 1, -1, -1));
+}
+
+LabelButton::LabelButton(const QString& text, QWidget* parent) : QLabel(text, parent) {
+    setProperty("role", "button");
+    setAlignment(Qt::AlignCenter);
+    setFocusPolicy(Qt::TabFocus);
+    setStyleSheet(QStringLiteral("QLabel:focus { border: 2px solid #44CCFF; padding: 2px 9px; }"));
+}
+
+void LabelButton::mark(const char* property, bool set) {
+    if (this->property(property).toBool() == set)
+        return;
+    setProperty(property, set);
+    style()->unpolish(this);
+    style()->polish(this);
+    update();
+}
+
+void LabelButton::enterEvent(QEnterEvent* event) {
+    mark("hot", true);
+    QLabel::enterEvent(event);
+}
+
+void LabelButton::leaveEvent(QEvent* event) {
+    mark("hot", false);
+    QLabel::leaveEvent(event);
+}
+
+void LabelButton::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton)
+        mark("down", true);
+    event->accept();
+}
+
+void LabelButton::mouseReleaseEvent(QMouseEvent* event) {
+    const bool wasDown = property("down").toBool();
+    event->accept();
+    if (event->button() != Qt::LeftButton)
+        return;
+    mark("down", false);
+    if (wasDown && rect().contains(event->position().toPoint()))
+        Q_EMIT clicked();
+}
+
+void LabelButton::keyPressEvent(QKeyEvent* event) {
+    const bool presses = event->key() == Qt::Key_Space || event->key() == Qt::Key_Return ||
+                         event->key() == Qt::Key_Enter;
+    if (presses && !event->isAutoRepeat())
+        Q_EMIT clicked();
+    else
+        QLabel::keyPressEvent(event);
+}
+
+ProgressTrack::ProgressTrack(QWidget* parent) : QWidget(parent) {}
+
+void ProgressTrack::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(look::ink900);
+    painter.drawRoundedRect(rect(), trackRadius, trackRadius);
+}
+
+ProgressBar::ProgressBar(ProgressTrack* track) : QLabel(track) {
+    setGeometry(0, 0, 1, track->height());
+}
+
+void ProgressBar::setBarWidth(int widthPx) {
+    resize(widthPx, height());
+}
+
+void ProgressBar::paintEvent(QPaintEvent*) {
+    if (width() <= 1)
+        return;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QPainterPath track;
+    track.addRoundedRect(QRectF(parentWidget()->rect()), trackRadius, trackRadius);
+    painter.setClipPath(track);
+    QLinearGradient fill(0, 0, 0, height());
+    fill.setColorAt(0, QColor(110, 220, 255));
+    fill.setColorAt(1, QColor(40, 160, 214));
+    painter.fillRect(rect(), fill);
+}
+
+} // namespace velorin
