@@ -80,8 +80,10 @@ QWidget& controlOf(Session& session, const Address& address) {
     if (auto* control = window.findChild<QWidget*>(name))
         return *control;
     // One button serves both the button and its picture.
-    if (name.startsWith("ImgPic(")) {
-        name.replace("ImgPic(", "Cmd2(");
+    for (const char* picture : {"ImgPic(", "ImgR("}) {
+        if (!name.startsWith(QLatin1String(picture)))
+            continue;
+        name.replace(QLatin1String(picture), "Cmd2(");
         if (auto* control = window.findChild<QWidget*>(name))
             return *control;
     }

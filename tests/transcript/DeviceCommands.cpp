@@ -3,6 +3,7 @@
 #include "Session.h"
 
 #include <array>
+#include <regex>
 #include <utility>
 
 namespace transcript {
@@ -19,9 +20,18 @@ Lines devices(Session& session, const Words& words) {
     return {};
 }
 
+/// The number of a window means nothing outside its run. A small one came from the transcript.
+std::string withoutHandle(const std::string& line) {
+    static const std::regex handle(" parent [0-9]{6,} ");
+    return std::regex_replace(line, handle, " parent H ");
+}
+
 Lines mci(Session& session, const Words& words) {
     expectWords(words, 0);
-    return std::exchange(session.host.mci.log, {});
+    Lines lines = std::exchange(session.host.mci.log, {});
+    for (std::string& line : lines)
+        line = withoutHandle(line);
+    return lines;
 }
 
 Lines reply(Session& session, const Words& words) {

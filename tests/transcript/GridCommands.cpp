@@ -18,7 +18,8 @@ std::map<std::string, Variable> gathered() {
     std::map<std::string, Variable> table;
     for (const Variables& variables :
          {scoreVariables(), viewVariables(), runVariables(), playbackVariables(),
-          editingVariables(), setupVariables(), editingToolbarVariables(), tableVariables()}) {
+          editingVariables(), setupVariables(), editingToolbarVariables(), tableVariables(),
+          recordVariables()}) {
         for (const Variable& each : variables) {
             table[each.name] = each;
             // A variable of another window is also known without it.

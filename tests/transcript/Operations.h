@@ -83,6 +83,7 @@ Operation operation(std::string name, Reach reach, Result (Owner::*procedure)(Pa
 [[nodiscard]] Operations frameOperations();
 [[nodiscard]] Operations menuOperations();
 [[nodiscard]] Operations setupOperations();
+[[nodiscard]] Operations recordOperations();
 [[nodiscard]] Operations editingOperations();
 [[nodiscard]] Operations editingToolbarOperations();
 

@@ -94,6 +94,7 @@ Variable gridVariable(std::string name, int rows, int columns, Reach reach) {
 [[nodiscard]] Variables viewVariables();
 [[nodiscard]] Variables runVariables();
 [[nodiscard]] Variables playbackVariables();
+[[nodiscard]] Variables recordVariables();
 [[nodiscard]] Variables editingVariables();
 [[nodiscard]] Variables setupVariables();
 [[nodiscard]] Variables editingToolbarVariables();

@@ -1,0 +1,157 @@
+// Operations of the Recording Toolbar, `Record`, and of the MP3 device; naming one of the former
+// loads the window.
+#include "Operations.h"
+#include "Session.h"
+#include "Variables.h"
+#include "recording/Record.h"
+#include "recording/RecordingToolbar.h"
+#include "shell/Program.h"
+
+namespace transcript {
+
+using namespace velorin;
+
+namespace {
+
+RecordingToolbar& toolbarOf(Session& session) {
+    auto* toolbar = dynamic_cast<RecordingToolbar*>(session.program().toolWindow("Record"));
+    if (toolbar == nullptr)
+        throw CommandError("no such window: Record");
+    return *toolbar;
+}
+
+RecordingToolbar& loadedToolbar(Session& session) {
+    RecordingToolbar& toolbar = toolbarOf(session);
+    (void)toolbar.form();
+    return toolbar;
+}
+
+void append(Operations& all, Operations more) {
+    for (Operation& each : more)
+        all.push_back(std::move(each));
+}
+
+Operations windowOperations() {
+    const auto form = [](Session& session) -> Record& { return toolbarOf(session).form(); };
+    return {
+        operation("Record.Label1_Click", form, &Record::Label1_Click),
+        operation("Record.cbxFormat_Click", form, &Record::cbxFormat_Click),
+        operation("Record.imgTitleClose_Click", form, &Record::imgTitleClose_Click),
+        operation("Record.Form_Load", form, &Record::Form_Load),
+        operation("Record.Form_Unload", form, &Record::Form_Unload),
+        operation("Record.Form_Activate", form, &Record::Form_Activate),
+    };
+}
+
+Operations captureOperations() {
+    const auto capture = [](Session& session) -> Capture& {
+        return loadedToolbar(session).capture;
+    };
+    return {
+        operation("Record.Cmdrecord_Click", capture, &Capture::Cmdrecord_Click),
+        operation("Record.StartTrackRecording", capture, &Capture::StartTrackRecording),
+        operation("Record.Recordcontrol", capture, &Capture::Recordcontrol),
+        operation("Record.CmdStart_Click", capture, &Capture::CmdStart_Click),
+        operation("Record.rec_Click", capture, &Capture::CmdStart_Click),
+        operation("Record.Timer10_Timer", capture, &Capture::Timer10_Timer),
+        operation("Record.Command1_Click", capture, &Capture::Command1_Click),
+        operation("Record.Check2_Click", capture, &Capture::Check2_Click),
+    };
+}
+
+Operations playerOperations() {
+    const auto player = [](Session& session) -> FilePlayer& {
+        return loadedToolbar(session).player;
+    };
+    const auto mp3 = [](Session& session) -> Mp3Player& { return loadedToolbar(session).mp3; };
+    return {
+        operation("Record.Cmd2_Click", player, &FilePlayer::Cmd2_Click),
+        operation("Record.C4_Click", player, &FilePlayer::C4_Click),
+        operation("Record.Command4_Click", player, &FilePlayer::Command4_Click),
+        operation("Record.Soundstatus", player, &FilePlayer::Soundstatus),
+        operation("Record.midipos", player, &FilePlayer::midipos),
+        operation("Record.RunMidiFile", player, &FilePlayer::RunMidiFile),
+        operation("Record.CmdPlayMP3_Click", mp3, &Mp3Player::CmdPlayMP3_Click),
+        operation("Record.OpenMP3", mp3, &Mp3Player::OpenMP3),
+        operation("Record.PlayMP3", mp3, &Mp3Player::PlayMP3),
+        operation("Record.PauseMP3", mp3, &Mp3Player::PauseMP3),
+        operation("Record.ResumeMP3", mp3, &Mp3Player::ResumeMP3),
+        operation("Record.StopMP3", mp3, &Mp3Player::StopMP3),
+        operation("Record.CloseMP3", mp3, &Mp3Player::CloseMP3),
+        operation("Record.PlayNext", mp3, &Mp3Player::PlayNext),
+        operation("Record.UpdateMp3Position", mp3, &Mp3Player::UpdateMp3Position),
+    };
+}
+
+Operations encodingOperations() {
+    const auto encoding = [](Session& session) -> Mp3Encoding& {
+        return loadedToolbar(session).encoding;
+    };
+    return {
+        operation("Record.Command20_Click", encoding, &Mp3Encoding::Command20_Click),
+        operation("Record.EncodeWavFile", encoding, &Mp3Encoding::EncodeWavFile),
+        operation("Record.GetLamePath", encoding, &Mp3Encoding::GetLamePath),
+        {"Record.ChangeExtension",
+         [](Session&, Arguments& arguments) {
+             const std::string name = arguments.text();
+             const std::string extension = arguments.text();
+             arguments.expectEnd();
+             return answer(ChangeExtension(name, extension));
+         }},
+    };
+}
+
+/// A module's procedures belong to no window; they answer to the name of each that calls them.
+Operations moduleOperations(const std::string& owner) {
+    const auto media = [](Session& session) -> modMultimedia& { return toolbarOf(session).media; };
+    return {
+        operation(owner + "mmOpen", media, &modMultimedia::mmOpen),
+        operation(owner + "mmPlay", media, &modMultimedia::mmPlay),
+        operation(owner + "mmClose", media, &modMultimedia::mmClose),
+        operation(owner + "mmPause", media, &modMultimedia::mmPause),
+        operation(owner + "mmStop", media, &modMultimedia::mmStop),
+        operation(owner + "mmResume", media, &modMultimedia::mmResume),
+        operation(owner + "mmGetLength", media, &modMultimedia::mmGetLength),
+        operation(owner + "mmGetLengthMs", media, &modMultimedia::mmGetLengthMs),
+        operation(owner + "mmGetPosition", media, &modMultimedia::mmGetPosition),
+        {owner + "mmGetFramesPerSecond",
+         [media](Session& session, Arguments& arguments) {
+             const std::string alias = arguments.text();
+             arguments.expectEnd();
+             const auto frames = media(session).mmGetFramesPerSecond(alias);
+             if (!frames)
+                 throw CommandError("division by zero");
+             return answer(*frames);
+         }},
+        operation(owner + "mmIsAtEnd", media, &modMultimedia::mmIsAtEnd),
+        operation(owner + "mmReadMp3Header", media, &modMultimedia::mmReadMp3Header),
+        operation(owner + "ReadMCIEntry", media, &modMultimedia::ReadMCIEntry),
+        operation(owner + "WriteMCIEntry", media, &modMultimedia::WriteMCIEntry),
+    };
+}
+
+} // namespace
+
+Operations recordOperations() {
+    Operations all = windowOperations();
+    append(all, captureOperations());
+    append(all, playerOperations());
+    append(all, encodingOperations());
+    for (const char* owner : {"Form1.", "Record.", "modMultimedia."})
+        append(all, moduleOperations(owner));
+    return all;
+}
+
+Variables recordVariables() {
+    return {
+        variable("WavFileName",
+                 [](Session& session) -> std::string& { return session.studio().run.WavFileName; }),
+        variable("MixerPath",
+                 [](Session& session) -> std::string& { return session.studio().run.MixerPath; }),
+        variable(
+            "LamePath",
+            [](Session& session) -> std::string& { return toolbarOf(session).encoding.LamePath; }),
+    };
+}
+
+} // namespace transcript
