@@ -1,0 +1,205 @@
+// The player's buttons for the four kinds of files, and the loops behind them.
+#include "RecordingStage.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace velorin {
+namespace {
+
+class Player : public testing::Test, protected RecordingStage {
+protected:
+    void chooseFile(const std::string& name) {
+        host.dialogs.answers.push_back(platform::FileDialogAnswer{name, 1});
+        player.C4_Click();
+    }
+};
+
+TEST_F(Player, OpensAFileBetweenHidingAndShowingTheToolbars) {
+    player.Cmd2_Click(0);
+    EXPECT_EQ(commands.log, (Lines{"HideToolbars", "ShowToolbars"}));
+    EXPECT_EQ(host.dialogs.log, Lines{"open;Open File;Midi, score, wav, mp3(*.sng;*.mid;*.wav;*mp3)"
+                                      "|*.sng;*.mid;*.wav;*mp3;0"});
+}
+
+TEST_F(Player, DoesNothingWithoutAnAnswer) {
+    desk.texts[RecordText::Text6] = "old.wav";
+    chooseFile("");
+    EXPECT_EQ(desk.texts[RecordText::Text6], "old.wav");
+    EXPECT_EQ(studio.run.WavFileName, "");
+}
+
+TEST_F(Player, LoadsAChosenScoreAndRecordsFromIt) {
+    desk.sourceIsMid = true;
+    chooseFile(" Song.SNG ");
+    EXPECT_EQ(commands.log, Lines{"OpenFile Song.SNG"});
+    EXPECT_FALSE(desk.sourceIsMid);
+    EXPECT_EQ(studio.run.WavFileName, "Song.SNG");
+    EXPECT_EQ(desk.texts[RecordText::Text6], "Song.SNG");
+}
+
+TEST_F(Player, RecordsFromAChosenMidAndLeavesTheSourceForTheRest) {
+    chooseFile("a.mid");
+    EXPECT_TRUE(desk.sourceIsMid);
+    chooseFile("a.wav");
+    EXPECT_TRUE(desk.sourceIsMid);
+    chooseFile("b.mp3");
+    EXPECT_TRUE(desk.sourceIsMid);
+    EXPECT_TRUE(commands.log.empty());
+}
+
+TEST_F(Player, PlaysAWavToItsEnd) {
+    desk.texts[RecordText::Text6] = " Wave.WAV ";
+    host.mci.reply("status sound length", 0, "800");
+    host.mci.reply("status sound position", 0, "100");
+    in(0.15, [this] { host.mci.reply("status sound position", 0, "800"); });
+    player.Cmd2_Click(1);
+    EXPECT_EQ(sent(), (Lines{"0.000 stop sound", "0.000 close sound",
+                             "0.000 open waveaudio!wave.wav alias sound", "0.000 play sound",
+                             "0.100 status sound length", "0.100 status sound position",
+                             "0.200 status sound length", "0.200 status sound position",
+                             "0.200 stop sound", "0.200 close sound"}));
+    EXPECT_EQ(desk.statuses, (Lines{"12 %", "100 %", ""})); // 12.5 goes to the even number
+    EXPECT_EQ(desk.barWidth, 1.0);
+    EXPECT_EQ(studio.run.SoundFinished, flagSet);
+}
+
+TEST_F(Player, MovesTheBarWithTheSound) {
+    host.mci.reply("status sound length", 0, "800");
+    host.mci.reply("status sound position", 0, "200");
+    player.Soundstatus();
+    EXPECT_EQ(desk.barWidth, 75.0);
+    EXPECT_EQ(studio.run.SoundFinished, flagClear);
+}
+
+TEST_F(Player, ClearsTheCaptionAtAPositionBeforeTheBeginning) {
+    host.mci.reply("status sound length", 0, "800");
+    host.mci.reply("status sound position", 0, "-8");
+    player.Soundstatus();
+    EXPECT_EQ(desk.captions[RecordCaption::Status], "");
+}
+
+TEST_F(Player, PollsAClosedSoundUntilTheProgramEnds) {
+    desk.texts[RecordText::Text6] = "a.wav";
+    in(1.05, [this] { host.time.end(); });
+    player.Cmd2_Click(3);
+    const Lines all = sent();
+    EXPECT_EQ(all.front(), "0.000 stop sound");
+    EXPECT_EQ(all.back(), "1.000 status sound length");
+    EXPECT_EQ(all.size(), 12U); // two commands and ten questions
+}
+
+TEST_F(Player, NestsALoopForEveryClickAndEndsOnlyTheInnermost) {
+    desk.texts[RecordText::Text6] = "a.wav";
+    host.mci.reply("status sound length", 0, "100");
+    host.mci.reply("status sound position", 0, "10");
+    in(0.25, [this] { player.Cmd2_Click(2); });
+    in(0.5, [this] { host.mci.reply("status sound position", 0, "100"); });
+    player.Cmd2_Click(1); // the second end of the sound ends the outer loop
+    const Lines all = sent();
+    EXPECT_EQ(std::count(all.begin(), all.end(), "0.250 pause sound"), 1);
+    EXPECT_EQ(std::count_if(all.begin(), all.end(),
+                            [](const std::string& line) { return line.ends_with("stop sound"); }),
+              3); // at the start, and at the end of each loop
+}
+
+TEST_F(Player, PausesAndResumesAWavByTheFlag) {
+    desk.texts[RecordText::Text6] = "a.wav";
+    host.mci.reply("status sound length", 0, "1");
+    host.mci.reply("status sound position", 0, "1");
+    player.Cmd2_Click(2);
+    EXPECT_EQ(sent().front(), "0.000 pause sound");
+    studio.run.PlayerPaused = flagClear;
+    player.Command4_Click(2);
+    EXPECT_EQ(sent().front(), "0.100 resume sound");
+}
+
+TEST_F(Player, HandsAScoreToTheMainWindow) {
+    desk.texts[RecordText::Text6] = "a.SNG";
+    desk.captions[RecordCaption::Status] = "5 %";
+    player.Cmd2_Click(1);
+    player.Cmd2_Click(2);
+    player.Cmd2_Click(3);
+    EXPECT_EQ(commands.log,
+              (Lines{"PlayAndStop_Click 0", "PlayAndStop_Click 0", "PlayAndStop_Click 1"}));
+    EXPECT_EQ(desk.captions[RecordCaption::Status], "5 %");
+}
+
+TEST_F(Player, HasNoEffectWithoutAFileButTheClearingByStop) {
+    studio.run.SoundFinished = flagSet;
+    desk.captions[RecordCaption::Status] = "5 %";
+    desk.barWidth = 15.0;
+    player.Cmd2_Click(1);
+    player.Cmd2_Click(2);
+    EXPECT_EQ(desk.captions[RecordCaption::Status], "5 %");
+    player.Cmd2_Click(3);
+    EXPECT_EQ(desk.captions[RecordCaption::Status], "");
+    EXPECT_EQ(desk.barWidth, 1.0);
+    EXPECT_EQ(studio.run.SoundFinished, flagClear);
+    EXPECT_TRUE(sent().empty());
+}
+
+TEST_F(Player, RunsAMidFileToItsEnd) {
+    desk.texts[RecordText::Text6] = write("A.mid", "MThd");
+    setup.setCombo2(1);
+    host.mci.reply("status midi length", 0, "40");
+    host.mci.reply("status midi position", 0, "10");
+    in(0.3, [this] { host.mci.reply("status midi position", 0, "40"); });
+    player.Cmd2_Click(1);
+    const std::string name = inFolder("a.mid");
+    EXPECT_EQ(sent(), (Lines{"0.000 status midi mode", "0.000 stop midi", "0.000 close midi",
+                             "0.000 open sequencer!" + name + " alias midi", "0.000 play midi",
+                             "0.250 status midi length", "0.250 status midi position",
+                             "0.500 status midi length", "0.500 status midi position"}));
+    EXPECT_EQ(commands.log, (Lines{"openMidiOutput 2", "Command32_Click"}));
+    EXPECT_EQ(desk.statuses, (Lines{"25 %", "100 %", ""}));
+    EXPECT_EQ(studio.run.SoundFinished, flagSet);
+}
+
+TEST_F(Player, PausesAndResumesAMidByItsMode) {
+    desk.texts[RecordText::Text6] = write("a.mid", "MThd");
+    host.mci.reply("status midi length", 0, "40");
+    host.mci.reply("status midi position", 0, "40");
+    player.Cmd2_Click(2);
+    EXPECT_EQ(sent()[1], "0.000 pause midi");
+    host.mci.reply("status midi mode", 0, "paused");
+    player.Cmd2_Click(2);
+    EXPECT_EQ(sent()[1], "0.250 resume midi");
+}
+
+TEST_F(Player, LeavesAMissingMidAlone) {
+    desk.texts[RecordText::Text6] = inFolder("a.mid");
+    player.Cmd2_Click(1);
+    EXPECT_TRUE(sent().empty());
+}
+
+TEST_F(Player, StopsAMidAndClearsTheProgress) {
+    desk.texts[RecordText::Text6] = "a.mid";
+    desk.barWidth = 20.0;
+    player.Cmd2_Click(3);
+    EXPECT_EQ(sent(), (Lines{"0.000 stop midi", "0.000 close midi"}));
+    EXPECT_EQ(desk.barWidth, 1.0);
+}
+
+TEST_F(Player, PollsNothingOfAMidUnderAnotherName) {
+    desk.texts[RecordText::Text6] = "a.wav";
+    player.midipos();
+    EXPECT_TRUE(sent().empty());
+}
+
+TEST_F(Player, EndsARecordingWithTheMidFile) {
+    desk.texts[RecordText::Text6] = write("a.mid", "MThd");
+    studio.run.RecordingFlag = flagSet;
+    studio.run.SoundFinished = flagSet;
+    studio.run.WavFileName = "r.wav";
+    host.mci.reply("status midi length", 0, "40");
+    host.mci.reply("status midi position", 0, "40");
+    player.RunMidiFile();
+    EXPECT_EQ(studio.run.RecordingFlag, flagClear);
+    const Lines all = sent();
+    EXPECT_NE(std::find(all.begin(), all.end(), "0.250 save capture r.wav"), all.end());
+}
+
+} // namespace
+} // namespace velorin
