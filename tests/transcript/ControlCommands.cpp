@@ -19,7 +19,7 @@ namespace {
 
 Lines set(Session& session, const Words& words) {
     expectWords(words, 2);
-    setValue(controlOf(session, words[0]), words[1]);
+    setValue(controlOf(session, words[0]), session.path(words[1]));
     return {};
 }
 
