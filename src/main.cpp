@@ -12,9 +12,11 @@
 #include "host/QtPopupMenus.h"
 #include "host/QtSettings.h"
 #include "host/QtTimers.h"
+#include "host/StreamRest.h"
 #include "platform/Platform.h"
 #include "resources/HelpPages.h"
 #include "resources/Look.h"
+#include "score/Studio.h"
 #include "shell/HelpWindow.h"
 #include "shell/Program.h"
 #include "windows/ToolWindows.h"
@@ -86,6 +88,8 @@ int runProgram(velorin::host::EndSignals& signals) {
     };
     Program program(platform);
     addToolWindows(program);
+    const host::StreamRest rest(sound,
+                                [&program] { return program.studio().run.IsPlaying != flagClear; });
     signals.listen([&program] { program.endFromOutside(); });
     // A session that ends would close the windows, which is what a user does who wants no more.
     QObject session;

@@ -71,6 +71,8 @@ std::uint32_t HostMidiOut::midiOutShortMsg(platform::MidiOutHandle handle, std::
     const ShortMessage bytes = unpack(message);
     if (bytes.count == 0)
         return badParameter;
+    if (beforeSending_)
+        beforeSending_();
     open_->send(bytes);
     return success;
 }

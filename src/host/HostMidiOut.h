@@ -13,9 +13,14 @@ namespace velorin::host {
 
 class HostMidiOut final : public platform::MidiOut {
 public:
-    /// `beforeOpening`, if given, is called before a device is opened.
-    HostMidiOut(SynthDevices& synths, MidiPorts& ports, std::function<void()> beforeOpening = {})
-        : synths_(synths), ports_(ports), beforeOpening_(std::move(beforeOpening)) {}
+    /// `beforeOpening` and `beforeSending`, if given, are called before a device is opened and
+    /// before a message is sent.
+    HostMidiOut(SynthDevices& synths, MidiPorts& ports, std::function<void()> beforeOpening = {},
+                std::function<void()> beforeSending = {})
+        : synths_(synths),
+          ports_(ports),
+          beforeOpening_(std::move(beforeOpening)),
+          beforeSending_(std::move(beforeSending)) {}
 
     int midiOutGetNumDevs() override; ///< looks for the ports anew
     std::string midiOutGetDevCapsA(int index) override;
@@ -30,6 +35,7 @@ private:
     SynthDevices& synths_;
     MidiPorts& ports_;
     std::function<void()> beforeOpening_;
+    std::function<void()> beforeSending_;
     bool scanned_ = false;
     std::unique_ptr<MidiDevice> open_; ///< the program has one device open at a time
     platform::MidiOutHandle lastHandle_ = 0;

@@ -17,9 +17,26 @@ std::filesystem::path homeFolder() {
 HostSound::HostSound(const std::filesystem::path& programFolder)
     : synths_(clock_, engine_, worker_,
               findSoundFonts(soundFontFolders(programFolder, homeFolder()))),
-      midi_(synths_, ports_, [this] { worker_.post([this] { engine_.replaceLostCard(); }); }) {
+      midi_(
+          synths_, ports_, [this] { worker_.post([this] { engine_.replaceLostCard(); }); },
+          [this] { wake(); }) {
     if (synths_.count() == 0)
         noFont_.say("no SoundFont found; the built-in synthesizer cannot play");
+    worker_.post([this] { engine_.start(); });
+    engine_.onAdded = [this] { wake(); };
+}
+
+void HostSound::restIfQuiet() {
+    if (resting_ || !engine_.isQuiet())
+        return;
+    resting_ = true;
+    worker_.post([this] { engine_.rest(); });
+}
+
+void HostSound::wake() {
+    if (!resting_)
+        return;
+    resting_ = false;
     worker_.post([this] { engine_.start(); });
 }
 

@@ -21,6 +21,11 @@ public:
     [[nodiscard]] platform::MidiOut& midi() { return midi_; }
     [[nodiscard]] platform::Mci& mci() { return mci_; }
 
+    // On the control thread. A card that is fed silence keeps the processor busy, so the stream
+    // rests while nothing sounds and nobody is at the program. Beginning anew takes some 10 ms.
+    void restIfQuiet(); ///< not while a song plays: its next note would come late
+    void wake();        ///< the user is about to do something; a message wakes the stream too
+
 private:
     SystemClock clock_;
     SoundEngine engine_;
@@ -30,6 +35,7 @@ private:
     HostMidiOut midi_;
     HostMci mci_;
     Complaint noFont_;
+    bool resting_ = false;
 };
 
 } // namespace velorin::host

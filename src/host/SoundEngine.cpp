@@ -47,6 +47,9 @@ SoundEngine::~SoundEngine() {
 
 void SoundEngine::start() {
     const std::lock_guard lock(sinkMutex_);
+    if (sink_)
+        return;
+    quietBlocks_.store(0, std::memory_order_relaxed);
     const auto pullNow = [this](float* stereo, int frames) { pull(stereo, frames, nowNs()); };
     std::string reason;
     sink_ = SdlSink::open(pullNow, bufferFrames, reason);
@@ -54,6 +57,12 @@ void SoundEngine::start() {
         return;
     noCard_.say("no sound card (" + reason + "); what plays is not heard");
     sink_ = std::make_unique<ClockSink>(pullNow, bufferFrames);
+}
+
+void SoundEngine::rest() {
+    const std::lock_guard lock(sinkMutex_);
+    if (isQuiet())
+        sink_.reset();
 }
 
 void SoundEngine::replaceLostCard() {
@@ -82,6 +91,8 @@ void SoundEngine::collectReleased() {
 void SoundEngine::add(std::shared_ptr<SoundSource> source) {
     give({source.get(), nullptr, true});
     sources_.push_back(std::move(source));
+    if (onAdded)
+        onAdded();
 }
 
 void SoundEngine::remove(SoundSource* source) {
@@ -91,6 +102,8 @@ void SoundEngine::remove(SoundSource* source) {
 void SoundEngine::add(std::shared_ptr<SoundTap> tap) {
     give({nullptr, tap.get(), true});
     taps_.push_back(std::move(tap));
+    if (onAdded)
+        onAdded();
 }
 
 void SoundEngine::remove(SoundTap* tap) {
@@ -121,6 +134,7 @@ void SoundEngine::makeBlock() {
         if (source)
             source->mix(block_, madeFrames_, clock_);
     }
+    countQuiet();
     const TappedBlock tapped{madeFrames_, block_};
     for (SoundTap* tap : tapped_) {
         if (tap)
@@ -128,6 +142,16 @@ void SoundEngine::makeBlock() {
     }
     madeFrames_ += blockFrames;
     left_ = blockFrames;
+}
+
+void SoundEngine::countQuiet() {
+    const auto isThere = [](const auto* outlet) { return outlet != nullptr; };
+    const bool quiet = std::none_of(tapped_.begin(), tapped_.end(), isThere) &&
+                       std::count_if(playing_.begin(), playing_.end(), isThere) <= 1 &&
+                       std::all_of(block_.begin(), block_.end(), [](float s) { return s == 0.0F; });
+    const int before = quietBlocks_.load(std::memory_order_relaxed);
+    quietBlocks_.store(quiet ? std::min(before + 1, quietBlocksToRest) : 0,
+                       std::memory_order_relaxed);
 }
 
 void SoundEngine::pull(float* stereo, int frames, std::int64_t now) {

@@ -8,7 +8,9 @@
 #include <boost/lockfree/spsc_queue.hpp>
 
 #include <array>
+#include <atomic>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <vector>
@@ -32,9 +34,21 @@ public:
     /// From a message's stamp to its frame: one buffer, and a block for what the card's pulls vary.
     static constexpr int delayFrames = bufferFrames + blockFrames;
 
-    /// Begins the stream: to the sound card, or to a clock if there is none, which is said on
-    /// standard error. May take some 10 ms; may be called from any thread, once.
+    /// Begins the stream if it does not run: to the sound card, or to a clock if there is none,
+    /// which is said on standard error. May take some 10 ms; may be called from any thread.
     void start();
+
+    /// Ends the stream if it is quiet, until `start`. May be called from any thread.
+    void rest();
+
+    /// Nothing has sounded for ten seconds, and nothing but a synthesizer is there that could.
+    [[nodiscard]] bool isQuiet() const {
+        return quietBlocks_.load(std::memory_order_relaxed) >= quietBlocksToRest;
+    }
+
+    /// Called on the control thread when a source or a tap is added, which a resting stream would
+    /// not serve.
+    std::function<void()> onAdded;
 
     /// Puts a clock in the place of a sound card that has gone away, which is said too.
     void replaceLostCard();
@@ -50,6 +64,7 @@ public:
     void pull(float* stereo, int frames, std::int64_t nowNs);
 
     static constexpr std::size_t mostSources = 16;
+    static constexpr int quietBlocksToRest = 10 * streamRateHz / blockFrames;
 
 private:
     struct Order {
@@ -62,6 +77,7 @@ private:
     void collectReleased();
     void takeOrders();
     void makeBlock();
+    void countQuiet();
 
     // Of the control thread: what lives because the stream may still use it.
     std::vector<std::shared_ptr<SoundSource>> sources_;
@@ -77,6 +93,8 @@ private:
     SoundBlock block_{};
     int left_ = 0;                ///< frames of `block_` not handed out yet
     std::int64_t madeFrames_ = 0; ///< the number of the frame behind `block_`
+
+    std::atomic<int> quietBlocks_{0}; ///< written by the stream's thread, and before it begins
 
     std::mutex sinkMutex_; ///< never taken by the stream's thread
     std::unique_ptr<SoundSink> sink_;

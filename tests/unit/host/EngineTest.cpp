@@ -44,6 +44,35 @@ TEST(TheStream, IsTheSumOfItsSources) {
     EXPECT_FLOAT_EQ(stream.stereo[2 * 50], 2 * 50 / 1e6F);
 }
 
+TEST(TheStream, MayRestAfterTenQuietSeconds) {
+    SoundEngine engine;
+    HandPulled stream(engine);
+    stream.pull(440'000);
+    EXPECT_FALSE(engine.isQuiet());
+    stream.pull(2'000);
+    EXPECT_TRUE(engine.isQuiet());
+    auto source = std::make_shared<Counter>();
+    engine.add(source);
+    stream.pull(64);
+    EXPECT_FALSE(engine.isQuiet()) << "it sounds";
+    engine.remove(source.get());
+    stream.pull(440'000);
+    EXPECT_FALSE(engine.isQuiet());
+    stream.pull(2'000);
+    EXPECT_TRUE(engine.isQuiet());
+}
+
+TEST(TheStream, DoesNotRestWhileSomebodyListensToIt) {
+    SoundEngine engine;
+    int woken = 0;
+    engine.onAdded = [&woken] { ++woken; };
+    engine.add(std::make_shared<SoundTap>(0.1));
+    EXPECT_EQ(woken, 1);
+    HandPulled stream(engine);
+    stream.pull(500'000);
+    EXPECT_FALSE(engine.isQuiet());
+}
+
 TEST(TheStream, ForgetsASourceThatIsTakenAway) {
     SoundEngine engine;
     auto source = std::make_shared<Counter>();
