@@ -57,7 +57,7 @@ public:
     QLabel* lblTime = nullptr;
     ProgressTrack* P2 = nullptr;
     ProgressBar* L2 = nullptr;
-    QLabel* Status = nullptr;
+    StatusLabel* Status = nullptr;
     QPushButton* Command20 = nullptr; ///< encodes
     QWidget* picMP3 = nullptr;        ///< never shown
     QWidget* Timer10 = nullptr;       ///< never shown; enabled while the timer runs

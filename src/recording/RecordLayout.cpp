@@ -120,7 +120,9 @@ void Record::makeProgress(QWidget* page) {
     P2 = called(named(new ProgressTrack(page), "P2", QRect(8, 182, 300, 12)), "Progress");
     L2 = new ProgressBar(P2);
     L2->setObjectName("L2");
-    Status = makeValue(page, "Status", QRect(314, 178, 56, 20), Qt::AlignRight);
+    Status = named(new StatusLabel(page), "Status", QRect(314, 178, 56, 20));
+    Status->setProperty("role", "value");
+    Status->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     Command20 =
         named(new QPushButton(latin("Encode File"), page), "Command20", QRect(384, 174, 122, 28));
 }

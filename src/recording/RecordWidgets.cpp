@@ -10,12 +10,14 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyle>
+#include <QTimerEvent>
 
 namespace velorin {
 
 namespace {
 
 constexpr double trackRadius = 6.0;
+constexpr int paintPauseMs = 30;
 
 QIcon pictureNamed(const char* name) {
     QIcon icon;
@@ -104,6 +106,26 @@ void LabelButton::keyPressEvent(QKeyEvent* event) {
         Q_EMIT clicked();
     else
         QLabel::keyPressEvent(event);
+}
+
+StatusLabel::StatusLabel(QWidget* parent) : QLabel(parent) {}
+
+void StatusLabel::showText(const QString& text) {
+    if (text == this->text())
+        return;
+    setText(text);
+    if (pause_.isActive())
+        return;
+    repaint();
+    setUpdatesEnabled(false);
+    pause_.start(paintPauseMs, this);
+}
+
+void StatusLabel::timerEvent(QTimerEvent* event) {
+    if (event->timerId() != pause_.timerId())
+        return QLabel::timerEvent(event);
+    pause_.stop();
+    setUpdatesEnabled(true); // what changed meanwhile is painted now
 }
 
 ProgressTrack::ProgressTrack(QWidget* parent) : QWidget(parent) {}

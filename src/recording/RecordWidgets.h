@@ -5,6 +5,7 @@
 #include "recording/RecordDesk.h"
 
 #include <QAbstractButton>
+#include <QBasicTimer>
 #include <QIcon>
 #include <QLabel>
 #include <QWidget>
@@ -49,6 +50,22 @@ protected:
 
 private:
     void mark(const char* property, bool set);
+};
+
+/// `Status`: a text that may change thousands of times a second. It is painted at most some thirty
+/// times of them, so that an encoding is not slowed down by telling how far it is.
+class StatusLabel : public QLabel {
+    Q_OBJECT
+
+public:
+    explicit StatusLabel(QWidget* parent);
+    void showText(const QString& text);
+
+protected:
+    void timerEvent(QTimerEvent* event) override;
+
+private:
+    QBasicTimer pause_; ///< runs while nothing is painted
 };
 
 /// `P2`, the track of the progress bar.

@@ -82,7 +82,9 @@ std::string RecordingToolbar::caption(RecordCaption control) {
 
 void RecordingToolbar::setCaption(RecordCaption control, const std::string& text) {
     const QString caption = QString::fromStdString(text);
-    if (QLabel* label = form().label(control))
+    if (control == RecordCaption::Status)
+        form().Status->showText(caption);
+    else if (QLabel* label = form().label(control))
         label->setText(caption);
     else
         form().Command20->setText(caption);
