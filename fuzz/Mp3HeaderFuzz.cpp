@@ -1,0 +1,27 @@
+// Any bytes as the head of an MP3 file: every word that is shown is one of the tables'.
+#include "recording/Mp3Header.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+using namespace velorin;
+
+namespace {
+
+void expect(bool holds) {
+    if (!holds)
+        std::abort();
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+    std::array<std::uint8_t, 4> bytes{};
+    std::copy_n(data, std::min(size, bytes.size()), bytes.begin());
+    const Mp3Header header = readMp3Header(bytes);
+    expect(!header.khz || *header.khz == "44" || *header.khz == "32" || *header.khz == "48");
+    expect(header.mode == "stereo" || header.mode == "mono");
+    const int bitrate = std::atoi(header.bitrate.c_str());
+    expect(bitrate >= 0 && bitrate <= 320 && std::to_string(bitrate) == header.bitrate);
+    return 0;
+}
