@@ -102,7 +102,7 @@ void HintPanel::mouseDoubleClickEvent(QMouseEvent*) {
 
 void HintPanel::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape || event->key() == Qt::Key_Return ||
-        event->key() == Qt::Key_Enter) {
+        event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space) {
         leave();
     }
 }

@@ -163,10 +163,12 @@ ToolWindow* Program::toolWindow(const QString& name) {
 void Program::showWindow(const QString& name) {
     if (ending_)
         return;
-    if (QWidget* shown = window(name, true)) {
-        shown->show();
-        shown->raise();
-    }
+    QWidget* const shown = window(name, true);
+    // A load that lets events through may be overtaken by the window's own end, or the program's.
+    if (shown == nullptr || ending_ || shown != window(name, false))
+        return;
+    shown->show();
+    shown->raise();
 }
 
 void Program::unloadWindow(const QString& name) {

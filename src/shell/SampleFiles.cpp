@@ -4,6 +4,7 @@
 
 #include "platform/Files.h"
 #include "playback/StopWatch.h"
+#include "resources/Samples.h"
 #include "score/Studio.h"
 
 #include <ostream>
@@ -24,20 +25,38 @@ void SampleFiles::p_DestroyFile(const std::string& name) {
     watch_.WaitSeconds(timer_, 0.2F);
 }
 
+void SampleFiles::ExtractSamples() {
+    studio_.platform.files.createFolder(studio_.platform.programFolder + "\\media");
+    for (const std::string& name : sampleNames()) {
+        const Sample* sample = findSample(name);
+        if (sample != nullptr && !FileExists(fullName(name)))
+            WriteResourceFile(fullName(name), sample->bytes);
+    }
+}
+
+void SampleFiles::WriteResourceFile(const std::string& name, std::span<const unsigned char> bytes) {
+    if (const auto file = studio_.platform.files.openForBinary(name))
+        file->write(reinterpret_cast<const char*>(bytes.data()),
+                    static_cast<std::streamsize>(bytes.size()));
+}
+
 void SampleFiles::RemoveSamples() {
     for (const std::string& name : sampleNames())
-        if (FileExists(name))
-            p_DestroyFile(name);
+        if (FileExists(fullName(name)))
+            p_DestroyFile(fullName(name));
+}
+
+std::string SampleFiles::fullName(const std::string& name) const {
+    return studio_.platform.programFolder + "\\media\\" + name;
 }
 
 std::vector<std::string> SampleFiles::sampleNames() const {
-    const std::string folder = studio_.platform.programFolder + "\\media\\";
     std::vector<std::string> names;
     for (const int group : {100, 200})
         for (int number = group + 1; number <= group + 5; ++number)
-            names.push_back(folder + std::to_string(number) + ".sng");
+            names.push_back(std::to_string(number) + ".sng");
     for (const char* name : {"104a.sng", "104b.sng", "301.sng", "333.mid"})
-        names.push_back(folder + name);
+        names.push_back(name);
     return names;
 }
 

@@ -2,6 +2,7 @@
 // file helpers that go with them.
 #pragma once
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -20,10 +21,22 @@ public:
     /// Opens the file for writing, closes it, deletes it, and waits 0.2 seconds.
     void p_DestroyFile(const std::string& name);
 
+    /// Makes the folder "media" and writes every sample file that is not there. A number that
+    /// nothing is stored under, 204 and 205, makes no file; a file that cannot be written is
+    /// skipped.
+    void ExtractSamples();
+
+    /// Writes the bytes from the beginning of the file on.
+    void WriteResourceFile(const std::string& name, std::span<const unsigned char> bytes);
+
     /// Destroys every sample file that is there, each with its wait.
     void RemoveSamples();
 
-    /// The full names of all sample files, in the order in which they are made and removed.
+    /// A name such as "101.sng" in the folder "media".
+    [[nodiscard]] std::string fullName(const std::string& name) const;
+
+    /// The names of all sample files without the folder, in the order in which they are made and
+    /// removed.
     [[nodiscard]] std::vector<std::string> sampleNames() const;
 
 private:

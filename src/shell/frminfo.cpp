@@ -43,7 +43,7 @@ QWidget* frminfo::window() {
 }
 
 void frminfo::showHint(const QWidget* control, const std::string& text, QPoint place) {
-    if (lessonOpen_ || (waiting_ && loaded_ && control == control_)) {
+    if (lessonOpen_ || lessonsWaiting_ > 0 || (waiting_ && loaded_ && control == control_)) {
         return;
     }
     control_ = control;
@@ -85,19 +85,26 @@ void frminfo::beginLoad() {
 }
 
 void frminfo::showLesson(const std::string& text, float left, float top) {
-    unload();
-    lessonOpen_ = true;
-    loadedFrom_ = platform_.clock.QueryPerformanceCounter() +
-                  loadWaitSeconds * platform_.clock.QueryPerformanceFrequency();
-    waitForLoad();
     HintPanel& face = panel();
+    if (lessonOpen_) {
+        // A second modal window cannot be shown; the open one takes on the text.
+        face.setText(QString::fromStdString(text), true);
+        return;
+    }
+    unload();
+    waitBeforeLesson();
+    if (platform_.loop.isEnding()) {
+        return;
+    }
     face.setText(QString::fromStdString(text), true);
     face.move(pixels(left), pixels(top));
     face.setWindowModality(Qt::ApplicationModal);
-    if (!platform_.loop.isEnding()) {
-        loaded_ = true;
-        face.show();
-    }
+    face.setAttribute(Qt::WA_ShowWithoutActivating, false);
+    loaded_ = true;
+    lessonOpen_ = true;
+    face.show();
+    face.activateWindow();
+    face.setFocus();
     while (lessonOpen_ && !platform_.loop.isEnding()) {
         platform_.loop.waitUntil(platform_.clock.QueryPerformanceCounter() +
                                  daySeconds * platform_.clock.QueryPerformanceFrequency());
@@ -106,6 +113,7 @@ void frminfo::showLesson(const std::string& text, float left, float top) {
     loaded_ = false;
     face.hide();
     face.setWindowModality(Qt::NonModal);
+    face.setAttribute(Qt::WA_ShowWithoutActivating);
 }
 
 void frminfo::waitForLoad() {
@@ -115,6 +123,17 @@ void frminfo::waitForLoad() {
         platform_.loop.waitUntil(loadedFrom_);
     }
     waiting_ = nested;
+}
+
+// A load of its own: the hints of what the pointer passes meanwhile do not prolong it.
+void frminfo::waitBeforeLesson() {
+    const std::int64_t end = platform_.clock.QueryPerformanceCounter() +
+                             loadWaitSeconds * platform_.clock.QueryPerformanceFrequency();
+    ++lessonsWaiting_;
+    while (platform_.clock.QueryPerformanceCounter() < end && !platform_.loop.isEnding()) {
+        platform_.loop.waitUntil(end);
+    }
+    --lessonsWaiting_;
 }
 
 void frminfo::unload() {

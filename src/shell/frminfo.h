@@ -37,7 +37,8 @@ public:
     void showHint(const QWidget* control, const std::string& text, QPoint place);
 
     /// Shows a lesson's text with its title at a place in twips, and returns when the user has
-    /// closed it, or when the program ends.
+    /// closed it, or when the program ends. While a lesson is open, a second one only changes its
+    /// text.
     void showLesson(const std::string& text, float left, float top);
 
     /// Takes a hint off the screen, also one that is still waiting. A lesson stays.
@@ -54,6 +55,7 @@ private:
     HintPanel& panel();
     void beginLoad();
     void waitForLoad();
+    void waitBeforeLesson();
     void startTimer1();
     void Timer1_Timer();
 
@@ -62,6 +64,7 @@ private:
     bool loaded_ = false;
     bool waiting_ = false; ///< `waitForLoad` is on the stack
     bool lessonOpen_ = false;
+    int lessonsWaiting_ = 0;      ///< `waitBeforeLesson` on the stack
     int timer1_ = 0;              ///< the running timer's number, 0 for none
     std::int64_t loadedFrom_ = 0; ///< counter at which the present wait ends
     const QWidget* control_ = nullptr;

@@ -69,6 +69,8 @@ void VirtualTime::Yield() {
 void VirtualTime::waitUntil(std::int64_t counter) {
     if (isEnding() || now_ >= counter)
         return;
+    if (onNothingPlanned && !isAnythingPlanned() && onNothingPlanned())
+        return;
     const Planned* planned = next();
     const bool isEndless = planned == nullptr && counter - now_ >= oneDay;
     if (isEndless && closeWhatWaits && closeWhatWaits())
@@ -103,8 +105,15 @@ int VirtualTime::plan(Nanoseconds delay, std::function<void()> run) {
     return lastNumber_;
 }
 
+bool VirtualTime::isAnythingPlanned() const {
+    return std::any_of(planned_.begin(), planned_.end(),
+                       [](const Planned& each) { return !each.isTimer; });
+}
+
 int VirtualTime::after(int milliseconds, std::function<void()> fire) {
-    return plan(milliseconds * nanosecondsPerMillisecond, std::move(fire));
+    const int number = plan(milliseconds * nanosecondsPerMillisecond, std::move(fire));
+    planned_.back().isTimer = true;
+    return number;
 }
 
 void VirtualTime::cancel(int number) {

@@ -51,6 +51,10 @@ public:
     void pass(Nanoseconds duration);
     void dropPlanned() { planned_.clear(); }
 
+    /// Asked by a wait before which nothing is planned but timers; true if something has been done,
+    /// so that the wait ends without time going by.
+    std::function<bool()> onNothingPlanned;
+
     [[nodiscard]] Nanoseconds now() const { return now_; }
     /// The time in seconds with three decimals, "0.120".
     [[nodiscard]] std::string stamp() const;
@@ -72,9 +76,11 @@ private:
         Nanoseconds time = 0;
         int number = 0;
         std::function<void()> run;
+        bool isTimer = false;
     };
 
     [[nodiscard]] const Planned* next() const;
+    [[nodiscard]] bool isAnythingPlanned() const;
     void runDue();
     void moveTo(Nanoseconds time);
 

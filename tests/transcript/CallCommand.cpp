@@ -18,7 +18,7 @@ Table gathered() {
     for (const Operations& operations :
          {scoreOperations(), playbackOperations(), tableauOperations(), shellOperations(),
           frameOperations(), menuOperations(), setupOperations(), editingOperations(),
-          editingToolbarOperations(), recordOperations()}) {
+          editingToolbarOperations(), recordOperations(), tutorialOperations()}) {
         for (const Operation& each : operations)
             table[each.name] = each.run;
     }

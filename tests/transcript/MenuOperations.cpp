@@ -11,6 +11,7 @@ using namespace velorin;
 
 Operations menuOperations() {
     const auto menus = [](Session& session) -> Frmmenu& { return session.form1().menus; };
+    const auto hints = [](Session& session) -> frminfo& { return session.program().hints; };
     Operations all{
         operation("Frmmenu.Command1_Click", menus, &Frmmenu::Command1_Click),
         operation("Frmmenu.Command2_Click", menus, &Frmmenu::Command2_Click),
@@ -18,10 +19,9 @@ Operations menuOperations() {
         operation("Frmmenu.Command4_Click", menus, &Frmmenu::Command4_Click),
         operation("Frmmenu.Command5_Click", menus, &Frmmenu::Command5_Click),
         operation("Frmmenu.Form_Click", menus, &Frmmenu::Form_Click),
-        operation(
-            "frminfo.imgTitleClose_Click",
-            [](Session& session) -> frminfo& { return session.program().hints; },
-            &frminfo::imgTitleClose_Click),
+        operation("frminfo.imgTitleClose_Click", hints, &frminfo::imgTitleClose_Click),
+        operation("frminfo.Label1_Click", hints, &frminfo::imgTitleClose_Click),
+        operation("frminfo.Label1_DblClick", hints, &frminfo::imgTitleClose_Click),
     };
     for (int number = 1; number <= 5; ++number) {
         for (const MenuEntry& entry : popupTable(number).entries) {

@@ -86,5 +86,6 @@ Operation operation(std::string name, Reach reach, Result (Owner::*procedure)(Pa
 [[nodiscard]] Operations recordOperations();
 [[nodiscard]] Operations editingOperations();
 [[nodiscard]] Operations editingToolbarOperations();
+[[nodiscard]] Operations tutorialOperations();
 
 } // namespace transcript

@@ -36,11 +36,21 @@ Session::Session() {
     host.dialogs.log.clear();
     host.desktop.programs.clear();
     host.time.restart();
+    host.time.onNothingPlanned = [this] { return closeLesson(); };
 }
 
 Session::~Session() {
+    host.time.onNothingPlanned = nullptr;
     host.time.dropPlanned();
     host.time.end();
+}
+
+// Nobody is there who would close it.
+bool Session::closeLesson() {
+    if (!isRunning() || !program_->hints.isLessonOpen())
+        return false;
+    program_->hints.imgTitleClose_Click();
+    return true;
 }
 
 void Session::startProgram() {

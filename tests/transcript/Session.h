@@ -56,6 +56,7 @@ public:
 private:
     void perform(const Words& words);
     void startProgram();
+    bool closeLesson(); ///< true if one was open
 
     std::unique_ptr<velorin::Program> program_;
     Lines answer_;
