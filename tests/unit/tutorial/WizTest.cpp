@@ -1,0 +1,184 @@
+// The Tutorial Wizard's window: its load and its end, its labels under the mouse and the keyboard.
+#include "tutorial/Wiz.h"
+
+#include "RecordingWizardDesk.h"
+#include "score/PlainSetup.h"
+#include "score/Studio.h"
+#include "shell/ToolDesk.h"
+#include "shell/frminfo.h"
+#include "support/ScriptedPlatform.h"
+#include "tutorial/StepLabel.h"
+#include "tutorial/TutorialWizard.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+namespace velorin {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+struct QuietToolDesk final : ToolDesk {
+    FrameState state;
+    std::vector<std::unique_ptr<QWidget>> gone;
+
+    void noteActiveToolbar(const char*) override {}
+    FrameState& frames() override { return state; }
+    void destroyLater(std::unique_ptr<QWidget> window) override {
+        gone.push_back(std::move(window));
+    }
+};
+
+class WizTest : public testing::Test {
+protected:
+    scripted::ScriptedPlatform host;
+    PlainSetup setup;
+    Studio studio{host.platform, setup};
+    QuietToolDesk desk;
+    frminfo hints{host.platform};
+    RecordingWizardDesk* calls = new RecordingWizardDesk; ///< owned by `wizard`
+    TutorialWizard wizard{studio, std::unique_ptr<WizardDesk>(calls), desk, hints};
+
+    /// The user closes each hint of a lesson at once.
+    void SetUp() override {
+        host.time.onNothingPlanned = [this] {
+            const bool open = hints.isLessonOpen();
+            if (open)
+                hints.imgTitleClose_Click();
+            return open;
+        };
+    }
+
+    Wiz& form() { return wizard.form(); }
+    StepLabel& label(const char* name) { return *form().findChild<StepLabel*>(name); }
+    [[nodiscard]] std::string saved(const char* key) {
+        return host.settings.find("Settings", key).value_or("none");
+    }
+    [[nodiscard]] std::string sample(int number) const {
+        return host.platform.programFolder + "\\media\\" + std::to_string(number) + ".sng";
+    }
+    static bool isHot(const StepLabel& label) { return label.property("hot").toBool(); }
+    static void sendMouse(QWidget& to, QEvent::Type type, Qt::MouseButton button) {
+        QMouseEvent event(type, QPointF(5, 5), to.mapToGlobal(QPointF(5, 5)), button,
+                          type == QEvent::MouseButtonPress ? button : Qt::NoButton, {});
+        QCoreApplication::sendEvent(&to, &event);
+    }
+    static void click(QWidget& to) {
+        sendMouse(to, QEvent::MouseButtonPress, Qt::LeftButton);
+        sendMouse(to, QEvent::MouseButtonRelease, Qt::LeftButton);
+    }
+    static void press(QWidget& to, int key) {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+        QCoreApplication::sendEvent(&to, &event);
+    }
+};
+
+TEST_F(WizTest, TheFirstPlaceIsTheMiddleOfTheScreen) {
+    EXPECT_EQ(form().place.Left(), (1024 - 668) / 2 * 15);
+    EXPECT_EQ(form().place.Top(), (768 - 470) / 2 * 15);
+}
+
+TEST_F(WizTest, TheLoadMakesWayForFreshSamplesOfTheFirstLesson) {
+    calls->files = {sample(101), sample(105), sample(201)};
+    form();
+    EXPECT_EQ(calls->log, (Lines{"p_DestroyFile " + sample(101), "p_DestroyFile " + sample(105),
+                                 "ExtractSamples"}));
+    EXPECT_EQ(studio.run.WizOpen, -1);
+    EXPECT_TRUE(isTopMost(form()));
+}
+
+TEST_F(WizTest, ShowTipsIsSavedAtOnceAndReadAgain) {
+    EXPECT_TRUE(form().Check1->isChecked());
+    form().Check1->click();
+    EXPECT_EQ(saved("Show tips"), "0");
+    wizard.unload();
+    EXPECT_FALSE(form().Check1->isChecked());
+}
+
+TEST_F(WizTest, TheEndSavesThePlaceAndClearsTheOpenFlag) {
+    form().place.moveTo(1501.0F, 302.0F);
+    wizard.unload();
+    EXPECT_EQ(saved("Wiz left"), "1501");
+    EXPECT_EQ(saved("Wiz top"), "302");
+    EXPECT_EQ(studio.run.WizOpen, 0);
+    EXPECT_EQ(wizard.window(), nullptr);
+    EXPECT_EQ(desk.gone.size(), 1U);
+}
+
+TEST_F(WizTest, TheTabsKeepTheirTrailingBlanks) {
+    Lines tabs;
+    for (int tab = 0; tab < form().SSTab1->count(); ++tab)
+        tabs.push_back(form().SSTab1->tabText(tab).toStdString());
+    EXPECT_EQ(tabs, (Lines{"Composition", "Polyphonics", "Percussion  ", "Editing     ",
+                           "Recording     ", "Midi       ", "Setup    "}));
+}
+
+TEST_F(WizTest, TheHeadingOfTheLessonMidiTakesALineOfItsOwn) {
+    EXPECT_EQ(label("L1M(1)").y(), 50 + 24);
+    EXPECT_EQ(label("L1M(2)").y(), 50 + 3 * 24);
+    EXPECT_EQ(label("L1M(4)").y(), 50 + 5 * 24);
+}
+
+TEST_F(WizTest, SubStepsStandFurtherIn) {
+    EXPECT_EQ(label("L1R(3)").x(), 32);
+    EXPECT_EQ(label("L1R(5)").x(), 32); // "(Optional) ..."
+    EXPECT_EQ(label("L1R(6)").x(), 12);
+}
+
+TEST_F(WizTest, AClickOnALabelPerformsItsStep) {
+    form().Check1->setChecked(false);
+    calls->log.clear();
+    click(label("L1(0)"));
+    EXPECT_EQ(calls->log, Lines{"Command4_Click"});
+}
+
+TEST_F(WizTest, TheRightButtonPerformsNothing) {
+    form().Check1->setChecked(false);
+    calls->log.clear();
+    sendMouse(label("L1(0)"), QEvent::MouseButtonPress, Qt::RightButton);
+    sendMouse(label("L1(0)"), QEvent::MouseButtonRelease, Qt::RightButton);
+    EXPECT_TRUE(calls->log.empty());
+}
+
+TEST_F(WizTest, EnterAndSpacePerformTheStepThatHasTheKeyboard) {
+    form().Check1->setChecked(false);
+    calls->log.clear();
+    press(label("L2(0)"), Qt::Key_Return);
+    press(label("L2(0)"), Qt::Key_Space);
+    EXPECT_EQ(calls->log, (Lines{"Command4_Click", "Command4_Click"}));
+}
+
+TEST_F(WizTest, OnlyTheLabelUnderTheMouseIsHighlighted) {
+    sendMouse(label("L1(1)"), QEvent::MouseMove, Qt::NoButton);
+    EXPECT_TRUE(isHot(label("L1(1)")));
+    sendMouse(label("L1(2)"), QEvent::MouseMove, Qt::NoButton);
+    EXPECT_FALSE(isHot(label("L1(1)")));
+    EXPECT_TRUE(isHot(label("L1(2)")));
+    sendMouse(*form().findChild<QWidget*>("Ltit2"), QEvent::MouseMove, Qt::NoButton);
+    EXPECT_TRUE(isHot(label("L1(2)"))); // the title of another lesson
+    sendMouse(*form().findChild<QWidget*>("Picbac1"), QEvent::MouseMove, Qt::NoButton);
+    EXPECT_FALSE(isHot(label("L1(2)")));
+}
+
+TEST_F(WizTest, TheWindowMayBeClosedWhileAStepRuns) {
+    form().Check1->setChecked(false);
+    calls->onMouseDown = [this] { wizard.unload(); };
+    calls->log.clear();
+    click(label("L1E(2)"));
+    EXPECT_EQ(wizard.window(), nullptr);
+    EXPECT_EQ(calls->log.back(), "hourglass 0");
+    EXPECT_EQ(calls->log.size(), 8U);
+}
+
+TEST_F(WizTest, AStepCalledBeforeTheWindowIsThereLoadsIt) {
+    wizard.tutorial.L1S_Click(0);
+    EXPECT_NE(wizard.window(), nullptr);
+    EXPECT_FALSE(wizard.window()->isVisible());
+    EXPECT_EQ(calls->log, (Lines{"ExtractSamples", "Form3.SSTab1 2"}));
+}
+
+} // namespace
+} // namespace velorin
