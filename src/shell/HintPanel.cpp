@@ -30,6 +30,7 @@ HintPanel::HintPanel()
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint),
       Label1(new QLabel(this)),
       imgTitleClose(new QToolButton(this)),
+      place(*this),
       title_(new QLabel(QStringLiteral("Velorin Wizard"), this)) {
     setObjectName("frminfo");
     setAttribute(Qt::WA_TranslucentBackground);
@@ -56,6 +57,7 @@ HintPanel::HintPanel()
 
 void HintPanel::setText(const QString& text, bool lesson) {
     lesson_ = lesson;
+    setWindowTitle(lesson ? title_->text() : QString());
     const int width = lesson ? lessonWidth : hintWidth;
     QString shown = text;
     shown.remove(QLatin1Char('\r'));

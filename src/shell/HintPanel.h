@@ -1,6 +1,8 @@
 // The face of the hint window: paper, text, a button to close it, and for a lesson a title.
 #pragma once
 
+#include "shell/WindowPlace.h"
+
 #include <QLabel>
 #include <QToolButton>
 #include <QWidget>
@@ -17,6 +19,7 @@ public:
 
     QLabel* Label1;
     QToolButton* imgTitleClose;
+    WindowPlace place; ///< in twips
 
     /// Sets the text and makes the window as high as it needs. Width 360 for a hint, 460 for a
     /// lesson.

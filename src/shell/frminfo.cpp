@@ -2,13 +2,10 @@
 #include "shell/frminfo.h"
 
 #include "platform/Clock.h"
-#include "platform/Desktop.h"
 #include "platform/MessageLoop.h"
 #include "platform/Platform.h"
 #include "platform/Timers.h"
 #include "shell/HintPanel.h"
-
-#include <cmath>
 
 namespace velorin {
 
@@ -17,10 +14,6 @@ namespace {
 constexpr int loadWaitSeconds = 1;
 constexpr int hintStandsMs = 3000;
 constexpr int daySeconds = 24 * 3600;
-
-int pixels(float twips) {
-    return static_cast<int>(std::lround(twips / platform::twipsPerPixel));
-}
 
 } // namespace
 
@@ -97,7 +90,7 @@ void frminfo::showLesson(const std::string& text, float left, float top) {
         return;
     }
     face.setText(QString::fromStdString(text), true);
-    face.move(pixels(left), pixels(top));
+    face.place.moveTo(left, top);
     face.setWindowModality(Qt::ApplicationModal);
     face.setAttribute(Qt::WA_ShowWithoutActivating, false);
     loaded_ = true;

@@ -106,7 +106,7 @@ void Wiz::makeSteps(int lesson, QFrame* panel) {
     int line = 0;
     for (int step = 0; step < static_cast<int>(table.steps.size()); ++step) {
         if (lesson == LessonIndex::midi && step == stepBehindHeading)
-            makeLabel(panel, lineRect(line++, stepLeft + 10), QLatin1String(midiHeading),
+            makeLabel(panel, lineRect(line++, stepLeft + 12), QLatin1String(midiHeading),
                       "heading");
         const char* caption = table.steps[static_cast<std::size_t>(step)].caption;
         auto* const label = new StepLabel(QLatin1String(caption), panel);

@@ -5,6 +5,7 @@
 #include "Session.h"
 
 #include "shell/Form1.h"
+#include "shell/HintPanel.h"
 #include "shell/SkinnedFrame.h"
 #include "shell/ToolFrame.h"
 
@@ -71,6 +72,8 @@ Lines rect(Session& session, QWidget& control) {
         return rectOf(session.form1().place);
     if (const auto* tool = qobject_cast<velorin::ToolFrame*>(&control))
         return rectOf(tool->place);
+    if (const auto* hint = qobject_cast<velorin::HintPanel*>(&control))
+        return rectOf(hint->place);
     const QRect box = control.geometry();
     const int unit = control.isWindow() ? platform::twipsPerPixel : 1;
     return {joined({box.x() * unit, box.y() * unit, box.width() * unit, box.height() * unit})};
