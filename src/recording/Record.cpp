@@ -10,6 +10,7 @@
 #include "shell/SettingValues.h"
 #include "shell/ToolDesk.h"
 
+#include <QMouseEvent>
 #include <QSignalBlocker>
 
 namespace velorin {
@@ -49,9 +50,12 @@ void Record::connectHandlers() {
     onClose = [this] { imgTitleClose_Click(); };
     onActivate = [this] { Form_Activate(); };
     for (int i = 0; i < static_cast<int>(Cmd2.size()); ++i) {
-        connect(Cmd2[static_cast<std::size_t>(i)], &PictureButton::clicked, this,
-                [this, i] { owner_.player.Cmd2_Click(i); });
+        PictureButton* button = Cmd2[static_cast<std::size_t>(i)];
+        connect(button, &PictureButton::clicked, this, [this, i] { owner_.player.Cmd2_Click(i); });
+        button->onMouseMove = [this, i](int) { ImgR_MouseMove(i); };
     }
+    Picture7->setMouseTracking(true);
+    Picture7->installEventFilter(this);
     connect(Label1, &LabelButton::clicked, this, &Record::Label1_Click);
     connect(rec, &RecordImage::clicked, this, [this] { owner_.capture.CmdStart_Click(); });
     connect(Command20, &QPushButton::clicked, this, [this] { owner_.encoding.Command20_Click(); });
@@ -151,6 +155,26 @@ void Record::cbxFormat_Click() {
 
 void Record::imgTitleClose_Click() {
     owner_.unload();
+}
+
+void Record::ImgR_MouseMove(int index) {
+    raised_ = index;
+}
+
+void Record::Picture7_MouseMove() {
+    raised_ = -1;
+}
+
+// A move on a button comes up to the panel, too.
+bool Record::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == Picture7 && event->type() == QEvent::Leave)
+        Picture7_MouseMove();
+    if (watched == Picture7 && event->type() == QEvent::MouseMove) {
+        const auto* move = static_cast<QMouseEvent*>(event);
+        if (Picture7->childAt(move->position().toPoint()) == nullptr)
+            Picture7_MouseMove();
+    }
+    return ToolFrame::eventFilter(watched, event);
 }
 
 QLabel* Record::label(RecordCaption control) const {

@@ -39,6 +39,11 @@ public:
     void cbxFormat_Click();
     void imgTitleClose_Click();
 
+    // The faces: a button of `Cmd2` shows only while the pointer is on its picture `ImgR`.
+    void ImgR_MouseMove(int index);
+    void Picture7_MouseMove(); ///< the pointer is on none of the pictures
+    [[nodiscard]] bool isCmd2Visible(int index) const { return index == raised_; }
+
     QTabWidget* SSTab1 = nullptr;
     // "Record/Play"
     QFrame* Picture2 = nullptr; ///< the source
@@ -78,6 +83,9 @@ public:
     [[nodiscard]] QCheckBox& check(RecordCheck control) const;
     [[nodiscard]] QComboBox& list(RecordList control) const;
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void makeRecordPage();
     void makeRecordPanel(QWidget* page);
@@ -96,6 +104,7 @@ private:
     RecordingToolbar& owner_;
     Studio& studio_;
     ToolDesk& desk_;
+    int raised_ = -1; ///< the button of `Cmd2` that shows, -1 for none
 };
 
 } // namespace velorin

@@ -3,6 +3,7 @@
 
 #include "Answers.h"
 #include "editing/Form2.h"
+#include "recording/Record.h"
 
 #include <algorithm>
 #include <iterator>
@@ -12,11 +13,23 @@ namespace transcript {
 namespace {
 
 using velorin::Form2;
+using velorin::Record;
 
 /// The number of a button of the Editing Toolbar, 0 for any other control.
 int editButton(const Form2& form, const QWidget& control) {
     const auto found = std::find(form.Cmd2.begin() + 1, form.Cmd2.end(), &control);
     return found == form.Cmd2.end() ? 0 : static_cast<int>(std::distance(form.Cmd2.begin(), found));
+}
+
+/// Whether a button of the Recording Toolbar shows; no value for any other control.
+std::optional<bool> isPlayerButtonVisible(const QWidget& control) {
+    const auto* form = qobject_cast<const Record*>(control.window());
+    if (form == nullptr)
+        return std::nullopt;
+    const auto found = std::find(form->Cmd2.begin(), form->Cmd2.end(), &control);
+    if (found == form->Cmd2.end())
+        return std::nullopt;
+    return form->isCmd2Visible(static_cast<int>(std::distance(form->Cmd2.begin(), found)));
 }
 
 } // namespace
@@ -30,6 +43,8 @@ std::optional<Lines> faceProperty(Session&, const Address& address, QWidget& con
             return answer(tip.toString().toStdString());
         return std::nullopt;
     }
+    if (const auto shows = isPlayerButtonVisible(control); shows && address.property == "visible")
+        return Lines{*shows || address.control.starts_with("ImgR(") ? "1" : "0"};
     const auto* form = qobject_cast<const Form2*>(control.window());
     const int button = form != nullptr ? editButton(*form, control) : 0;
     if (button == 0)

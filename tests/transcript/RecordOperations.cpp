@@ -37,6 +37,19 @@ Operations windowOperations() {
         operation("Record.Label1_Click", form, &Record::Label1_Click),
         operation("Record.cbxFormat_Click", form, &Record::cbxFormat_Click),
         operation("Record.imgTitleClose_Click", form, &Record::imgTitleClose_Click),
+        {"Record.ImgR_MouseMove",
+         [form](Session& session, Arguments& arguments) {
+             const int index = arguments.next<int>();
+             arguments.ignoreRest();
+             form(session).ImgR_MouseMove(index);
+             return Lines{};
+         }},
+        {"Record.Picture7_MouseMove",
+         [form](Session& session, Arguments& arguments) {
+             arguments.ignoreRest();
+             form(session).Picture7_MouseMove();
+             return Lines{};
+         }},
         operation("Record.Form_Load", form, &Record::Form_Load),
         operation("Record.Form_Unload", form, &Record::Form_Unload),
         operation("Record.Form_Activate", form, &Record::Form_Activate),
