@@ -59,7 +59,8 @@ std::filesystem::path configFolder() {
 int runProgram(velorin::host::EndSignals& signals) {
     using namespace velorin;
     const QString folder = workFolder();
-    host::HostSound sound(QCoreApplication::applicationDirPath().toStdString());
+    host::HostSound sound(QCoreApplication::applicationDirPath().toStdString(),
+                          (folder + "/Songs").toStdString());
     host::QtMessageLoop loop(sound.clock());
     host::QtDialogs dialogs(loop, folder + "/Songs");
     host::QtMessageBoxes boxes;

@@ -1,9 +1,9 @@
-// The kinds of output, and what is looked at before any is made.
+// The kinds of input and output, and what is looked at before anything is made.
 #include "convert/Conversion.h"
 
 #include "convert/LoadedScore.h"
 #include "convert/PictureModule.h"
-#include "convert/WavRendering.h"
+#include "convert/SoundRendering.h"
 #include "convert/WholeFile.h"
 #include "platform/MidiOut.h"
 #include "score/MidiExport.h"
@@ -52,27 +52,59 @@ std::string checkTarget(const fs::path& target) {
     return {};
 }
 
+std::string makeSound(const Task& task, const Options& options,
+                      const std::function<void(double)>& progress) {
+    WholeFile whole(task.target);
+    bool begun = false; // until then the source is to blame
+    const MakeTarget make = [&](int rateHz, int channels, std::string& reason) {
+        begun = true;
+        const SoundParameters parameters{rateHz, channels, options.bitrate, options.quality};
+        return task.kind == Kind::mp3 ? makeMp3(whole.part(), parameters, reason)
+                                      : makeWav(whole.part(), parameters, reason);
+    };
+    const SoundRequest request{task.score, options.soundFont, options.rateHz, progress};
+    std::string problem;
+    switch (sourceKindOf(task.score)) {
+    case Kind::mid:
+        problem = renderMidi(request, make);
+        break;
+    case Kind::wav:
+        problem = copyWav(request, make);
+        break;
+    default:
+        problem = renderScore(request, make);
+        break;
+    }
+    if (problem.empty())
+        problem = whole.finish();
+    return about(begun ? task.target : fs::path(task.score), problem);
+}
+
+std::string makeFromScore(const Task& task) {
+    NoMidi midi;
+    LoadedScore score(midi);
+    if (const std::string problem = score.open(task.score); !problem.empty())
+        return about(task.score, problem);
+    const std::string bytes = bytesOf(task.kind, score);
+    return about(task.target, bytes.empty()
+                                  ? "cannot be drawn: the module velorin-picture.so is missing"
+                                  : writeWhole(task.target, bytes));
+}
+
 } // namespace
 
 std::string convert(const Task& task, const Options& options,
                     const std::function<void(double)>& progress) {
+    if (!canMake(sourceKindOf(task.score), task.kind))
+        return about(task.score, "cannot be turned into this kind of file");
     if (const std::string problem = checkTarget(task.target); !problem.empty())
         return problem;
     std::error_code failed; // they are two files then
     if (!options.mayReplaceScore && fs::equivalent(task.score, task.target, failed))
         return about(task.score, "would be replaced by itself; name the output with -o");
-    NoMidi midi;
-    LoadedScore score(midi);
-    if (const std::string problem = score.open(task.score); !problem.empty())
-        return about(task.score, problem);
-    if (task.kind != Kind::wav) {
-        const std::string bytes = bytesOf(task.kind, score);
-        return about(task.target, bytes.empty()
-                                      ? "cannot be drawn: the module velorin-picture.so is missing"
-                                      : writeWhole(task.target, bytes));
-    }
-    return about(task.target,
-                 renderWav({task.score, task.target, options.soundFont, options.rateHz, progress}));
+    if (task.kind == Kind::wav || task.kind == Kind::mp3)
+        return makeSound(task, options, progress);
+    return makeFromScore(task);
 }
 
 } // namespace velorin::convert

@@ -3,6 +3,7 @@
 
 #include "platform/Text.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <optional>
@@ -22,7 +23,12 @@ struct KindName {
 };
 
 constexpr std::array kindNames{KindName{"mid", Kind::mid}, KindName{"wav", Kind::wav},
-                               KindName{"png", Kind::png}, KindName{"sng", Kind::sng}};
+                               KindName{"mp3", Kind::mp3}, KindName{"png", Kind::png},
+                               KindName{"sng", Kind::sng}};
+
+// What the frames of MP3 files can say.
+constexpr std::array bitrates{8,  16,  24,  32,  40,  48,  56,  64,  80,
+                              96, 112, 128, 144, 160, 192, 224, 256, 320};
 
 std::optional<Kind> kindNamed(const std::string& name) {
     for (const KindName& known : kindNames) {
@@ -39,20 +45,33 @@ struct Given {
     std::optional<std::string> folder; ///< --out
     std::optional<std::string> rate;
     std::optional<std::string> soundFont;
+    std::optional<std::string> bitrate;
+    std::optional<std::string> quality;
+    std::optional<std::string> jobs;
+    std::optional<std::string> report;
 };
 
 // The place for an option's value; null for what is no such option.
 std::optional<std::string>* placeOf(Given& given, const std::string& option) {
-    if (option == "-o")
-        return &given.target;
-    if (option == "--to")
-        return &given.kind;
-    if (option == "--out")
-        return &given.folder;
-    if (option == "--rate")
-        return &given.rate;
-    if (option == "--soundfont")
-        return &given.soundFont;
+    struct Place {
+        const char* option;
+        std::optional<std::string>* value;
+    };
+    const Place places[] = {
+        {"-o", &given.target},
+        {"--to", &given.kind},
+        {"--out", &given.folder},
+        {"--rate", &given.rate},
+        {"--soundfont", &given.soundFont},
+        {"--bitrate", &given.bitrate},
+        {"--quality", &given.quality},
+        {"--jobs", &given.jobs},
+        {"--report", &given.report},
+    };
+    for (const Place& place : places) {
+        if (option == place.option)
+            return place.value;
+    }
     return nullptr;
 }
 
@@ -84,14 +103,25 @@ std::string sort(const std::vector<std::string>& arguments, Options& options, Gi
     return {};
 }
 
-std::string takeRate(const std::optional<std::string>& text, Options& options) {
+// False for what is no whole number, or outside [low, high].
+bool takeNumber(const std::optional<std::string>& text, int low, int high, int& number) {
     if (!text)
-        return {};
+        return true;
     const char* end = text->data() + text->size();
-    const auto read = std::from_chars(text->data(), end, options.rateHz);
-    if (read.ec != std::errc() || read.ptr != end || options.rateHz < lowestRateHz ||
-        options.rateHz > highestRateHz)
+    const auto read = std::from_chars(text->data(), end, number);
+    return read.ec == std::errc() && read.ptr == end && number >= low && number <= high;
+}
+
+std::string takeNumbers(const Given& given, Options& options) {
+    if (!takeNumber(given.rate, lowestRateHz, highestRateHz, options.rateHz))
         return "--rate takes a number from 8000 to 96000";
+    if (!takeNumber(given.bitrate, bitrates.front(), bitrates.back(), options.bitrate) ||
+        std::find(bitrates.begin(), bitrates.end(), options.bitrate) == bitrates.end())
+        return "--bitrate takes one of the bitrates of MP3 files, as 128 or 192";
+    if (!takeNumber(given.quality, 0, 9, options.quality))
+        return "--quality takes a number from 0 (best) to 9 (fastest)";
+    if (!takeNumber(given.jobs, 1, 1000, options.jobs))
+        return "--jobs takes a number from 1";
     return {};
 }
 
@@ -104,7 +134,10 @@ std::string takeSingle(const Given& given, Options& options) {
     const std::string ending = target.extension().string();
     const auto kind = kindNamed(ending.empty() ? "" : ending.substr(1));
     if (!kind)
-        return "the output's name must end in .mid, .wav, .png or .sng";
+        return "the output's name must end in .mid, .wav, .mp3, .png or .sng";
+    std::error_code failed;
+    if (fs::is_directory(given.scores.front(), failed))
+        return "-o takes one score; use --to for a folder";
     options.tasks.push_back({given.scores.front(), target, *kind});
     options.mayReplaceScore = true;
     return {};
@@ -113,8 +146,14 @@ std::string takeSingle(const Given& given, Options& options) {
 std::string takeSeveral(const Given& given, Options& options) {
     const auto kind = kindNamed(*given.kind);
     if (!kind)
-        return "--to takes mid, wav, png or sng";
+        return "--to takes mid, wav, mp3, png or sng";
     for (const std::string& score : given.scores) {
+        std::error_code failed;
+        if (fs::is_directory(score, failed)) {
+            options.tasks.push_back(
+                {score, given.folder ? fs::path(*given.folder) : fs::path(score), *kind, true});
+            continue;
+        }
         fs::path target = score;
         target.replace_extension(platform::lowerCase(*given.kind));
         if (given.folder)
@@ -135,10 +174,11 @@ Options readOptions(const std::vector<std::string>& arguments) {
         return options;
     }
     if (options.problem.empty())
-        options.problem = takeRate(given.rate, options);
+        options.problem = takeNumbers(given, options);
     if (!options.problem.empty())
         return options;
     options.soundFont = given.soundFont.value_or("");
+    options.report = given.report.value_or("");
     options.makesFolder = given.folder.has_value();
     if (given.scores.empty())
         options.problem = "no score is given";
@@ -151,16 +191,41 @@ Options readOptions(const std::vector<std::string>& arguments) {
     return options;
 }
 
+Kind sourceKindOf(const fs::path& source) {
+    const std::string ending = platform::lowerCase(source.extension().string());
+    if (ending == ".mid" || ending == ".midi")
+        return Kind::mid;
+    return ending == ".wav" ? Kind::wav : Kind::sng;
+}
+
+bool canMake(Kind source, Kind target) {
+    switch (source) {
+    case Kind::mid:
+        return target == Kind::wav || target == Kind::mp3;
+    case Kind::wav:
+        return target == Kind::mp3;
+    default:
+        return true;
+    }
+}
+
 std::string helpText() {
     return "Usage: velorin-convert IN... (-o OUT | --to KIND [--out DIR])\n"
            "\n"
-           "Turns scores (.sng) into MIDI files, sound, pictures or scores anew.\n"
+           "Turns scores (.sng) into MIDI files, sound, pictures or scores anew, MIDI files\n"
+           "(.mid) into sound, and WAV files into MP3 files.\n"
            "\n"
-           "  -o OUT            write the one score to OUT; its ending tells the kind\n"
-           "  --to KIND         write each score beside itself as mid, wav, png or sng\n"
+           "  -o OUT            write the one input to OUT; its ending tells the kind\n"
+           "  --to KIND         write each input beside itself as mid, wav, mp3, png or sng;\n"
+           "                    of an input that is a folder: all files in it that can be,\n"
+           "                    except those whose output is newer than they are\n"
            "  --out DIR         with --to: write into DIR, which is made if it is missing\n"
-           "  --rate HZ         frames per second of a WAV file, 8000 to 96000 (44100)\n"
+           "  --rate HZ         frames per second of rendered sound, 8000 to 96000 (44100)\n"
+           "  --bitrate KBPS    of MP3 files, 8 to 320 (192)\n"
+           "  --quality N       of MP3 files, from 0 (best) to 9 (fastest)\n"
            "  --soundfont FILE  play with this SoundFont (.sf2, .sf3)\n"
+           "  --jobs N          convert so many files at a time (as many as there are cores)\n"
+           "  --report FILE     write what became of each file to FILE, in JSON\n"
            "  --help            show this text\n"
            "  --version         show the version\n"
            "\n"

@@ -1,14 +1,15 @@
-// velorin-convert: scores to MIDI files, sound, pictures, and scores anew.
-#include "convert/Conversion.h"
+// velorin-convert: scores to MIDI files, sound, pictures, and scores anew; MIDI files and WAV files
+// to sound.
+#include "convert/Batch.h"
 #include "convert/Options.h"
+#include "convert/WholeFile.h"
 #include "host/SoundFonts.h"
 
-#include <unistd.h>
-
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <set>
+#include <thread>
 
 namespace {
 
@@ -31,57 +32,41 @@ fs::path firstSoundFont() {
     return fonts.empty() ? fs::path() : fonts.front().path;
 }
 
-/// One line on a terminal that tells how far a file is.
-class ProgressLine {
-public:
-    explicit ProgressLine(const std::string& name) : name_(name), shown_(isatty(STDERR_FILENO)) {}
-    ~ProgressLine() {
-        if (percent_ >= 0)
-            std::fprintf(stderr, "\r\033[K");
-    }
-    ProgressLine(const ProgressLine&) = delete;
-    ProgressLine& operator=(const ProgressLine&) = delete;
+bool isRendered(const Task& task) {
+    return (task.kind == Kind::wav || task.kind == Kind::mp3) &&
+           sourceKindOf(task.score) != Kind::wav;
+}
 
-    void show(double share) {
-        const int percent = static_cast<int>(share * 100.0);
-        if (!shown_ || percent == percent_)
-            return;
-        percent_ = percent;
-        std::fprintf(stderr, "\r%s %d %%", name_.c_str(), percent);
-    }
-
-private:
-    std::string name_;
-    bool shown_;
-    int percent_ = -1;
-};
-
-// Two scores of one name, from two folders, would take each other's place.
-std::string convertOne(const Task& task, const Options& options, std::set<fs::path>& written) {
-    std::error_code failed;
-    const fs::path target = fs::weakly_canonical(task.target, failed);
-    if (!written.insert(target).second)
-        return task.score + " would replace the output of another score";
-    ProgressLine line(task.score);
-    return convert(task, options, [&line](double share) { line.show(share); });
+// Pictures are drawn one by one: the module that draws them is loaded once.
+int jobsFor(const Options& options) {
+    const bool draws = std::any_of(options.tasks.begin(), options.tasks.end(),
+                                   [](const Task& task) { return task.kind == Kind::png; });
+    if (draws || options.tasks.size() <= 1)
+        return 1;
+    const int cores = std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
+    return options.jobs > 0 ? options.jobs : cores;
 }
 
 int run(Options& options) {
-    for (const Task& task : options.tasks) {
-        std::error_code ignored; // a folder that is missing still is told of with the file
-        if (!task.target.parent_path().empty() && options.makesFolder)
-            fs::create_directories(task.target.parent_path(), ignored);
-        if (task.kind == Kind::wav && options.soundFont.empty())
-            options.soundFont = firstSoundFont();
-    }
-    std::set<fs::path> written;
-    bool allWell = true;
-    for (const Task& task : options.tasks) {
-        const std::string problem = convertOne(task, options, written);
-        if (problem.empty())
-            continue;
-        say(problem);
-        allWell = false;
+    std::vector<LeftOut> leftOut;
+    options.tasks = withoutFolders(options.tasks, leftOut);
+    if (options.soundFont.empty() &&
+        std::any_of(options.tasks.begin(), options.tasks.end(), isRendered))
+        options.soundFont = firstSoundFont();
+    std::vector<Result> results = convertAll(options, jobsFor(options), [](const Result& result) {
+        if (result.outcome == Outcome::failed)
+            say(result.reason);
+    });
+    bool allWell = std::none_of(results.begin(), results.end(), [](const Result& result) {
+        return result.outcome == Outcome::failed;
+    });
+    for (const LeftOut& file : leftOut)
+        results.push_back({file.source, {}, Outcome::skipped, file.reason, 0.0});
+    if (!options.report.empty()) {
+        const std::string problem = writeWhole(options.report, reportOf(results));
+        if (!problem.empty())
+            say(options.report.string() + " " + problem);
+        allWell = allWell && problem.empty();
     }
     return allWell ? EXIT_SUCCESS : someFailed;
 }

@@ -1,7 +1,14 @@
-// Command strings and the codes that answer them.
+// Opening, closing, and passing commands on.
 #include "host/HostMci.h"
 
-#include "platform/Text.h"
+#include "host/HostSystemFiles.h"
+#include "host/mci/CaptureDevice.h"
+#include "host/mci/MciErrors.h"
+#include "host/mci/MidiFilePlayer.h"
+#include "host/mci/PlayerDevice.h"
+#include "host/mci/SoundFilePlayer.h"
+#include "host/media/MidiFile.h"
+#include "platform/CaseBlind.h"
 
 #include <algorithm>
 #include <array>
@@ -9,64 +16,125 @@
 
 namespace velorin::host {
 
+namespace fs = std::filesystem;
+
 namespace {
-
-constexpr std::uint32_t unrecognizedCommand = 261;
-constexpr std::uint32_t deviceNotOpen = 263;
-constexpr std::uint32_t cannotLoadDriver = 266;
-constexpr std::uint32_t missingCommand = 267;
-constexpr std::uint32_t missingDevice = 292;
-
-struct ErrorText {
-    std::uint32_t code;
-    std::string_view text;
-};
-
-constexpr std::array errorTexts{
-    ErrorText{0, "The specified command was carried out."},
-    ErrorText{unrecognizedCommand, "The driver does not know the specified command."},
-    ErrorText{deviceNotOpen, "The specified device is not open or is not known."},
-    ErrorText{cannotLoadDriver, "There is no driver for the specified device."},
-    ErrorText{missingCommand, "No command was specified."},
-    ErrorText{missingDevice, "The specified command needs a device, file or alias."},
-};
 
 constexpr std::array<std::string_view, 11> verbs{
     "open", "close", "play", "record", "stop", "pause", "resume", "seek", "set", "status", "save"};
 
-// Cuts the first word off, in lower case.
-std::string takeWord(std::string& text) {
-    text = platform::trimBlanks(text);
-    const std::size_t end = std::min(text.find(' '), text.size());
-    const std::string word = platform::lowerCase(text.substr(0, end));
-    text.erase(0, end);
-    return word;
+// A name is looked for as a short form first; a name that is none stands for itself.
+fs::path fileOf(const std::string& name) {
+    std::error_code failed;
+    const fs::path ofShort = platform::resolve(pathOfShortName(name));
+    return fs::exists(ofShort, failed) ? ofShort : platform::resolve(name);
 }
 
 } // namespace
 
-std::uint32_t HostMci::mciSendStringA(const std::string& command, std::string*) {
-    std::string rest = command;
-    const std::string verb = takeWord(rest);
-    const std::string device = takeWord(rest);
-    if (verb.empty())
-        return missingCommand;
-    if (std::find(verbs.begin(), verbs.end(), verb) == verbs.end())
-        return unrecognizedCommand;
-    if (device.empty())
-        return missingDevice;
-    if (verb == "open")
-        return cannotLoadDriver;
-    const bool concernsAll = device == "all" && (verb == "close" || verb == "stop");
-    return concernsAll ? 0 : deviceNotOpen;
+HostMci::HostMci(MciSurroundings surroundings)
+    : surroundings_(std::move(surroundings)), fading_(surroundings_.engine) {}
+
+HostMci::~HostMci() {
+    devices_.clear(); // while what they fade into is still there
+}
+
+std::uint32_t HostMci::mciSendStringA(const std::string& command, std::string* reply) {
+    fading_.sweep();
+    const CommandText text = readCommand(command);
+    if (text.verb.empty())
+        return mci::noCommand;
+    if (std::find(verbs.begin(), verbs.end(), text.verb) == verbs.end())
+        return mci::unknownCommand;
+    if (text.verb == "open")
+        return open(text.rest);
+    if (text.device.empty())
+        return mci::missingDevice;
+    if (text.device == "all")
+        return sendToAll(text);
+    const auto found = devices_.find(text.device);
+    if (found == devices_.end())
+        return mci::notOpen;
+    if (text.verb != "close")
+        return found->second->carryOut(text, reply);
+    devices_.erase(found);
+    return mci::success;
+}
+
+std::uint32_t HostMci::sendToAll(const CommandText& command) {
+    if (command.verb == "close")
+        devices_.clear();
+    else if (command.verb != "stop" && command.verb != "pause" && command.verb != "resume")
+        return mci::cannotDo;
+    for (const auto& [alias, device] : devices_)
+        device->carryOut(command, nullptr);
+    return mci::success;
+}
+
+std::uint32_t HostMci::open(const std::string& text) {
+    const OpenText wanted = readOpen(text);
+    if (wanted.file.empty())
+        return mci::missingDevice;
+    if (wanted.isNew && wanted.alias.empty())
+        return mci::newNeedsAlias;
+    const std::string alias = wanted.alias.empty() ? wordsOf(wanted.file).front() : wanted.alias;
+    if (devices_.contains(alias))
+        return mci::aliasInUse;
+    Opened opened;
+    if (wanted.isNew)
+        opened = wanted.type == "waveaudio" ? openCapture() : Opened{nullptr, mci::noDriver};
+    else if (wanted.type == "mpegvideo")
+        opened = openFile(wanted.type, fileOf(wanted.file));
+    else
+        opened = openFile(wanted.type, platform::resolve(wanted.file));
+    if (!opened.device)
+        return opened.code;
+    devices_[alias] = std::move(opened.device);
+    return mci::success;
+}
+
+HostMci::Opened HostMci::openFile(const std::string& type, const fs::path& file) {
+    if (type != "waveaudio" && type != "sequencer" && type != "mpegvideo")
+        return {nullptr, mci::noDriver};
+    std::error_code failed;
+    if (!fs::exists(file, failed))
+        return {nullptr, mci::fileNotFound};
+    return type == "sequencer" ? openSequencer(file) : openSound(file, type == "mpegvideo");
+}
+
+HostMci::Opened HostMci::openSound(const fs::path& file, bool isMp3) {
+    std::shared_ptr<SoundReader> reader = isMp3 ? openMp3(file) : openWav(file);
+    if (!reader)
+        return {nullptr, mci::badFile};
+    return {std::make_unique<PlayerDevice>(
+        std::make_unique<SoundFilePlayer>(fading_, std::move(reader)))};
+}
+
+HostMci::Opened HostMci::openSequencer(const fs::path& file) {
+    std::optional<MidiFile> music = readMidiFile(file);
+    if (!music)
+        return {nullptr, mci::badFile};
+    std::unique_ptr<SequencerPort> port = surroundings_.openSequencerPort(sequencerDevice_);
+    if (!port)
+        return {nullptr, mci::hardwareFailed};
+    return {std::make_unique<PlayerDevice>(
+        std::make_unique<MidiFilePlayer>(std::move(*music), std::move(port)))};
+}
+
+HostMci::Opened HostMci::openCapture() {
+    std::unique_ptr<CaptureSource> source =
+        surroundings_.soundsOutside() ? captureOfCard() : captureOf(surroundings_.engine);
+    if (!source)
+        return {nullptr, mci::noInput};
+    std::error_code failed;
+    const fs::path folder = fs::is_directory(surroundings_.captureFolder, failed)
+                                ? surroundings_.captureFolder
+                                : fs::temp_directory_path(failed);
+    return {std::make_unique<CaptureDevice>(std::move(source), folder)};
 }
 
 std::string HostMci::mciGetErrorStringA(std::uint32_t code) {
-    for (const ErrorText& error : errorTexts) {
-        if (error.code == code)
-            return std::string(error.text);
-    }
-    return {};
+    return std::string(mciErrorText(code));
 }
 
 } // namespace velorin::host

@@ -1,6 +1,8 @@
 // One list of devices out of two, and handles that die when they are closed.
 #include "host/HostMidiOut.h"
 
+#include <algorithm>
+
 namespace velorin::host {
 
 namespace {
@@ -11,6 +13,19 @@ constexpr std::uint32_t badDevice = 2;
 constexpr std::uint32_t alreadyOpen = 4;
 constexpr std::uint32_t badHandle = 5;
 constexpr std::uint32_t badParameter = 11;
+
+/// A MIDI port as the sequencer plays it: at once, when the time has come.
+class OutsidePort final : public SequencerPort {
+public:
+    explicit OutsidePort(std::unique_ptr<MidiDevice> device) : device_(std::move(device)) {}
+
+    bool isReady() const override { return true; }
+    std::int64_t leadNs() const override { return 0; }
+    void send(std::int64_t, const ShortMessage& message) override { device_->send(message); }
+
+private:
+    std::unique_ptr<MidiDevice> device_;
+};
 
 } // namespace
 
@@ -38,6 +53,18 @@ std::unique_ptr<MidiDevice> HostMidiOut::openDevice(int index) {
     return port < ports_.count() ? ports_.open(port) : nullptr;
 }
 
+std::unique_ptr<SequencerPort> HostMidiOut::openForSequencer(int index) {
+    if (!scanned_)
+        midiOutGetNumDevs();
+    const auto number = static_cast<std::size_t>(index == mapper ? 0 : index);
+    if (index < mapper || number >= synths_.count() + ports_.count())
+        return nullptr;
+    if (number < synths_.count())
+        return synths_.openForSequencer(number);
+    std::unique_ptr<MidiDevice> port = ports_.open(number - synths_.count());
+    return port ? std::make_unique<OutsidePort>(std::move(port)) : nullptr;
+}
+
 std::uint32_t HostMidiOut::midiOutOpen(platform::MidiOutHandle& handle, int index) {
     if (open_)
         return alreadyOpen;
@@ -50,6 +77,7 @@ std::uint32_t HostMidiOut::midiOutOpen(platform::MidiOutHandle& handle, int inde
     open_ = openDevice(index);
     if (!open_)
         return badDevice;
+    isPort_ = static_cast<std::size_t>(std::max(index, 0)) >= synths_.count();
     handle = ++lastHandle_;
     return success;
 }

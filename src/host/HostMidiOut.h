@@ -28,6 +28,13 @@ public:
     std::uint32_t midiOutClose(platform::MidiOutHandle handle) override;
     std::uint32_t midiOutShortMsg(platform::MidiOutHandle handle, std::uint32_t message) override;
 
+    /// Opens device `index` (or `mapper`) for a MID file, beside the one that is open; null if it
+    /// cannot be had.
+    [[nodiscard]] std::unique_ptr<SequencerPort> openForSequencer(int index);
+
+    /// Whether the open device is a MIDI port, which sounds outside the engine.
+    [[nodiscard]] bool isPortOpen() const { return open_ && isPort_; }
+
 private:
     [[nodiscard]] bool isOpen(platform::MidiOutHandle handle) const;
     [[nodiscard]] std::unique_ptr<MidiDevice> openDevice(int index);
@@ -37,6 +44,7 @@ private:
     std::function<void()> beforeOpening_;
     std::function<void()> beforeSending_;
     bool scanned_ = false;
+    bool isPort_ = false;              ///< of `open_`
     std::unique_ptr<MidiDevice> open_; ///< the program has one device open at a time
     platform::MidiOutHandle lastHandle_ = 0;
 };

@@ -14,12 +14,15 @@ std::filesystem::path homeFolder() {
 
 } // namespace
 
-HostSound::HostSound(const std::filesystem::path& programFolder)
+HostSound::HostSound(const std::filesystem::path& programFolder,
+                     std::filesystem::path captureFolder)
     : synths_(clock_, engine_, worker_,
               findSoundFonts(soundFontFolders(programFolder, homeFolder()))),
       midi_(
           synths_, ports_, [this] { worker_.post([this] { engine_.replaceLostCard(); }); },
-          [this] { wake(); }) {
+          [this] { wake(); }),
+      mci_({engine_, [this](int device) { return midi_.openForSequencer(device); },
+            [this] { return midi_.isPortOpen(); }, std::move(captureFolder)}) {
     if (synths_.count() == 0)
         noFont_.say("no SoundFont found; the built-in synthesizer cannot play");
     worker_.post([this] { engine_.start(); });

@@ -14,7 +14,8 @@ namespace velorin::host {
 class HostSound {
 public:
     /// Returns at once: the sound card and the SoundFonts are opened by a thread of their own.
-    explicit HostSound(const std::filesystem::path& programFolder);
+    /// A recording grows in `captureFolder` until it is saved.
+    HostSound(const std::filesystem::path& programFolder, std::filesystem::path captureFolder);
 
     [[nodiscard]] SystemClock& clock() { return clock_; }
     [[nodiscard]] SoundEngine& engine() { return engine_; }

@@ -4,14 +4,21 @@
 #include "platform/Encoder.h"
 
 #include <filesystem>
+#include <map>
+#include <memory>
 
 namespace velorin::host {
 
+struct Lame;
+
+/// Knows the LAME form of the record and constant bitrates. Several encodings may run side by side.
 class LameEncoder final : public platform::Encoder {
 public:
     /// `programFolder`: where a library that lies beside the program would be.
-    explicit LameEncoder(std::filesystem::path programFolder)
-        : programFolder_(std::move(programFolder)) {}
+    explicit LameEncoder(std::filesystem::path programFolder);
+    ~LameEncoder() override;
+    LameEncoder(const LameEncoder&) = delete;
+    LameEncoder& operator=(const LameEncoder&) = delete;
 
     bool isPresent(const std::string& path) override;
     std::uint32_t beInitStream(const platform::ConfigRecord& config, std::uint32_t& samples,
@@ -24,7 +31,12 @@ public:
     std::uint32_t beCloseStream(platform::EncoderStream stream) override;
 
 private:
+    struct Stream;
+
     std::filesystem::path programFolder_;
+    std::shared_ptr<const Lame> library_; ///< null until it has been found
+    platform::EncoderStream lastStream_ = 0;
+    std::map<platform::EncoderStream, std::unique_ptr<Stream>> streams_;
 };
 
 } // namespace velorin::host

@@ -26,25 +26,50 @@ private:
     std::shared_ptr<SynthSource> source_;
 };
 
+// Messages lie ready in the stream some time before they are due, so the sequencer's thread may
+// wake late by that much.
+class SynthPort final : public SequencerPort {
+public:
+    SynthPort(platform::Clock& clock, std::shared_ptr<SynthSource> source)
+        : clock_(clock), source_(std::move(source)) {}
+
+    ~SynthPort() override { source_->silence(clock_.QueryPerformanceCounter()); }
+
+    bool isReady() const override { return source_->isSettled(); }
+    std::int64_t leadNs() const override { return 20'000'000; }
+    void send(std::int64_t dueNs, const ShortMessage& message) override {
+        source_->send(dueNs, message);
+    }
+
+private:
+    platform::Clock& clock_;
+    std::shared_ptr<SynthSource> source_;
+};
+
 } // namespace
 
 SynthDevices::~SynthDevices() {
-    giveUp();
+    giveUp(device_);
+    giveUp(sequencer_);
 }
 
 std::unique_ptr<MidiDevice> SynthDevices::open(std::size_t index) {
-    if (!source_ || sourceIndex_ != index) {
-        giveUp();
-        take(index);
-    }
-    return std::make_unique<SynthDevice>(clock_, source_);
+    take(device_, index);
+    return std::make_unique<SynthDevice>(clock_, device_.source);
 }
 
-void SynthDevices::take(std::size_t index) {
-    source_ = std::make_shared<SynthSource>();
-    sourceIndex_ = index;
-    engine_.add(source_);
-    worker_.post([source = source_, path = fonts_[index].path, complaint = cannotLoad_] {
+std::unique_ptr<SequencerPort> SynthDevices::openForSequencer(std::size_t index) {
+    take(sequencer_, index);
+    return std::make_unique<SynthPort>(clock_, sequencer_.source);
+}
+
+void SynthDevices::take(Playing& playing, std::size_t index) {
+    if (playing.source && playing.index == index)
+        return;
+    giveUp(playing);
+    playing = {std::make_shared<SynthSource>(), index};
+    engine_.add(playing.source);
+    worker_.post([source = playing.source, path = fonts_[index].path, complaint = cannotLoad_] {
         std::unique_ptr<Synth> synth = Synth::load(path, streamRateHz, FontLoading::whole);
         if (!synth)
             complaint->say("cannot load the SoundFont " + path.string());
@@ -52,10 +77,10 @@ void SynthDevices::take(std::size_t index) {
     });
 }
 
-void SynthDevices::giveUp() {
-    if (source_)
-        engine_.remove(source_.get());
-    source_.reset();
+void SynthDevices::giveUp(Playing& playing) {
+    if (playing.source)
+        engine_.remove(playing.source.get());
+    playing.source.reset();
 }
 
 } // namespace velorin::host

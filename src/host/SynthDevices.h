@@ -4,6 +4,7 @@
 #include "host/Complaint.h"
 #include "host/MidiDevice.h"
 #include "host/SoundFonts.h"
+#include "host/mci/SequencerPort.h"
 
 #include <cstddef>
 #include <memory>
@@ -36,16 +37,26 @@ public:
     /// until another one is opened, for the program closes and reopens its device all the time.
     [[nodiscard]] std::unique_ptr<MidiDevice> open(std::size_t index);
 
+    /// Opens one for a MID file: a synthesizer by itself, so that the file's programs and the
+    /// score's do not meet. At most one at a time. It is kept in the same way.
+    [[nodiscard]] std::unique_ptr<SequencerPort> openForSequencer(std::size_t index);
+
 private:
-    void take(std::size_t index);
-    void giveUp();
+    /// A synthesizer that the engine plays, and the font in it.
+    struct Playing {
+        std::shared_ptr<SynthSource> source; ///< null if there is none
+        std::size_t index = 0;
+    };
+
+    void take(Playing& playing, std::size_t index);
+    void giveUp(Playing& playing);
 
     platform::Clock& clock_;
     SoundEngine& engine_;
     Worker& worker_;
     std::vector<SoundFont> fonts_;
-    std::shared_ptr<SynthSource> source_; ///< of the font opened last
-    std::size_t sourceIndex_ = 0;
+    Playing device_;    ///< of the font opened last
+    Playing sequencer_; ///< of the font that a MID file played on last
     std::shared_ptr<Complaint> cannotLoad_ = std::make_shared<Complaint>();
 };
 

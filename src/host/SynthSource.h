@@ -25,6 +25,11 @@ public:
     /// For the one thread that loads it.
     void provide(std::unique_ptr<Synth> synth);
 
+    /// Whether the synthesizer has come, or is known not to come. From any thread.
+    [[nodiscard]] bool isSettled() const {
+        return synth_.load(std::memory_order_acquire) || failed_.load(std::memory_order_acquire);
+    }
+
     void mix(SoundBlock& block, std::int64_t firstFrame, const StreamClock& clock) override;
 
 private:

@@ -1,0 +1,34 @@
+// Many conversions, several at a time.
+#pragma once
+
+#include "convert/Folders.h"
+#include "convert/Options.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace velorin::convert {
+
+enum class Outcome { converted, skipped, failed };
+
+struct Result {
+    std::string source;
+    std::filesystem::path target; ///< empty for a source that was left out
+    Outcome outcome = Outcome::failed;
+    std::string reason; ///< why it failed or was skipped
+    double seconds = 0.0;
+};
+
+/// Gets each result when it is there, from any thread, one at a time.
+using TakeResult = std::function<void(const Result& result)>;
+
+/// Converts the tasks of the options, none of which is a folder, `jobs` at a time. Returns the
+/// results in the order of the tasks.
+[[nodiscard]] std::vector<Result> convertAll(const Options& options, int jobs,
+                                             const TakeResult& take);
+
+/// The results as JSON, for other programs.
+[[nodiscard]] std::string reportOf(const std::vector<Result>& results);
+
+} // namespace velorin::convert

@@ -1,0 +1,34 @@
+// Scores, MIDI files and WAV files as sound.
+#pragma once
+
+#include "convert/SoundTarget.h"
+
+#include <filesystem>
+#include <functional>
+#include <string>
+
+namespace velorin::convert {
+
+struct SoundRequest {
+    std::string source; ///< name of the file
+    std::filesystem::path soundFont;
+    int rateHz = 44100;                   ///< [8000, 96000]
+    std::function<void(double)> progress; ///< gets the share done [0, 1] now and then; may be empty
+};
+
+/// Makes the target when the source's parameters are known; null with the reason if that fails.
+using MakeTarget =
+    std::function<std::unique_ptr<SoundTarget>(int rateHz, int channels, std::string& reason)>;
+
+// Each returns why it failed; empty if it went well.
+
+/// Played by the program's own sequencer.
+[[nodiscard]] std::string renderScore(const SoundRequest& request, const MakeTarget& make);
+
+/// At the file's own tempo changes, up to a day long.
+[[nodiscard]] std::string renderMidi(const SoundRequest& request, const MakeTarget& make);
+
+/// At the rate that its header tells, in one channel or two.
+[[nodiscard]] std::string copyWav(const SoundRequest& request, const MakeTarget& make);
+
+} // namespace velorin::convert

@@ -1,0 +1,24 @@
+// How lengths and places are counted in command strings.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+
+namespace velorin::host {
+
+enum class TimeFormat { milliseconds, frames, samples };
+
+/// The format of "set ALIAS time format WORD".
+[[nodiscard]] std::optional<TimeFormat> timeFormatOf(const std::string& word);
+[[nodiscard]] std::string nameOf(TimeFormat format);
+
+// A pair: what a command counts, and units of a device of which so many make a second. Both round
+// to the nearest and never run backwards, so the end of a file is at its length in every format.
+[[nodiscard]] std::int64_t toFormat(std::int64_t units, TimeFormat format,
+                                    std::int64_t unitsPerSecond);
+[[nodiscard]] std::int64_t fromFormat(std::int64_t count, TimeFormat format,
+                                      std::int64_t unitsPerSecond);
+
+} // namespace velorin::host

@@ -1,0 +1,29 @@
+// What plays a file, whatever its kind: a tape with a length, a place on it, and four keys.
+#pragma once
+
+#include <cstdint>
+
+namespace velorin::host {
+
+enum class TransportMode { stopped, playing, paused };
+
+/// Lengths and places are in units of its own, `unitsPerSecond` to the second.
+class Transport {
+public:
+    virtual ~Transport() = default;
+
+    [[nodiscard]] virtual std::int64_t unitsPerSecond() const = 0;
+    [[nodiscard]] virtual bool countsFrames() const = 0; ///< a unit is a frame of sound
+    [[nodiscard]] virtual std::int64_t length() const = 0;
+    [[nodiscard]] virtual std::int64_t position() = 0; ///< `length()` at the end
+    [[nodiscard]] virtual TransportMode mode() = 0;
+
+    /// Plays [from, to), at once. 0 <= from <= to <= length().
+    virtual void play(std::int64_t from, std::int64_t to) = 0;
+    virtual void pause() = 0;                     ///< nothing unless it plays
+    virtual void resume() = 0;                    ///< nothing unless it is paused
+    virtual void stop() = 0;                      ///< stays where it is
+    virtual void seek(std::int64_t position) = 0; ///< and stops
+};
+
+} // namespace velorin::host

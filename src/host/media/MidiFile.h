@@ -1,0 +1,32 @@
+// A Standard MIDI File as a list of messages with their times.
+#pragma once
+
+#include "host/ShortMessage.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace velorin::host {
+
+struct MidiFile {
+    struct Event {
+        std::int64_t timeUs = 0; ///< from the start of the file, as its tempo changes make it
+        ShortMessage message;
+    };
+
+    std::vector<Event> events; ///< in the order of their times
+    std::int64_t lengthUs = 0; ///< to the end of the longest track
+};
+
+/// Formats 0, 1 and 2, also inside a RIFF file; a time division in ticks or in film frames. All
+/// tracks play together. Exclusive messages are left out. A track that is cut off or damaged gives
+/// what stands before the damage; no value if there is no track at all.
+[[nodiscard]] std::optional<MidiFile> readMidiFile(std::span<const std::uint8_t> bytes);
+
+/// No value too for what is no regular file, or is larger than 16 MiB.
+[[nodiscard]] std::optional<MidiFile> readMidiFile(const std::filesystem::path& path);
+
+} // namespace velorin::host

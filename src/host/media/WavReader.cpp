@@ -1,0 +1,70 @@
+// WAV files of every sample form, through libsndfile.
+#include "host/media/SoundReader.h"
+
+#include <sndfile.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace velorin::host {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct SoundFileCloser {
+    void operator()(SNDFILE* file) const { sf_close(file); }
+};
+using SoundFile = std::unique_ptr<SNDFILE, SoundFileCloser>;
+
+class WavReader final : public SoundReader {
+public:
+    WavReader(SoundFile file, const SF_INFO& info) : file_(std::move(file)), info_(info) {}
+
+    int rateHz() const override { return info_.samplerate; }
+    int channels() const override { return info_.channels; }
+    std::int64_t frames() const override { return std::max<std::int64_t>(info_.frames, 0); }
+
+    int read(float* stereo, int frames) override {
+        const auto channels = static_cast<std::size_t>(info_.channels);
+        samples_.resize(channels * static_cast<std::size_t>(frames));
+        const auto got = sf_readf_float(file_.get(), samples_.data(), frames);
+        const std::size_t right = channels > 1 ? 1 : 0;
+        for (std::size_t frame = 0; frame < static_cast<std::size_t>(std::max<sf_count_t>(got, 0));
+             ++frame) {
+            stereo[2 * frame] = samples_[frame * channels];
+            stereo[2 * frame + 1] = samples_[frame * channels + right];
+        }
+        return static_cast<int>(std::max<sf_count_t>(got, 0));
+    }
+
+    bool seek(std::int64_t frame) override { return sf_seek(file_.get(), frame, SEEK_SET) >= 0; }
+
+private:
+    SoundFile file_;
+    SF_INFO info_;
+    std::vector<float> samples_;
+};
+
+// The library opens many kinds of file whatever their name.
+bool isWav(int format) {
+    const int kind = format & SF_FORMAT_TYPEMASK;
+    return kind == SF_FORMAT_WAV || kind == SF_FORMAT_WAVEX || kind == SF_FORMAT_RF64 ||
+           kind == SF_FORMAT_W64;
+}
+
+} // namespace
+
+std::unique_ptr<SoundReader> openWav(const fs::path& path) {
+    std::error_code failed;
+    if (!fs::is_regular_file(path, failed))
+        return nullptr;
+    SF_INFO info{};
+    SoundFile file(sf_open(path.string().c_str(), SFM_READ, &info));
+    if (!file || !isWav(info.format) || info.channels < 1 || info.samplerate < lowestRateHz ||
+        info.samplerate > highestRateHz)
+        return nullptr;
+    return std::make_unique<WavReader>(std::move(file), info);
+}
+
+} // namespace velorin::host

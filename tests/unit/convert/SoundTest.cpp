@@ -1,0 +1,129 @@
+// MP3 files out of everything that sounds, and folders of it.
+#include "convert/Batch.h"
+#include "convert/Conversion.h"
+#include "host/SoundFonts.h"
+#include "host/media/Lame.h"
+#include "host/media/SoundReader.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <fstream>
+#include <iterator>
+#include <vector>
+
+namespace velorin::convert {
+namespace {
+
+namespace fs = std::filesystem;
+
+class ASoundConversion : public testing::Test {
+protected:
+    ASoundConversion() {
+        fs::remove_all(folder_);
+        fs::create_directories(folder_ / "in" / "deep");
+        const auto fonts = host::findSoundFonts(host::soundFontFolders("", ""));
+        EXPECT_FALSE(fonts.empty()) << "these tests need a SoundFont (timgm6mb-soundfont)";
+        if (!fonts.empty())
+            options_.soundFont = fonts.front().path;
+        std::string score = "60,-1,-1,-1,60\r\n115,0,0,0,115\r\n";
+        for (int row = 1; row < 13; ++row)
+            score += "-1\r\n0\r\n";
+        write("in/a.sng", score + " 100 \r\n115,0,0,0,0,0,0,0,0,0,0,0,0\r\n");
+    }
+    void SetUp() override {
+        if (!host::Lame::load(host::Lame::fileName))
+            GTEST_SKIP() << "no MP3 encoder (libmp3lame0)";
+    }
+    ~ASoundConversion() override { fs::remove_all(folder_); }
+
+    void write(const std::string& name, const std::string& content) const {
+        std::ofstream(folder_ / name, std::ios::binary) << content;
+    }
+
+    std::string make(const std::string& from, const std::string& to, Kind kind) {
+        return convert({(folder_ / from).string(), folder_ / to, kind}, options_, {});
+    }
+
+    // Seconds of an MP3 file's sound.
+    [[nodiscard]] double seconds(const std::string& name) const {
+        const auto reader = host::openMp3(folder_ / name);
+        return reader ? static_cast<double>(reader->frames()) / reader->rateHz() : -1.0;
+    }
+
+    [[nodiscard]] double wavSeconds(const std::string& name) const {
+        const auto reader = host::openWav(folder_ / name);
+        return reader ? static_cast<double>(reader->frames()) / reader->rateHz() : -1.0;
+    }
+
+    std::vector<Result> convertFolder() {
+        options_.tasks = {{(folder_ / "in").string(), folder_ / "out", Kind::mp3, true}};
+        std::vector<LeftOut> leftOut;
+        options_.tasks = withoutFolders(options_.tasks, leftOut);
+        leftOut_ = leftOut.size();
+        return convertAll(options_, 2, [](const Result&) {});
+    }
+
+    fs::path folder_ = fs::path(testing::TempDir()) / "velorin-convert-sound";
+    Options options_;
+    std::size_t leftOut_ = 0;
+};
+
+TEST_F(ASoundConversion, MakesAnMp3AsLongAsTheWavOfAScore) {
+    ASSERT_EQ(make("in/a.sng", "a.wav", Kind::wav), "");
+    ASSERT_EQ(make("in/a.sng", "a.mp3", Kind::mp3), "");
+    EXPECT_NEAR(seconds("a.mp3"), wavSeconds("a.wav"), 0.001);
+    ASSERT_EQ(make("a.wav", "b.mp3", Kind::mp3), "");
+    EXPECT_NEAR(seconds("b.mp3"), wavSeconds("a.wav"), 0.001);
+}
+
+TEST_F(ASoundConversion, PlaysAMidFile) {
+    ASSERT_EQ(make("in/a.sng", "a.mid", Kind::mid), "");
+    ASSERT_EQ(make("a.mid", "m.mp3", Kind::mp3), "");
+    ASSERT_EQ(make("a.mid", "m.wav", Kind::wav), "");
+    EXPECT_NEAR(seconds("m.mp3"), wavSeconds("m.wav"), 0.001);
+    EXPECT_GT(wavSeconds("m.wav"), 0.5);
+}
+
+TEST_F(ASoundConversion, MakesNoScoreOfSound) {
+    write("a.wav", "no sound");
+    write("a.mid", "no music");
+    EXPECT_NE(make("a.wav", "b.sng", Kind::sng), "");
+    EXPECT_NE(make("a.mid", "b.sng", Kind::sng), "");
+    EXPECT_EQ(make("a.wav", "b.mp3", Kind::mp3), (folder_ / "a.wav").string() + " is no WAV file");
+    EXPECT_EQ(make("a.mid", "b.mp3", Kind::mp3), (folder_ / "a.mid").string() + " is no MIDI file");
+    EXPECT_FALSE(fs::exists(folder_ / "b.mp3"));
+}
+
+TEST_F(ASoundConversion, OfAFolderGoesOnAfterABadFileAndSkipsWhatIsDone) {
+    ASSERT_EQ(make("in/a.sng", "in/deep/b.mid", Kind::mid), "");
+    ASSERT_EQ(make("in/a.sng", "in/a.mid", Kind::mid), "");
+    write("in/bad.wav", "no sound");
+    write("in/.hidden.sng", "1");
+    write("in/notes.txt", "1");
+    std::vector<Result> results = convertFolder();
+    ASSERT_EQ(results.size(), 3U);
+    EXPECT_EQ(leftOut_, 1U) << "a.mid has the name of a.sng";
+    EXPECT_EQ(results[0].outcome, Outcome::converted);
+    EXPECT_EQ(results[1].outcome, Outcome::failed);
+    EXPECT_EQ(results[2].outcome, Outcome::converted);
+    EXPECT_TRUE(fs::exists(folder_ / "out" / "a.mp3"));
+    EXPECT_TRUE(fs::exists(folder_ / "out" / "deep" / "b.mp3"));
+    results = convertFolder();
+    EXPECT_EQ(results[0].outcome, Outcome::skipped);
+    EXPECT_EQ(results[2].outcome, Outcome::skipped);
+}
+
+TEST(AReport, CountsAndQuotes) {
+    const std::string report = reportOf({{"a \"b\"\n.sng", "a.mp3", Outcome::converted, "", 1.25},
+                                         {"\xFF.sng", "", Outcome::failed, "is no score", 0.0}});
+    EXPECT_THAT(report, testing::HasSubstr("\"converted\": 1"));
+    EXPECT_THAT(report, testing::HasSubstr("\"failed\": 1"));
+    EXPECT_THAT(report, testing::HasSubstr("\"a \\\"b\\\"\\u000a.sng\""));
+    EXPECT_THAT(report, testing::HasSubstr("\"seconds\": 1.250"));
+    EXPECT_THAT(report, testing::HasSubstr("\"\\ufffd.sng\""));
+}
+
+} // namespace
+} // namespace velorin::convert

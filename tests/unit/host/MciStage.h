@@ -1,0 +1,194 @@
+// The file devices over an engine that is pulled by hand, with files in a folder of its own.
+#pragma once
+
+#include "Sounds.h"
+#include "host/HostMci.h"
+#include "host/HostSystemFiles.h"
+#include "host/media/Lame.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <chrono>
+#include <cmath>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace velorin::host::test {
+
+/// Keeps what it is sent.
+struct PortLog {
+    struct Sent {
+        std::int64_t dueNs;
+        ShortMessage message;
+    };
+    std::mutex mutex;
+    std::vector<Sent> sent;
+    std::atomic<bool> ready{true};
+};
+
+class LoggedPort final : public SequencerPort {
+public:
+    explicit LoggedPort(PortLog& log) : log_(log) {}
+    bool isReady() const override { return log_.ready; }
+    std::int64_t leadNs() const override { return 0; }
+    void send(std::int64_t dueNs, const ShortMessage& message) override {
+        const std::lock_guard lock(log_.mutex);
+        log_.sent.push_back({dueNs, message});
+    }
+
+private:
+    PortLog& log_;
+};
+
+/// 50 ms at the usual tempo, then twice as fast: a quarter has 100 ticks, of 5 ms each, then 2.5.
+inline std::string shortSong() {
+    const std::string track("\x00\xC0\x05"                 // program 5
+                            "\x00\x90\x3C\x40"             // note 60
+                            "\x0A\xFF\x51\x03\x03\xD0\x90" // after 10 ticks 250,000 us a quarter
+                            "\x0A\x3C\x00"                 // after 10 more the note ends
+                            "\x00\xFF\x2F\x00",
+                            3 + 4 + 7 + 3 + 4);
+    std::string file("MThd\0\0\0\6\0\0\0\1\0\x64MTrk\0\0\0", 21);
+    file += static_cast<char>(track.size());
+    return file + track;
+}
+
+class MciStage : public testing::Test {
+protected:
+    MciStage() { std::filesystem::create_directories(folder_); }
+    ~MciStage() override { std::filesystem::remove_all(folder_); }
+
+    static constexpr int refused = -99;
+
+    std::uint32_t send(const std::string& command) { return mci_.mciSendStringA(command, nullptr); }
+
+    std::string ask(const std::string& command) {
+        std::string reply;
+        const std::uint32_t code = mci_.mciSendStringA(command, &reply);
+        EXPECT_EQ(code, 0U) << command;
+        return reply;
+    }
+
+    [[nodiscard]] std::string at(const std::string& name) const {
+        return (folder_ / name).string();
+    }
+
+    void writeBytes(const std::string& name, const std::string& bytes) const {
+        std::ofstream(folder_ / name, std::ios::binary) << bytes;
+    }
+
+    [[nodiscard]] std::string readBytes(const std::string& name) const {
+        std::ifstream file(folder_ / name, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+    /// Frame n has n + 1 on the left and -n on the right, less 1; no sample but the first is 0.
+    static std::vector<std::int16_t> ramp(int frames, int channels = 2) {
+        std::vector<std::int16_t> samples;
+        for (int i = 0; i < frames; ++i) {
+            samples.push_back(static_cast<std::int16_t>(i % 16000));
+            if (channels == 2)
+                samples.push_back(static_cast<std::int16_t>(-(i % 16000)));
+        }
+        return samples;
+    }
+
+    void writeWav(const std::string& name, int rateHz, int channels,
+                  const std::vector<std::int16_t>& samples) const {
+        std::string bytes;
+        const auto number = [&bytes](std::uint32_t value, int count) {
+            for (int i = 0; i < count; ++i)
+                bytes += static_cast<char>(value >> (8 * i));
+        };
+        const auto size = static_cast<std::uint32_t>(2 * samples.size());
+        bytes += "RIFF";
+        number(size + 36, 4);
+        bytes += "WAVEfmt ";
+        number(16, 4);
+        number(1, 2);
+        number(static_cast<std::uint32_t>(channels), 2);
+        number(static_cast<std::uint32_t>(rateHz), 4);
+        number(static_cast<std::uint32_t>(rateHz * channels * 2), 4);
+        number(static_cast<std::uint32_t>(channels * 2), 2);
+        number(16, 2);
+        bytes += "data";
+        number(size, 4);
+        for (const std::int16_t sample : samples)
+            number(static_cast<std::uint16_t>(sample), 2);
+        writeBytes(name, bytes);
+    }
+
+    /// A second of 440 hertz; false if there is no encoder.
+    bool writeMp3(const std::string& name, int frames) const {
+        const auto lame = Lame::load(Lame::fileName);
+        if (!lame)
+            return false;
+        const LameStream stream(lame);
+        lame->setChannels(stream.flags(), 2);
+        lame->setWriteTag(stream.flags(), 0);
+        lame->initParameters(stream.flags());
+        std::vector<std::int16_t> samples;
+        for (int i = 0; i < frames; ++i) {
+            const auto sample =
+                static_cast<std::int16_t>(12000.0 * std::sin(2.0 * M_PI * 440.0 * i / 44100.0));
+            samples.insert(samples.end(), {sample, sample});
+        }
+        std::vector<unsigned char> out(LameStream::outputSize(samples.size()));
+        int bytes = lame->encodeInterleaved(stream.flags(), samples.data(), frames, out.data(),
+                                            static_cast<int>(out.size()));
+        std::string all(out.begin(), out.begin() + bytes);
+        bytes = lame->flush(stream.flags(), out.data(), static_cast<int>(out.size()));
+        all.append(out.begin(), out.begin() + bytes);
+        writeBytes(name, all);
+        return true;
+    }
+
+    void pull(int frames) { stream_.pull(frames); }
+
+    /// Pulls in pieces, and lets the thread that reads ahead keep up.
+    void pullPlayed(int frames) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(60));
+        for (; frames > 0; frames -= 8192) {
+            pull(std::min(frames, 8192));
+            std::this_thread::sleep_for(std::chrono::milliseconds(25));
+        }
+    }
+
+    /// The place of the first sample that is not 0.
+    [[nodiscard]] std::size_t firstSounding() const {
+        std::size_t i = 0;
+        while (i < stream_.stereo.size() && stream_.stereo[i] == 0.0F)
+            i += 2;
+        return i;
+    }
+
+    void waitUntilMidiStops() {
+        for (int i = 0; i < 400 && ask("status midi mode") != "stopped"; ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+
+    std::filesystem::path folder_ =
+        std::filesystem::temp_directory_path() / ("velorin mci " + std::to_string(::getpid()));
+    SoundEngine engine_;
+    HandPulled stream_{engine_};
+    PortLog port_;
+    int openedDevice_ = 0;
+    bool outside_ = false;
+    HostMci mci_{{engine_,
+                  [this](int device) -> std::unique_ptr<SequencerPort> {
+                      if (openedDevice_ == refused)
+                          return nullptr;
+                      openedDevice_ = device;
+                      return std::make_unique<LoggedPort>(port_);
+                  },
+                  [this] { return outside_; }, folder_}};
+};
+
+} // namespace velorin::host::test
