@@ -3,6 +3,7 @@
 #include "platform/Text.h"
 #include "playback/NoteSounding.h"
 #include "playback/PlaybackDesk.h"
+#include "playback/Progress.h"
 #include "playback/Sequencer.h"
 #include "score/SetupControls.h"
 #include "score/Studio.h"
@@ -67,17 +68,10 @@ void Sequencer::showProgress() {
     const int last = studio_.score.LastColumn;
     if (run.ProgressCount < std::numeric_limits<std::int32_t>::max())
         ++run.ProgressCount;
-    const double ratio = last == 0 ? 0.0 : static_cast<double>(run.ProgressCount) / last;
-    std::string caption;
-    const bool counts = std::floor(ratio) <= 1.0;
-    if (counts) {
-        // The product comes before the division, so that a half percent is one exactly.
-        const double percent = last == 0 ? 0.0 : std::round(run.ProgressCount * 100.0 / last);
-        if (percent != 0.0)
-            caption = std::to_string(static_cast<long>(percent));
-        caption += " %";
-    }
-    desk_.showProgress(static_cast<float>(ratio), counts ? &caption : nullptr);
+    const float share = last == 0 ? 0.0F : playedShare(run.ProgressCount, last);
+    const bool counts = std::floor(share) <= 1.0F;
+    const std::string caption = counts ? percentCaption(share) : std::string();
+    desk_.showProgress(share, counts ? &caption : nullptr);
 }
 
 } // namespace velorin

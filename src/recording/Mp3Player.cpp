@@ -3,8 +3,8 @@
 
 #include "platform/MessageLoop.h"
 #include "platform/Text.h"
+#include "playback/Progress.h"
 #include "playback/StopWatch.h"
-#include "recording/Progress.h"
 #include "recording/RecordDesk.h"
 #include "recording/modMultimedia.h"
 #include "score/Studio.h"

@@ -30,21 +30,21 @@ TEST_F(Progress, IsTheShareOfTheLastColumn) {
     EXPECT_EQ(studio.run.ProgressCount, 0);
 }
 
-TEST_F(Progress, OfHalfAPercentIsRoundedUp) {
+TEST_F(Progress, OfHalfAPercentGoesToTheEvenNumber) {
     write(0, "60 = = = = = = =");
     play();
     const Lines lines = shown();
-    EXPECT_EQ(lines[0], "progress 0.125000 \"13 %\"");
+    EXPECT_EQ(lines[0], "progress 0.125000 \"12 %\"");
     EXPECT_EQ(lines[2], "progress 0.375000 \"38 %\"");
 }
 
-// 29 of 200 are 14.5 %, which the share as a binary fraction would miss.
-TEST_F(Progress, OfHalfAPercentIsOneExactly) {
+// 29 of 200 are 14.5 %, and the share in single precision lies below it.
+TEST_F(Progress, IsRoundedFromTheShareInSinglePrecision) {
     studio.run.ProgressCount = 28;
     studio.score.NoteArray.write(0, 199, 60);
     at(0.15, [this] { sequencer.PlayAndStop_Click(1); });
     play();
-    EXPECT_EQ(shown()[0], "progress 0.145000 \"15 %\"");
+    EXPECT_EQ(shown()[0], "progress 0.145000 \"14 %\"");
 }
 
 TEST_F(Progress, OfNothingHasNoDigits) {

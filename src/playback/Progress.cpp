@@ -1,5 +1,5 @@
 // Captions of the progress display, without regard to any locale.
-#include "recording/Progress.h"
+#include "playback/Progress.h"
 
 #include "platform/Text.h"
 

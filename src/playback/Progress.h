@@ -1,4 +1,4 @@
-// How far a file has played, as a share and as a caption.
+// How far a song or a file has played, as a share and as a caption.
 #pragma once
 
 #include <cstdint>
