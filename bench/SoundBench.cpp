@@ -106,6 +106,7 @@ struct Bench {
         area.MusicBox->onMouseUp = [this](int b, int s, double x, double y) {
             mouse.MusicBox_MouseUp(b, s, x, y);
         };
+        sound.begin();
         setup.instrument = woodBlock;
         sounding.Device_Click();
         sounding.Combo1_Click();

@@ -25,6 +25,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
+#include <QTimer>
 
 #include <clocale>
 #include <cstdlib>
@@ -55,6 +56,8 @@ QString workFolder() {
 std::filesystem::path configFolder() {
     return QFileInfo(velorin::host::QtSettings::defaultFile()).absolutePath().toStdString();
 }
+
+constexpr int firstPaintMs = 50;
 
 int runProgram(velorin::host::EndSignals& signals) {
     using namespace velorin;
@@ -96,8 +99,11 @@ int runProgram(velorin::host::EndSignals& signals) {
     QObject session;
     QObject::connect(qApp, &QGuiApplication::commitDataRequest, &session,
                      [&program] { program.endFromOutside(); });
-    if (program.start() && !program.hasEnded())
+    if (program.start() && !program.hasEnded()) {
+        // The windows are painted first: opening the sound would take the processor from them.
+        QTimer::singleShot(firstPaintMs, &session, [&sound] { sound.begin(); });
         QApplication::exec();
+    }
     // The desktop can close the application without its exit command.
     program.endFromOutside();
     return program.exitStatus();

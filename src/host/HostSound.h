@@ -13,9 +13,12 @@ namespace velorin::host {
 
 class HostSound {
 public:
-    /// Returns at once: the sound card and the SoundFonts are opened by a thread of their own.
-    /// A recording grows in `captureFolder` until it is saved.
+    /// Opens nothing yet; what is sent meanwhile waits. A recording grows in `captureFolder` until it
+    /// is saved.
     HostSound(const std::filesystem::path& programFolder, std::filesystem::path captureFolder);
+
+    /// Returns at once: the sound card and the SoundFonts are opened by a thread of their own.
+    void begin() { worker_.release(); }
 
     [[nodiscard]] SystemClock& clock() { return clock_; }
     [[nodiscard]] SoundEngine& engine() { return engine_; }
@@ -30,7 +33,7 @@ public:
 private:
     SystemClock clock_;
     SoundEngine engine_;
-    Worker worker_; ///< ends before the engine that its jobs use
+    Worker worker_{true}; ///< ends before the engine that its jobs use
     SynthDevices synths_;
     MidiPorts ports_;
     HostMidiOut midi_;

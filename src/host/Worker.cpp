@@ -3,7 +3,7 @@
 
 namespace velorin::host {
 
-Worker::Worker() : thread_([this] { run(); }) {}
+Worker::Worker(bool held) : held_(held), thread_([this] { run(); }) {}
 
 Worker::~Worker() {
     {
@@ -22,6 +22,14 @@ void Worker::post(std::function<void()> job) {
     changed_.notify_all();
 }
 
+void Worker::release() {
+    {
+        const std::lock_guard lock(mutex_);
+        held_ = false;
+    }
+    changed_.notify_all();
+}
+
 void Worker::waitUntilIdle() {
     std::unique_lock lock(mutex_);
     changed_.wait(lock, [this] { return jobs_.empty() && !busy_; });
@@ -30,7 +38,7 @@ void Worker::waitUntilIdle() {
 void Worker::run() {
     std::unique_lock lock(mutex_);
     for (;;) {
-        changed_.wait(lock, [this] { return ending_ || !jobs_.empty(); });
+        changed_.wait(lock, [this] { return ending_ || (!held_ && !jobs_.empty()); });
         if (ending_)
             return;
         std::function<void()> job = std::move(jobs_.front());

@@ -12,13 +12,15 @@ namespace velorin::host {
 /// Does one job after the other. The destructor waits for the job in hand and drops the rest.
 class Worker {
 public:
-    Worker();
+    /// One that is held keeps its jobs until it is released.
+    explicit Worker(bool held = false);
     ~Worker();
     Worker(const Worker&) = delete;
     Worker& operator=(const Worker&) = delete;
 
     void post(std::function<void()> job); ///< a job must not throw
-    void waitUntilIdle();                 ///< until every job posted so far is done
+    void release();
+    void waitUntilIdle(); ///< until every job posted so far is done
 
 private:
     void run();
@@ -26,6 +28,7 @@ private:
     std::mutex mutex_;
     std::condition_variable changed_;
     std::deque<std::function<void()>> jobs_;
+    bool held_;
     bool busy_ = false;
     bool ending_ = false;
     std::thread thread_;

@@ -44,6 +44,25 @@ TEST(TheStream, IsTheSumOfItsSources) {
     EXPECT_FLOAT_EQ(stream.stereo[2 * 50], 2 * 50 / 1e6F);
 }
 
+TEST(AWorker, ThatIsHeldKeepsItsJobsUntilItIsReleased) {
+    std::atomic<int> done{0};
+    Worker worker(true);
+    worker.post([&done] { ++done; });
+    EXPECT_EQ(done, 0);
+    worker.release();
+    worker.waitUntilIdle();
+    EXPECT_EQ(done, 1);
+}
+
+TEST(AWorker, ThatIsHeldEndsWithItsJobsUndone) {
+    std::atomic<int> done{0};
+    {
+        Worker worker(true);
+        worker.post([&done] { ++done; });
+    }
+    EXPECT_EQ(done, 0);
+}
+
 TEST(TheStream, MayRestAfterTenQuietSeconds) {
     SoundEngine engine;
     HandPulled stream(engine);
