@@ -105,11 +105,7 @@ int main(int argc, char** argv) {
     WatchedLoop loop(realLoop);
     LatenessMeter meter(clock, loop);
     convert::OfflinePlatform offline(meter);
-    platform::Platform given = offline.platform;
-    platform::Platform platform{clock,         loop,        meter,        given.mci,
-                                given.dialogs, given.boxes, given.files,  given.settings,
-                                given.desktop, given.menus, given.timers, given.systemFiles,
-                                given.encoder, {}};
+    platform::Platform platform = offline.on(clock, loop, meter);
     PlainSetup setup;
     Studio studio(platform, setup);
     for (int column = 0; column < columns; ++column) {

@@ -70,18 +70,7 @@ struct Bench {
     host::QtMessageLoop loop{sound.clock()};
     WatchedMidi midi{sound.midi()};
     convert::OfflinePlatform offline{midi};
-    platform::Platform platform{sound.clock(),
-                                loop,
-                                midi,
-                                offline.platform.mci,
-                                offline.platform.dialogs,
-                                offline.platform.boxes,
-                                offline.platform.files,
-                                offline.platform.settings,
-                                offline.platform.desktop,
-                                offline.platform.menus,
-                                offline.platform.timers,
-                                {}};
+    platform::Platform platform = offline.on(sound.clock(), loop, midi);
     PlainSetup setup;
     Studio studio{platform, setup};
     NoDesk desk;

@@ -159,6 +159,14 @@ public:
     platform::Platform platform{clock,   loop,         midi_,     mci_,     dialogs_,
                                 boxes_,  files_,       settings_, desktop_, menus_,
                                 timers_, systemFiles_, encoder_,  {}};
+
+    /// The same host on another clock, loop and device.
+    [[nodiscard]] platform::Platform on(platform::Clock& otherClock,
+                                        platform::MessageLoop& otherLoop,
+                                        platform::MidiOut& otherMidi) {
+        return {otherClock, otherLoop, otherMidi, mci_,    dialogs_,     boxes_,   files_,
+                settings_,  desktop_,  menus_,    timers_, systemFiles_, encoder_, {}};
+    }
 };
 
 } // namespace velorin::convert
