@@ -13,6 +13,7 @@ MELODY = [60, 65, 67, 58, 63, 55, 70]  # pitch indices, counted from the top: th
 OCARINA, WOOD_BLOCK = 79, 169
 FIRST_BEAT, BEATS, BEAT_COLUMNS = 20, 10, 2
 BLOCK_S = 64 / 44100  # a note begins with one of the synthesizer's blocks
+WAKING_S = 0.0005  # of the processor for two columns, on a busy machine
 ATTEMPTS = 5  # a machine that is busy with other things tears the stream now and then, but not each time
 
 
@@ -73,8 +74,8 @@ def check_beats(sound):
     expected = BEAT_COLUMNS * COLUMN_S * listen.RATE
     late = [(b - a - expected) / listen.RATE for a, b in zip(frames, frames[1:])]
     told = "the distances of the beats are off by ms: " + " ".join(f"{1000 * value:.2f}" for value in late)
-    check(abs(statistics.median(late)) <= BLOCK_S, told)
-    check(sum(abs(value) <= 2 * BLOCK_S for value in late) >= 0.75 * len(late), told)
+    check(abs(statistics.median(late)) <= BLOCK_S + WAKING_S, told)
+    check(sum(abs(value) <= 2 * BLOCK_S + WAKING_S for value in late) >= 0.75 * len(late), told)
 
 
 def check_sound(desk, program):
