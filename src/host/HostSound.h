@@ -13,8 +13,8 @@ namespace velorin::host {
 
 class HostSound {
 public:
-    /// Opens nothing yet; what is sent meanwhile waits. A recording grows in `captureFolder` until it
-    /// is saved.
+    /// Opens nothing yet; what is sent meanwhile waits. A recording grows in `captureFolder` until
+    /// it is saved.
     HostSound(const std::filesystem::path& programFolder, std::filesystem::path captureFolder);
 
     /// Returns at once: the sound card and the SoundFonts are opened by a thread of their own.
