@@ -3,6 +3,7 @@
 
 #include "host/media/Lame.h"
 #include "platform/CaseBlind.h"
+#include "platform/Text.h"
 
 #include <array>
 
@@ -106,12 +107,15 @@ LameEncoder::LameEncoder(std::filesystem::path programFolder)
 
 LameEncoder::~LameEncoder() = default;
 
+// The program's folder may be another than the one that its file lies in, which is looked into too.
 bool LameEncoder::isPresent(const std::string& path) {
-    std::error_code failed;
     const std::filesystem::path folder = platform::resolve(path).parent_path();
-    const bool isBeside = std::filesystem::equivalent(folder, programFolder_, failed) && !failed;
-    auto found =
-        isBeside ? Lame::load(programFolder_ / Lame::fileName) : Lame::load(Lame::fileName);
+    const std::string name = platform::lowerCase(folder.filename().string());
+    std::shared_ptr<const Lame> found;
+    if (name == "system32" || name == "system")
+        found = Lame::load(Lame::fileName);
+    else if (!(found = Lame::load(folder / Lame::fileName)))
+        found = Lame::load(programFolder_ / Lame::fileName);
     if (!found)
         return false;
     library_ = std::move(found);

@@ -26,8 +26,9 @@ public:
     virtual ~Encoder() = default;
 
     /// Whether the library is there under this name ("<folder>\lame_enc.dll"). The host looks for
-    /// its own form of the library: beside the program if the folder is the program's, and in the
-    /// system's places for any other folder. The calls below use the one found last.
+    /// its own form of the library: in the system's places if the folder is called "System32" or
+    /// "System", and in that folder and beside the program for any other. The calls below use the
+    /// one found last.
     [[nodiscard]] virtual bool isPresent(const std::string& path) = 0;
 
     /// Begins an encoding. Gives the samples (16 bit, over all channels) that a chunk should have,

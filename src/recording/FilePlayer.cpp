@@ -191,6 +191,7 @@ void FilePlayer::RunMidiFile() {
         commands_.openMidiOutput(studio_.setup.Combo2() + 1);
         send("stop midi");
         send("close midi");
+        studio_.platform.mci.setSequencerDevice(studio_.setup.Combo2() - 1);
         send("open sequencer!" + name + " alias midi");
         send("play midi");
     }
