@@ -75,6 +75,11 @@ void SoundEngine::replaceLostCard() {
         [this](float* stereo, int frames) { pull(stereo, frames, nowNs()); }, bufferFrames);
 }
 
+bool SoundEngine::isReadAhead() const {
+    return std::all_of(sources_.begin(), sources_.end(),
+                       [](const auto& source) { return source->isReadAhead(); });
+}
+
 void SoundEngine::give(const Order& order) {
     collectReleased();
     orders_.push(order);

@@ -53,6 +53,10 @@ public:
     /// Puts a clock in the place of a sound card that has gone away, which is said too.
     void replaceLostCard();
 
+    /// Whether the stream can be pulled on without leaving a source behind that reads a file: for
+    /// one who pulls it by hand. For the control thread.
+    [[nodiscard]] bool isReadAhead() const;
+
     // For the control thread.
     void add(std::shared_ptr<SoundSource> source); ///< at most `mostSources` at a time
     void remove(SoundSource* source);

@@ -20,6 +20,10 @@ public:
     /// Adds this source's part to the block that begins at `firstFrame`. Called by the stream's
     /// thread: takes no lock, allocates nothing, touches no file.
     virtual void mix(SoundBlock& block, std::int64_t firstFrame, const StreamClock& clock) = 0;
+
+    /// Whether all is there that this source keeps ready for the stream. For the control thread, of
+    /// a stream that is pulled faster than it sounds.
+    [[nodiscard]] virtual bool isReadAhead() const { return true; }
 };
 
 } // namespace velorin::host

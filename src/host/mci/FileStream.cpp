@@ -76,6 +76,10 @@ std::int64_t FileStream::position() const {
     return std::min(from_ + seconds * file_->rateHz() + rest, to_);
 }
 
+bool FileStream::isReadAhead() const {
+    return decodedAll_ || !thread_.joinable() || ready_.write_available() == 0;
+}
+
 void FileStream::mix(SoundBlock& block, std::int64_t, const StreamClock&) {
     const float target = paused_ || ending_ ? 0.0F : 1.0F;
     if (silent_ || (gain_ == 0.0F && target == 0.0F)) {

@@ -37,6 +37,7 @@ public:
     [[nodiscard]] bool isSilent() const { return silent_; } ///< nothing more will come of it
 
     void mix(SoundBlock& block, std::int64_t firstFrame, const StreamClock& clock) override;
+    [[nodiscard]] bool isReadAhead() const override;
 
 private:
     void decode();

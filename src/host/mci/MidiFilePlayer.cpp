@@ -8,23 +8,11 @@ namespace velorin::host {
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
 constexpr int noteOn = 0x90;
 constexpr int noteOff = 0x80;
 constexpr int controlChange = 0xB0;
 constexpr std::uint8_t sustainPedal = 64;
 constexpr std::uint8_t allNotesOff = 123;
-
-std::int64_t nowNs() {
-    return std::chrono::duration_cast<std::chrono::nanoseconds>(Clock::now().time_since_epoch())
-        .count();
-}
-
-Clock::time_point pointOf(std::int64_t ns) {
-    return Clock::time_point(
-        std::chrono::duration_cast<Clock::duration>(std::chrono::nanoseconds(ns)));
-}
 
 ShortMessage controller(int channel, std::uint8_t number, std::uint8_t value) {
     return {{static_cast<std::uint8_t>(controlChange | channel), number, value}, 3};
@@ -52,7 +40,7 @@ std::size_t MidiFilePlayer::firstEventAt(std::int64_t timeUs) const {
 }
 
 std::int64_t MidiFilePlayer::placeNow() const {
-    return counts_ ? std::min((nowNs() - startNs_) / 1000, toUs_) : placeUs_;
+    return counts_ ? std::min((port_->nowNs() - startNs_) / 1000, toUs_) : placeUs_;
 }
 
 std::int64_t MidiFilePlayer::position() {
@@ -119,7 +107,7 @@ void MidiFilePlayer::send(std::int64_t dueNs, const ShortMessage& message) {
 
 // The pedals are lifted for it, and remembered.
 void MidiFilePlayer::releaseNotes() {
-    const std::int64_t due = nowNs() + port_->leadNs();
+    const std::int64_t due = port_->nowNs() + port_->leadNs();
     for (int channel = 0; channel < 16; ++channel) {
         if (pedal_[static_cast<std::size_t>(channel)] > 0)
             port_->send(due, controller(channel, sustainPedal, 0));
@@ -147,7 +135,7 @@ void MidiFilePlayer::chase(std::int64_t placeUs) {
 }
 
 void MidiFilePlayer::begin() {
-    startNs_ = nowNs() + port_->leadNs() - placeUs_ * 1000;
+    startNs_ = port_->nowNs() + port_->leadNs() - placeUs_ * 1000;
     counts_ = true;
     if (chases_)
         chase(placeUs_);
@@ -159,7 +147,7 @@ void MidiFilePlayer::begin() {
 // One round: sends what is due, or waits until something is.
 void MidiFilePlayer::playOn(Lock& lock) {
     const std::int64_t lead = port_->leadNs();
-    const std::int64_t now = nowNs();
+    const std::int64_t now = port_->nowNs();
     while (next_ < file_.events.size() && file_.events[next_].timeUs < toUs_) {
         const std::int64_t due = startNs_ + file_.events[next_].timeUs * 1000;
         if (due > now + lead)
@@ -178,7 +166,7 @@ void MidiFilePlayer::playOn(Lock& lock) {
     std::int64_t wake = endNs;
     if (next_ < file_.events.size() && file_.events[next_].timeUs < toUs_)
         wake = std::min(wake, startNs_ + file_.events[next_].timeUs * 1000 - lead);
-    changed_.wait_until(lock, pointOf(wake));
+    port_->waitUntil(wake, changed_, lock);
 }
 
 void MidiFilePlayer::run() {

@@ -14,7 +14,7 @@
 
 namespace velorin::host {
 
-/// A unit is a microsecond. A thread of its own keeps the time by the steady clock; it begins to
+/// A unit is a microsecond. A thread of its own keeps the time by the port's clock; it begins to
 /// count when the device can sound.
 class MidiFilePlayer final : public Transport {
 public:

@@ -9,12 +9,14 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <mutex>
 #include <string>
 #include <thread>
@@ -22,7 +24,20 @@
 
 namespace velorin::host::test {
 
-/// Keeps what it is sent.
+/// Looks until something is so that another thread does; false after ten seconds, which are far
+/// more than a busy machine needs.
+template <typename Condition>
+bool comesTrue(Condition condition) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > end)
+            return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    return true;
+}
+
+/// Keeps what it is sent, and the clock of the port, which is wound by hand.
 struct PortLog {
     struct Sent {
         std::int64_t dueNs;
@@ -31,16 +46,39 @@ struct PortLog {
     std::mutex mutex;
     std::vector<Sent> sent;
     std::atomic<bool> ready{true};
+    std::atomic<int> asked{0}; ///< how often it was asked whether it is ready
+    std::atomic<std::int64_t> nowNs{7'000'000'000};
+
+    void wind(int milliseconds) { nowNs += milliseconds * msNs; }
+
+    /// The messages so far of a kind, the high half of the status byte.
+    std::vector<Sent> ofKind(int kind) {
+        const std::lock_guard lock(mutex);
+        std::vector<Sent> found;
+        std::copy_if(sent.begin(), sent.end(), std::back_inserter(found),
+                     [kind](const Sent& one) { return one.message.kind() == kind; });
+        return found;
+    }
 };
 
 class LoggedPort final : public SequencerPort {
 public:
     explicit LoggedPort(PortLog& log) : log_(log) {}
-    bool isReady() const override { return log_.ready; }
+    bool isReady() const override {
+        ++log_.asked;
+        return log_.ready;
+    }
     std::int64_t leadNs() const override { return 0; }
     void send(std::int64_t dueNs, const ShortMessage& message) override {
         const std::lock_guard lock(log_.mutex);
         log_.sent.push_back({dueNs, message});
+    }
+    std::int64_t nowNs() const override { return log_.nowNs; }
+
+    // Looks again and again, since nobody tells it that the clock has been wound.
+    void waitUntil(std::int64_t, std::condition_variable& notice,
+                   std::unique_lock<std::mutex>& lock) override {
+        notice.wait_for(lock, std::chrono::milliseconds(1));
     }
 
 private:
@@ -154,10 +192,9 @@ protected:
 
     /// Pulls in pieces, and lets the thread that reads ahead keep up.
     void pullPlayed(int frames) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(60));
         for (; frames > 0; frames -= 8192) {
+            ASSERT_TRUE(comesTrue([this] { return engine_.isReadAhead(); }));
             pull(std::min(frames, 8192));
-            std::this_thread::sleep_for(std::chrono::milliseconds(25));
         }
     }
 
@@ -169,9 +206,12 @@ protected:
         return i;
     }
 
-    void waitUntilMidiStops() {
-        for (int i = 0; i < 400 && ask("status midi mode") != "stopped"; ++i)
-            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    /// Winds the clock on in steps until the MID file is over.
+    void playMidiOut() {
+        EXPECT_TRUE(comesTrue([this] {
+            port_.wind(5);
+            return ask("status midi mode") == "stopped";
+        }));
     }
 
     std::filesystem::path folder_ =

@@ -176,7 +176,7 @@ TEST_F(TheFileDevices, PlayAMidFileOnTheDeviceThatIsSet) {
     EXPECT_EQ(send("set midi time format frames"), mci::badTimeFormat);
     EXPECT_EQ(send("play midi"), 0U);
     EXPECT_EQ(ask("status midi mode"), "playing");
-    waitUntilMidiStops();
+    playMidiOut();
     EXPECT_EQ(ask("status midi position"), "75");
     EXPECT_EQ(send("pause midi"), 0U);
     EXPECT_EQ(send("close midi"), 0U);

@@ -87,19 +87,19 @@ TEST(AMidiFile, LeavesOutExclusiveMessagesAndDamage) {
 
 class AMidFilePlaying : public testing::Test {
 protected:
-    void waitForStop(MidiFilePlayer& player) {
-        for (int i = 0; i < 400 && player.mode() != TransportMode::stopped; ++i)
-            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    // Winds the clock on in steps until the file is over.
+    void playOut(MidiFilePlayer& player) {
+        EXPECT_TRUE(test::comesTrue([this, &player] {
+            log.wind(5);
+            return player.mode() == TransportMode::stopped;
+        }));
     }
 
-    std::vector<PortLog::Sent> notes() {
-        const std::lock_guard lock(log.mutex);
-        std::vector<PortLog::Sent> found;
-        for (const auto& sent : log.sent) {
-            if (sent.message.kind() == 0x90)
-                found.push_back(sent);
-        }
-        return found;
+    std::vector<PortLog::Sent> notes() { return log.ofKind(0x90); }
+
+    void playToTheFirstNote(MidiFilePlayer& player) {
+        player.play(0, player.length());
+        EXPECT_TRUE(test::comesTrue([this] { return notes().size() == 1; }));
     }
 
     PortLog log;
@@ -110,7 +110,7 @@ TEST_F(AMidFilePlaying, SendsEachMessageAtItsTime) {
     EXPECT_EQ(player.length(), 75'000);
     player.play(0, player.length());
     EXPECT_EQ(player.mode(), TransportMode::playing);
-    waitForStop(player);
+    playOut(player);
     EXPECT_EQ(player.position(), 75'000);
     ASSERT_EQ(notes().size(), 2U);
     EXPECT_EQ(notes()[1].dueNs - notes()[0].dueNs, 75'000'000);
@@ -118,15 +118,15 @@ TEST_F(AMidFilePlaying, SendsEachMessageAtItsTime) {
 
 TEST_F(AMidFilePlaying, StandsStillWhilePausedAndGoesOnFromThere) {
     MidiFilePlayer player(*read(test::shortSong()), std::make_unique<LoggedPort>(log));
-    player.play(0, player.length());
-    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    playToTheFirstNote(player);
+    log.wind(20);
     player.pause();
     EXPECT_EQ(player.mode(), TransportMode::paused);
-    const std::int64_t place = player.position();
-    std::this_thread::sleep_for(std::chrono::milliseconds(100));
-    EXPECT_EQ(player.position(), place);
+    EXPECT_EQ(player.position(), 20'000);
+    log.wind(1000);
+    EXPECT_EQ(player.position(), 20'000);
     player.resume();
-    waitForStop(player);
+    playOut(player);
     EXPECT_EQ(player.position(), 75'000);
     EXPECT_EQ(notes().back().message.byte[2], 0);
 }
@@ -135,18 +135,21 @@ TEST_F(AMidFilePlaying, WaitsUntilItsDeviceCanSound) {
     log.ready = false;
     MidiFilePlayer player(*read(test::shortSong()), std::make_unique<LoggedPort>(log));
     player.play(0, player.length());
-    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    EXPECT_TRUE(test::comesTrue([this] {
+        log.wind(100);
+        return log.asked >= 3;
+    }));
     EXPECT_EQ(player.position(), 0);
     EXPECT_TRUE(notes().empty());
     log.ready = true;
-    waitForStop(player);
+    playOut(player);
     EXPECT_EQ(notes().size(), 2U);
 }
 
 TEST_F(AMidFilePlaying, FromTheMiddleKnowsTheProgramsBefore) {
     MidiFilePlayer player(*read(test::shortSong()), std::make_unique<LoggedPort>(log));
     player.play(60'000, player.length());
-    waitForStop(player);
+    playOut(player);
     ASSERT_EQ(notes().size(), 1U) << "the note that began before is left out";
     EXPECT_EQ(log.sent.front().message.kind(), 0xC0);
 }
@@ -154,13 +157,12 @@ TEST_F(AMidFilePlaying, FromTheMiddleKnowsTheProgramsBefore) {
 TEST_F(AMidFilePlaying, ThatEndsEarlyReleasesWhatSounds) {
     {
         MidiFilePlayer player(*read(test::shortSong()), std::make_unique<LoggedPort>(log));
-        player.play(0, player.length());
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        playToTheFirstNote(player);
     }
-    const auto isRelease = [](const PortLog::Sent& sent) {
-        return sent.message.kind() == 0xB0 && sent.message.byte[1] == 123;
-    };
-    EXPECT_EQ(std::count_if(log.sent.begin(), log.sent.end(), isRelease), 16);
+    const auto controllers = log.ofKind(0xB0);
+    EXPECT_EQ(std::count_if(controllers.begin(), controllers.end(),
+                            [](const auto& sent) { return sent.message.byte[1] == 123; }),
+              16);
 }
 
 } // namespace
