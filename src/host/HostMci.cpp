@@ -133,6 +133,11 @@ HostMci::Opened HostMci::openCapture() {
     return {std::make_unique<CaptureDevice>(std::move(source), folder)};
 }
 
+bool HostMci::isRunning() const {
+    return std::any_of(devices_.begin(), devices_.end(),
+                       [](const auto& entry) { return entry.second->isRunning(); });
+}
+
 std::string HostMci::mciGetErrorStringA(std::uint32_t code) {
     return std::string(mciErrorText(code));
 }

@@ -47,6 +47,9 @@ public:
     void setSequencerDevice(int device) override { sequencerDevice_ = device; }
     std::string mciGetErrorStringA(std::uint32_t code) override;
 
+    /// Whether a device plays or records, be it silence.
+    [[nodiscard]] bool isRunning() const;
+
 private:
     struct Opened {
         std::unique_ptr<MciDevice> device;

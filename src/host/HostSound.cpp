@@ -21,7 +21,11 @@ HostSound::HostSound(const std::filesystem::path& programFolder,
       midi_(
           synths_, ports_, [this] { worker_.post([this] { engine_.replaceLostCard(); }); },
           [this] { wake(); }),
-      mci_({engine_, [this](int device) { return midi_.openForSequencer(device); },
+      mci_({engine_,
+            [this](int device) {
+                wake(); // the synthesizer may be there from the file before
+                return midi_.openForSequencer(device);
+            },
             [this] { return midi_.isPortOpen(); }, std::move(captureFolder)}) {
     if (synths_.count() == 0)
         noFont_.say("no SoundFont found; the built-in synthesizer cannot play");
@@ -29,8 +33,9 @@ HostSound::HostSound(const std::filesystem::path& programFolder,
     engine_.onAdded = [this] { wake(); };
 }
 
+// A file's own rests are not slept through either.
 void HostSound::restIfQuiet() {
-    if (resting_ || !engine_.isQuiet())
+    if (resting_ || !engine_.isQuiet() || mci_.isRunning())
         return;
     resting_ = true;
     worker_.post([this] { engine_.rest(); });

@@ -28,7 +28,8 @@ public:
     // On the control thread. A card that is fed silence keeps the processor busy, so the stream
     // rests while nothing sounds and nobody is at the program. Beginning anew takes some 10 ms.
     void restIfQuiet(); ///< not while a song plays: its next note would come late
-    void wake();        ///< the user is about to do something; a message wakes the stream too
+    [[nodiscard]] bool isResting() const { return resting_; }
+    void wake(); ///< the user is about to do something; a message wakes the stream too
 
 private:
     SystemClock clock_;

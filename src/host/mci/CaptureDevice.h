@@ -23,6 +23,7 @@ public:
     CaptureDevice& operator=(const CaptureDevice&) = delete;
 
     std::uint32_t carryOut(const CommandText& command, std::string* reply) override;
+    bool isRunning() override { return recorder_ != nullptr; }
 
 private:
     std::uint32_t set(const std::string& text);

@@ -16,6 +16,9 @@ public:
     /// Carries out a command other than "open" and "close", and returns its code (see MciErrors.h).
     /// `reply` gets the text of a "status" query that succeeds; it may be null.
     virtual std::uint32_t carryOut(const CommandText& command, std::string* reply) = 0;
+
+    /// Whether it plays or records, be it silence.
+    [[nodiscard]] virtual bool isRunning() = 0;
 };
 
 /// Writes a reply where one is wanted.

@@ -20,6 +20,7 @@ public:
         : transport_(std::move(transport)) {}
 
     std::uint32_t carryOut(const CommandText& command, std::string* reply) override;
+    bool isRunning() override { return transport_->mode() == TransportMode::playing; }
 
 private:
     using Words = std::vector<std::string>;

@@ -1,0 +1,101 @@
+// When the sound as a whole may rest, with a stream that is pulled by hand.
+#include "host/HostSound.h"
+#include "MciStage.h"
+
+namespace velorin::host {
+namespace {
+
+using test::HandPulled;
+
+class TheSoundAsAWhole : public test::MciStage {
+protected:
+    // Its worker is never released, so it opens no sound card and loads no SoundFont.
+    HostSound sound_{folder_, folder_};
+    HandPulled pulled_{sound_.engine()};
+
+    void beQuietForTwelveSeconds() {
+        for (int second = 0; second < 12; ++second)
+            pulled_.pull(44100);
+        sound_.restIfQuiet();
+    }
+
+    std::uint32_t order(const std::string& command) {
+        return sound_.mci().mciSendStringA(command, nullptr);
+    }
+};
+
+TEST_F(TheSoundAsAWhole, RestsAfterTenQuietSecondsUntilItIsWoken) {
+    beQuietForTwelveSeconds();
+    EXPECT_TRUE(sound_.isResting());
+    sound_.wake();
+    EXPECT_FALSE(sound_.isResting());
+}
+
+TEST_F(TheSoundAsAWhole, DoesNotRestWhileAMidFilePlays) {
+    ASSERT_FALSE(test::anySoundFont().empty());
+    writeBytes("a.mid", test::shortSong());
+    beQuietForTwelveSeconds();
+    EXPECT_EQ(order("open sequencer!" + at("a.mid") + " alias midi"), 0U);
+    EXPECT_FALSE(sound_.isResting()) << "its device is about to sound";
+    EXPECT_EQ(order("play midi"), 0U); // and waits for the synthesizer, which never comes
+    beQuietForTwelveSeconds();
+    EXPECT_FALSE(sound_.isResting());
+    EXPECT_EQ(order("pause midi"), 0U);
+    beQuietForTwelveSeconds();
+    EXPECT_TRUE(sound_.isResting()) << "the user who resumes it wakes the stream";
+}
+
+TEST_F(TheSoundAsAWhole, DoesNotRestWhileASilentWavPlays) {
+    writeWav("a.wav", 44100, 1, std::vector<std::int16_t>(20 * 44100));
+    EXPECT_EQ(order("open waveaudio!" + at("a.wav") + " alias sound"), 0U);
+    EXPECT_EQ(order("play sound"), 0U);
+    for (int second = 0; second < 12; ++second) {
+        ASSERT_TRUE(test::comesTrue([this] { return sound_.engine().isReadAhead(); }));
+        pulled_.pull(44100);
+    }
+    sound_.restIfQuiet();
+    EXPECT_FALSE(sound_.isResting());
+    EXPECT_EQ(order("close sound"), 0U);
+    beQuietForTwelveSeconds();
+    EXPECT_TRUE(sound_.isResting());
+}
+
+TEST_F(TheSoundAsAWhole, DoesNotRestWhileItIsRecorded) {
+    EXPECT_EQ(order("open new type waveaudio alias capture"), 0U);
+    EXPECT_EQ(order("record capture"), 0U);
+    beQuietForTwelveSeconds();
+    EXPECT_FALSE(sound_.isResting());
+    EXPECT_EQ(order("close capture"), 0U);
+    beQuietForTwelveSeconds();
+    EXPECT_TRUE(sound_.isResting());
+}
+
+TEST_F(TheSoundAsAWhole, KnowsThroughALongRestThatAMidFilePlays) {
+    const std::string track("\x00\x90\x3C\x40" // a note
+                            "\x01\x3C\x00"     // its end
+                            "\x9F\x60\x3C\x40" // 4,064 ticks of 5 ms later, the next
+                            "\x01\x3C\x00"     // and its end
+                            "\x00\xFF\x2F\x00",
+                            4 + 3 + 4 + 3 + 4);
+    std::string song("MThd\0\0\0\6\0\0\0\1\0\x64MTrk\0\0\0", 21);
+    writeBytes("rest.mid", song + static_cast<char>(track.size()) + track);
+    EXPECT_EQ(send("open sequencer!" + at("rest.mid") + " alias midi"), 0U);
+    EXPECT_FALSE(mci_.isRunning());
+    EXPECT_EQ(send("play midi"), 0U);
+    const auto haveCome = [this](std::size_t count) {
+        return test::comesTrue([this, count] { return port_.ofKind(0x90).size() == count; });
+    };
+    ASSERT_TRUE(haveCome(1));
+    port_.wind(10);
+    ASSERT_TRUE(haveCome(2));
+    port_.wind(15'000);
+    EXPECT_TRUE(mci_.isRunning());
+    EXPECT_EQ(ask("status midi position"), "15010");
+    port_.wind(5'315);
+    ASSERT_TRUE(haveCome(3));
+    playMidiOut();
+    EXPECT_FALSE(mci_.isRunning());
+}
+
+} // namespace
+} // namespace velorin::host
