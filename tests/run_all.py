@@ -34,6 +34,8 @@ def run(command, env):
         return done.returncode, done.stdout.decode("utf-8", "replace")
     except subprocess.TimeoutExpired:
         return 1, f"still running after {LIMIT_S} s"
+    except OSError as error:
+        return 1, str(error)
 
 
 def unit_tests(program, env):
