@@ -1,0 +1,205 @@
+"""Records a score with the mouse, with a sound server and without one, and listens to the WAV and the MP3."""
+
+import shutil
+import statistics
+import struct
+import subprocess
+import wave
+
+import listen
+from desk import PATIENCE_S, Desk, Failure, check, run, wait_until
+from score_text import Score
+
+TEMPO = 120
+COLUMN_S = 12 / TEMPO
+MELODY = [60, 65, 67, 58, 63]  # pitch indices, counted from the top: the keys are 127 less these
+OCARINA, WOOD_BLOCK = 79, 169
+FIRST_BEAT, BEATS, BEAT_COLUMNS = 14, 10, 2
+COLUMNS = FIRST_BEAT + BEAT_COLUMNS * (BEATS - 1) + 1
+BLOCK_S = 64 / listen.RATE  # a note begins with one of the synthesizer's blocks
+# What the waking of the processor may cost two columns, at each attempt: a machine that is busy with other things wakes
+# the program late now and then, and one that is busy all the time does so again and again.
+WAKING_S = [0.0005, 0.002, 0.006]
+
+# Places in the Recording Toolbar, in its own pixels.
+PREFERENCES, RECORD_PLAY, DELETE_WAV, START = (147, 49), (53, 49), (39, 122), (417, 92)
+
+# Layer III by its version: samples in a frame, the bitrates and the sample rates that a header can name.
+LAYERS = {
+    0xFFFB: (1152, [32, 40, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320], [44100, 48000, 32000]),
+    0xFFF3: (576, [8, 16, 24, 32, 40, 48, 56, 64, 80, 96, 112, 128, 144, 160], [22050, 24000, 16000]),
+}
+BITRATE, MONO = 40, 3  # what the program asks for unless it is told otherwise
+SLOWER = 2  # since the samples of both sides then follow each other on the one
+
+
+class DeskWithoutSound(Desk):
+    """No sound server, and none that a library could start."""
+
+    def open_sound(self):
+        self.environment["PULSE_SERVER"] = f"unix:{self.run_folder}/none"
+
+
+def tune():
+    """Five notes of two columns, silence, then ten beats at every second column."""
+    score = Score(TEMPO)
+    for i, pitch in enumerate(MELODY):
+        score.note(0, 2 * i, pitch, 2, OCARINA)
+    for i in range(BEATS):
+        score.note(8, FIRST_BEAT + BEAT_COLUMNS * i, 57, 1, WOOD_BLOCK)
+    score.row_instruments[0] = OCARINA
+    score.row_instruments[8] = WOOD_BLOCK
+    return score
+
+
+def open_score(desk, program):
+    program.press(2)
+    desk.choose_file("Open Score File", "tune.sng")
+    program.wait_for_colour(program.cell(0, MELODY[0] - 55), (255, 0, 0), "the first note on the tableau")
+
+
+def open_toolbar(desk, program):
+    """Opens it, and has the WAV kept when it has been encoded."""
+    program.press(11)
+    desk.settled(desk.window("Recording Toolbar"))
+    for place in (PREFERENCES, DELETE_WAV, RECORD_PLAY):
+        desk.click(*program.place_in("Recording Toolbar", place))
+
+
+def one_new(desk, ending, before):
+    new = set(desk.songs.glob("*tmp" + ending)) - before
+    check(len(new) <= 1, f"one recording left {len(new)} files that end in {ending}")
+    return new.pop() if new else None
+
+
+def record(desk, program):
+    """Records the song; returns the WAV and the MP3."""
+    before = set(desk.songs.iterdir())
+    desk.click(*program.place_in("Recording Toolbar", START))
+    wav = wait_until(lambda: one_new(desk, ".wav", before), "the WAV", COLUMNS * COLUMN_S + PATIENCE_S)
+    number = wav.name.removesuffix("tmp.wav")
+    check(number.isdigit() and 1 <= int(number) <= 99999, f"the recording is named {wav.name}")
+    mp3 = wav.with_suffix(".mp3")
+    length = frames_of(wav.read_bytes()) / listen.RATE
+    wait_until(lambda: mp3.exists() and mp3_seconds(mp3.read_bytes()) >= SLOWER * length, "the whole MP3")
+    return wav, mp3
+
+
+def frames_of(data):
+    """Checks the plain header; returns how many frames follow it."""
+    check(len(data) > 44, "the WAV is empty")
+    size = len(data) - 44
+    head = struct.pack("<4sI8sIHHIIHH4sI", b"RIFF", size + 36, b"WAVEfmt ", 16, 1, 2, listen.RATE, 4 * listen.RATE,
+                       4, 16, b"data", size)
+    check(data[:44] == head, f"the WAV's header is {data[:44].hex(' ')}")
+    return size // 4
+
+
+def mp3_seconds(data):
+    """How long the whole frames of the stream sound, each of which begins where the one before ends."""
+    at = seconds = 0
+    while at + 4 <= len(data):
+        word = int.from_bytes(data[at:at + 4], "big")
+        check(word >> 16 in LAYERS, f"no header of layer III at byte {at}: {word:08x}")
+        samples, bitrates, rates = LAYERS[word >> 16]
+        bitrate, rate, padding, mode = word >> 12 & 15, word >> 10 & 3, word >> 9 & 1, word >> 6 & 3
+        check(0 < bitrate < 15 and bitrates[bitrate - 1] == BITRATE and rate < 3 and mode == MONO,
+              f"the header at byte {at}: {word:08x}")
+        at += samples // 8 * 1000 * BITRATE // rates[rate] + padding
+        if at <= len(data):
+            seconds += samples / rates[rate]
+    return seconds
+
+
+def left_of(path):
+    with wave.open(str(path), "rb") as file:
+        raw = path.with_suffix(".raw")
+        raw.write_bytes(file.readframes(file.getnframes()))
+    sound = listen.samples(raw)
+    raw.unlink()
+    return sound
+
+
+def from_first_sound(sound):
+    first = listen.first_sound(sound)
+    check(first is not None, "the recording is silent")
+    return sound[max(0, first - 100):]
+
+
+def check_melody(sound, slower=1):
+    """Slower by 2, every note is an octave lower."""
+    for i, pitch in enumerate(MELODY):
+        middle = int((2 * i + 0.6) * COLUMN_S * listen.RATE * slower)
+        expected = 127 - pitch - (12 if slower == 2 else 0)
+        heard = listen.key_of(sound[middle:middle + 4096])
+        check(heard == expected, f"note {i} of the melody is key {heard} and not {expected}")
+
+
+def check_beats(sound, waking_s):
+    """How far each beat is from its place behind the beat before it, and behind the first."""
+    frames = listen.onsets(sound[int((FIRST_BEAT - 1) * COLUMN_S * listen.RATE):])
+    check(len(frames) == BEATS, f"{len(frames)} beats were recorded and not {BEATS}")
+    expected = BEAT_COLUMNS * COLUMN_S * listen.RATE
+    late = [(b - a - expected) / listen.RATE for a, b in zip(frames, frames[1:])]
+    told = "the distances of the beats are off by ms: " + " ".join(f"{1000 * value:.2f}" for value in late)
+    check(abs(statistics.median(late)) <= BLOCK_S + waking_s, told)
+    check(sum(abs(value) <= 2 * BLOCK_S + waking_s for value in late) >= 0.75 * len(late), told)
+    check(min(late) >= -2 * BLOCK_S - waking_s, "sound is missing: " + told)
+    check(abs(sum(late)) <= len(late) * (BLOCK_S + waking_s), "the song is longer or shorter: " + told)
+
+
+def check_length(sound):
+    """The song and little besides: what stands before the first note, and what the last column leaves."""
+    lead = listen.first_sound(sound) / listen.RATE
+    behind = len(sound) / listen.RATE - lead - COLUMNS * COLUMN_S
+    check(lead < 1.0, f"the first note comes after {lead:.2f} s")
+    check(-0.05 < behind < 1.0, f"the recording ends {behind:.2f} s behind the last column")
+
+
+def check_mp3(desk, mp3):
+    if not shutil.which("mpg123"):
+        return
+    decoded = desk.folder / "decoded.wav"
+    subprocess.run(["mpg123", "-q", "-r", str(listen.RATE), "--stereo", "-w", decoded, mp3], check=True)
+    check_melody(from_first_sound(left_of(decoded)), SLOWER)
+
+
+def check_recording(desk, program):
+    for waking_s in WAKING_S:
+        wav, mp3 = record(desk, program)
+        sound = left_of(wav)
+        check_melody(from_first_sound(sound))
+        check_mp3(desk, mp3)
+        try:
+            check_beats(from_first_sound(sound), waking_s)
+            check_length(sound)
+            return
+        except Failure:
+            if waking_s == WAKING_S[-1]:
+                raise
+
+
+def test_at(desk):
+    desk.songs.mkdir()
+    (desk.songs / "tune.sng").write_bytes(tune().text())
+    program = desk.launch()
+    program.main_window()
+    open_score(desk, program)
+    open_toolbar(desk, program)
+    check_recording(desk, program)
+    return program
+
+
+def test(build):
+    with Desk(build) as desk:
+        test_at(desk).end()
+    with DeskWithoutSound(build) as desk:
+        program = test_at(desk)
+        program.press(14)
+        check(program.process.wait(PATIENCE_S) == 0, "the program does not end well")
+        complaints = program.complaints().splitlines()
+        check(len(complaints) <= 1 and all("no sound card" in line for line in complaints),
+              f"on standard error: {complaints}")
+
+
+run(test)
