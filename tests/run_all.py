@@ -13,8 +13,10 @@ HERE = pathlib.Path(__file__).resolve().parent
 LIMIT_S = 600  # for one test program; what runs longer hangs
 
 
-def environment():
+def environment(build):
     values = dict(os.environ)
+    # The sanitizers' own way of loading modules does not know where a program says that they lie.
+    values["LD_LIBRARY_PATH"] = str(build / "bin")
     values.setdefault("QT_QPA_PLATFORM", "offscreen")
     if "XDG_RUNTIME_DIR" not in values:
         folder = tempfile.mkdtemp(prefix="velorin-runtime-")
@@ -80,7 +82,7 @@ def main():
     build = options.build.resolve()
 
     passed = failed = 0
-    work = list(jobs(build, options.end_to_end == "yes", environment()))
+    work = list(jobs(build, options.end_to_end == "yes", environment(build)))
     with concurrent.futures.ThreadPoolExecutor(max_workers=2) as pool:
         beside = [pool.submit(call) for parallel, call in work if parallel]
         results = [done.result() for done in beside]

@@ -302,15 +302,6 @@ class Desk:
         """The program's windows on the screen, its lists and menus among them."""
         return self.tool("search", "--onlyvisible", "--class", "velorin")
 
-    def has(self, title, patience=1.0):
-        """Whether a window comes up that may not be there at all."""
-        deadline = time.monotonic() + patience
-        while time.monotonic() < deadline:
-            if self.windows(title):
-                return True
-            time.sleep(0.02)
-        return False
-
     def settled(self, window):
         """A window's place once it is painted and stands still."""
         def look():
