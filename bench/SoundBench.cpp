@@ -194,6 +194,8 @@ void measureOnsets(Bench& bench) {
     StopWatch watch(bench.platform.clock, bench.loop);
     Sequencer sequencer(bench.studio, bench.sounding, watch, bench.desk);
     sequencer.PlayTimer = watch.StopWatchNew();
+    // What the presses have left must have died away, else its end counts as a first onset.
+    bench.rest(2000);
     host::TappedBlock block;
     while (bench.tap->read(block)) {
     }
