@@ -144,8 +144,10 @@ void Picmain::makeTableaux() {
     const QCursor pen = penCursor(*this);
     MusicBox->setOwnCursor(pen);
     Beatbox->setOwnCursor(pen);
-    for (PictureBox* box : {MusicBox, Beatbox})
+    for (PictureBox* box : {MusicBox, Beatbox}) {
         box->setFocusPolicy(Qt::TabFocus);
+        box->setMousePointer(pointerUpArrow); // at rest in draw mode, in which the program starts
+    }
 }
 
 void Picmain::makeLegend() {
