@@ -15,7 +15,7 @@ public:
     ClockSink(const ClockSink&) = delete;
     ClockSink& operator=(const ClockSink&) = delete;
 
-    [[nodiscard]] bool isLost() const override { return false; }
+    [[nodiscard]] bool hasCard() const override { return false; }
 
 private:
     void run();

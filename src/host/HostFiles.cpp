@@ -1,6 +1,7 @@
 // Files through the standard library's streams and file system calls.
 #include "host/HostFiles.h"
 
+#include "host/Complaint.h"
 #include "platform/CaseBlind.h"
 
 #include <filesystem>
@@ -26,6 +27,29 @@ bool isWriteProtected(const fs::path& path) {
     const fs::file_status status = fs::status(path, error);
     return fs::exists(status) && (status.permissions() & writable) == fs::perms::none;
 }
+
+/// What is written to it bit by bit, by one who goes on whether it is there or not. Says in the end
+/// if it is not, since no window does.
+class UpdatedFile final : public std::fstream {
+public:
+    explicit UpdatedFile(const fs::path& path)
+        : std::fstream(path, std::ios::binary | std::ios::in | std::ios::out), path_(path) {}
+    ~UpdatedFile() override {
+        if (!is_open())
+            return;
+        bool failed = bad();
+        clear(); // of the end that was read to
+        close();
+        failed = failed || fail();
+        if (failed)
+            Complaint().say(path_.string() + " could not be written whole; is the disk full?");
+    }
+    UpdatedFile(const UpdatedFile&) = delete;
+    UpdatedFile& operator=(const UpdatedFile&) = delete;
+
+private:
+    fs::path path_;
+};
 
 } // namespace
 
@@ -59,8 +83,7 @@ std::unique_ptr<std::iostream> HostFiles::openForUpdate(const std::string& name)
         return nullptr;
     if (!fs::exists(path, error))
         std::ofstream(path, std::ios::binary | std::ios::app).close();
-    auto stream =
-        std::make_unique<std::fstream>(path, std::ios::binary | std::ios::in | std::ios::out);
+    auto stream = std::make_unique<UpdatedFile>(path);
     if (!stream->is_open())
         return nullptr;
     return stream;

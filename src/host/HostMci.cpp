@@ -23,6 +23,10 @@ namespace {
 constexpr std::array<std::string_view, 11> verbs{
     "open", "close", "play", "record", "stop", "pause", "resume", "seek", "set", "status", "save"};
 
+bool startsSound(const std::string& verb) {
+    return verb == "play" || verb == "resume" || verb == "record";
+}
+
 // A name is looked for as a short form first; a name that is none stands for itself.
 fs::path fileOf(const std::string& name) {
     std::error_code failed;
@@ -55,6 +59,8 @@ std::uint32_t HostMci::mciSendStringA(const std::string& command, std::string* r
     const auto found = devices_.find(text.device);
     if (found == devices_.end())
         return mci::notOpen;
+    if (surroundings_.wake && startsSound(text.verb))
+        surroundings_.wake();
     if (text.verb != "close")
         return found->second->carryOut(text, reply);
     devices_.erase(found);

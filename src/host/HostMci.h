@@ -29,6 +29,9 @@ struct MciSurroundings {
     /// hears it.
     std::function<bool()> soundsOutside;
 
+    /// Called before a device plays or records: the stream may rest. May be empty.
+    std::function<void()> wake;
+
     /// Where a recording grows until it is saved: best on the disk that it will be saved to.
     std::filesystem::path captureFolder;
 };

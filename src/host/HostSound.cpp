@@ -19,14 +19,14 @@ HostSound::HostSound(const std::filesystem::path& programFolder,
     : synths_(clock_, engine_, worker_,
               findSoundFonts(soundFontFolders(programFolder, homeFolder()))),
       midi_(
-          synths_, ports_, [this] { worker_.post([this] { engine_.replaceLostCard(); }); },
+          synths_, ports_, [this] { worker_.post([this] { engine_.regainCard(); }); },
           [this] { wake(); }),
       mci_({engine_,
             [this](int device) {
                 wake(); // the synthesizer may be there from the file before
                 return midi_.openForSequencer(device);
             },
-            [this] { return midi_.isPortOpen(); }, std::move(captureFolder)}) {
+            [this] { return midi_.isPortOpen(); }, [this] { wake(); }, std::move(captureFolder)}) {
     if (synths_.count() == 0)
         noFont_.say("no SoundFont found; the built-in synthesizer cannot play");
     worker_.post([this] { engine_.start(); });
@@ -39,6 +39,11 @@ void HostSound::restIfQuiet() {
         return;
     resting_ = true;
     worker_.post([this] { engine_.rest(); });
+}
+
+void HostSound::lookAfterCard() {
+    if (!resting_ && engine_.hasLostCard())
+        worker_.post([this] { engine_.regainCard(); });
 }
 
 void HostSound::wake() {

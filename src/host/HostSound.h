@@ -29,7 +29,8 @@ public:
     // rests while nothing sounds and nobody is at the program. Beginning anew takes some 10 ms.
     void restIfQuiet(); ///< not while a song plays: its next note would come late
     [[nodiscard]] bool isResting() const { return resting_; }
-    void wake(); ///< the user is about to do something; a message wakes the stream too
+    void lookAfterCard(); ///< now and then: goes over to another one if it has gone away
+    void wake();          ///< the user is about to do something; a message wakes the stream too
 
 private:
     SystemClock clock_;

@@ -5,6 +5,8 @@
 
 #include <SDL.h>
 
+#include <cstring>
+
 #ifdef __linux__
 #include <pthread.h>
 #endif
@@ -30,7 +32,15 @@ void SdlSink::fill(void* sink, unsigned char* bytes, int count) {
     if (self.first_)
         runBeforeOthers();
     self.first_ = false;
+    self.asked_.fetch_add(1, std::memory_order_relaxed);
+    if (!self.pulls_.load(std::memory_order_acquire)) {
+        std::memset(bytes, 0, static_cast<std::size_t>(count));
+        return;
+    }
     const int frames = count / static_cast<int>(2 * sizeof(float));
+    // SDL goes on to ask without a card, by waits in whole milliseconds: a sixth too fast.
+    if (!self.hasCard())
+        self.pace_.wait(frames);
     self.pull_(reinterpret_cast<float*>(bytes), frames);
 }
 
@@ -57,8 +67,16 @@ std::unique_ptr<SdlSink> SdlSink::open(PullStream pull, int bufferFrames, std::s
         reason = SDL_GetError();
         return nullptr;
     }
-    SDL_PauseAudioDevice(sink->device_, 0);
     return sink;
+}
+
+void SdlSink::beginSilent() {
+    SDL_PauseAudioDevice(device_, 0);
+}
+
+void SdlSink::begin() {
+    pulls_.store(true, std::memory_order_release);
+    SDL_PauseAudioDevice(device_, 0);
 }
 
 SdlSink::~SdlSink() {
@@ -67,8 +85,8 @@ SdlSink::~SdlSink() {
     SDL_QuitSubSystem(SDL_INIT_AUDIO);
 }
 
-bool SdlSink::isLost() const {
-    return SDL_GetAudioDeviceStatus(device_) == SDL_AUDIO_STOPPED;
+bool SdlSink::hasCard() const {
+    return SDL_GetAudioDeviceStatus(device_) != SDL_AUDIO_STOPPED;
 }
 
 } // namespace velorin::host

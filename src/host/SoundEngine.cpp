@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <thread>
 
 namespace velorin::host {
 
@@ -31,6 +32,24 @@ void release(Owners& owners, Item* item) {
                  owners.end());
 }
 
+// A sound server that has just begun may take a first buffer and then nothing for two seconds.
+bool keepsPace(SdlSink& card) {
+    using namespace std::chrono_literals;
+    constexpr int looks = 30;
+    constexpr int enough =
+        9 * streamRateHz / SoundEngine::bufferFrames / 100; // of a tenth of a second
+    card.beginSilent();
+    int before = card.asked();
+    for (int look = 0; look < looks && card.hasCard(); ++look) {
+        std::this_thread::sleep_for(100ms);
+        const int asked = card.asked();
+        if (look > 0 && asked - before >= enough)
+            return true;
+        before = asked;
+    }
+    return false;
+}
+
 std::int64_t nowNs() {
     return std::chrono::duration_cast<std::chrono::nanoseconds>(
                std::chrono::steady_clock::now().time_since_epoch())
@@ -45,18 +64,27 @@ SoundEngine::~SoundEngine() {
     sink_.reset();
 }
 
+std::unique_ptr<SdlSink> SoundEngine::openCard(std::string& reason) {
+    return SdlSink::open([this](float* stereo, int frames) { pull(stereo, frames, nowNs()); },
+                         bufferFrames, reason);
+}
+
 void SoundEngine::start() {
     const std::lock_guard lock(sinkMutex_);
     if (sink_)
         return;
     quietBlocks_.store(0, std::memory_order_relaxed);
-    const auto pullNow = [this](float* stereo, int frames) { pull(stereo, frames, nowNs()); };
     std::string reason;
-    sink_ = SdlSink::open(pullNow, bufferFrames, reason);
-    if (sink_)
+    if (auto card = openCard(reason)) {
+        card->begin();
+        sink_ = std::move(card);
+        onClock_ = false;
         return;
+    }
     noCard_.say("no sound card (" + reason + "); what plays is not heard");
-    sink_ = std::make_unique<ClockSink>(pullNow, bufferFrames);
+    sink_ = std::make_unique<ClockSink>(
+        [this](float* stereo, int frames) { pull(stereo, frames, nowNs()); }, bufferFrames);
+    onClock_ = true;
 }
 
 void SoundEngine::rest() {
@@ -65,14 +93,26 @@ void SoundEngine::rest() {
         sink_.reset();
 }
 
-void SoundEngine::replaceLostCard() {
+bool SoundEngine::hasLostCard() {
+    const std::unique_lock lock(sinkMutex_, std::try_to_lock); // somebody is at it already
+    return lock && sink_ && !onClock_ && !sink_->hasCard();
+}
+
+// The old sink pulls until the new one keeps the pace, and never both of them do.
+void SoundEngine::regainCard() {
     const std::lock_guard lock(sinkMutex_);
-    if (!sink_ || !sink_->isLost())
+    if (!sink_ || sink_->hasCard())
         return;
-    lostCard_.say("the sound card has gone away; what plays is not heard");
+    if (!onClock_)
+        lostCard_.say("the sound card has gone away; what plays is not heard");
+    std::string ignored;
+    auto card = openCard(ignored);
+    if (!card || !keepsPace(*card))
+        return;
     sink_.reset();
-    sink_ = std::make_unique<ClockSink>(
-        [this](float* stereo, int frames) { pull(stereo, frames, nowNs()); }, bufferFrames);
+    card->begin();
+    sink_ = std::move(card);
+    onClock_ = false;
 }
 
 bool SoundEngine::isReadAhead() const {
@@ -152,7 +192,6 @@ void SoundEngine::makeBlock() {
 void SoundEngine::countQuiet() {
     const auto isThere = [](const auto* outlet) { return outlet != nullptr; };
     const bool quiet = std::none_of(tapped_.begin(), tapped_.end(), isThere) &&
-                       std::count_if(playing_.begin(), playing_.end(), isThere) <= 1 &&
                        std::all_of(block_.begin(), block_.end(), [](float s) { return s == 0.0F; });
     const int before = quietBlocks_.load(std::memory_order_relaxed);
     quietBlocks_.store(quiet ? std::min(before + 1, quietBlocksToRest) : 0,

@@ -13,10 +13,12 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <string>
 #include <vector>
 
 namespace velorin::host {
 
+class SdlSink;
 class SoundSink;
 class SoundTap;
 
@@ -41,7 +43,7 @@ public:
     /// Ends the stream if it is quiet, until `start`. May be called from any thread.
     void rest();
 
-    /// Nothing has sounded for ten seconds, and nothing but a synthesizer is there that could.
+    /// Nothing has sounded for ten seconds, and nobody takes the stream down.
     [[nodiscard]] bool isQuiet() const {
         return quietBlocks_.load(std::memory_order_relaxed) >= quietBlocksToRest;
     }
@@ -50,8 +52,13 @@ public:
     /// not serve.
     std::function<void()> onAdded;
 
-    /// Puts a clock in the place of a sound card that has gone away, which is said too.
-    void replaceLostCard();
+    /// Whether the sound card has gone away under the stream, which goes on by the clock then.
+    /// Never waits.
+    [[nodiscard]] bool hasLostCard();
+
+    /// Says that the card has gone away, if it has, and goes over to the one that is there now, if
+    /// there is one. May take some 10 ms; may be called from any thread.
+    void regainCard();
 
     /// Whether the stream can be pulled on without leaving a source behind that reads a file: for
     /// one who pulls it by hand. For the control thread.
@@ -77,6 +84,7 @@ private:
         bool isAdding = false;
     };
 
+    [[nodiscard]] std::unique_ptr<SdlSink> openCard(std::string& reason);
     void give(const Order& order);
     void collectReleased();
     void takeOrders();
@@ -102,6 +110,7 @@ private:
 
     std::mutex sinkMutex_; ///< never taken by the stream's thread
     std::unique_ptr<SoundSink> sink_;
+    bool onClock_ = false; ///< the stream began without a card
     Complaint noCard_;
     Complaint lostCard_;
 };

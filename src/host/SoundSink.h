@@ -13,8 +13,8 @@ class SoundSink {
 public:
     virtual ~SoundSink() = default;
 
-    /// True once the device behind it has gone away.
-    [[nodiscard]] virtual bool isLost() const = 0;
+    /// Whether there is a sound card behind it, which has not gone away. From any thread.
+    [[nodiscard]] virtual bool hasCard() const = 0;
 };
 
 } // namespace velorin::host

@@ -16,6 +16,7 @@ StreamRest::StreamRest(HostSound& sound, std::function<bool()> isPlaying)
     QObject::connect(&look_, &QTimer::timeout, this, [this] {
         if (!isPlaying_())
             sound_.restIfQuiet();
+        sound_.lookAfterCard();
     });
     look_.setTimerType(Qt::VeryCoarseTimer);
     look_.start(5s);

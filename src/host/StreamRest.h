@@ -1,4 +1,4 @@
-// Lets the stream rest while nothing sounds and nobody is at the program.
+// Lets the stream rest while nothing sounds and nobody is at the program, and looks after its card.
 #pragma once
 
 #include <QObject>

@@ -202,19 +202,24 @@ class Desk:
 
     def open_sound(self):
         socket = self.run_folder / "pulse.sock"
-        server = self.start(["pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
-                             "-L", f"module-native-protocol-unix auth-anonymous=1 socket={socket}",
-                             "-L", "module-null-sink sink_name=out rate=44100 channels=2 format=s16le "
-                                   "sink_properties=device.description=OutSink"])
+        self.server = self.start(["pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
+                                  "-L", f"module-native-protocol-unix auth-anonymous=1 socket={socket}",
+                                  "-L", "module-null-sink sink_name=out rate=44100 channels=2 format=s16le "
+                                        "sink_properties=device.description=OutSink"])
         self.environment["PULSE_SERVER"] = f"unix:{socket}"
         wait_until(lambda: "out" in self.told(["pactl", "list", "short", "sinks"]), "the sound server")
-        put_first_of_all(server)
+        put_first_of_all(self.server)
         self.told(["pactl", "set-default-sink", "out"])
         # It listens from the first moment on: without a quick listener a null sink begins with two seconds of delay.
         self.recording = self.folder / "recording.raw"
         self.start(["parec", "-d", "out.monitor", "--latency-msec=20", "--format=s16le", "--rate=44100",
                     "--channels=2", "--raw"], stdout=open(self.recording, "wb"))
         wait_until(lambda: self.recording.stat().st_size > 4 * 44100 * 2.2, "the recorder")
+
+    def lose_sound(self):
+        """The sound server dies; `open_sound` brings another one."""
+        self.server.kill()
+        self.server.wait()
 
     # The program
 

@@ -4,10 +4,10 @@ import shutil
 import statistics
 import struct
 import subprocess
-import wave
 
 import listen
 from desk import PATIENCE_S, Desk, Failure, check, run, wait_until
+from recorded import START, from_first_sound, left_of, one_new, open_score, open_toolbar
 from score_text import Score
 
 TEMPO = 120
@@ -20,9 +20,6 @@ BLOCK_S = 64 / listen.RATE  # a note begins with one of the synthesizer's blocks
 # What the waking of the processor may cost two columns, at each attempt: a machine that is busy with other things wakes
 # the program late now and then, and one that is busy all the time does so again and again.
 WAKING_S = [0.0005, 0.002, 0.006]
-
-# Places in the Recording Toolbar, in its own pixels.
-PREFERENCES, RECORD_PLAY, DELETE_WAV, START = (147, 49), (53, 49), (39, 122), (417, 92)
 
 # Layer III by its version: samples in a frame, the bitrates and the sample rates that a header can name.
 LAYERS = {
@@ -50,26 +47,6 @@ def tune():
     score.row_instruments[0] = OCARINA
     score.row_instruments[8] = WOOD_BLOCK
     return score
-
-
-def open_score(desk, program):
-    program.press(2)
-    desk.choose_file("Open Score File", "tune.sng")
-    program.wait_for_colour(program.cell(0, MELODY[0] - 55), (255, 0, 0), "the first note on the tableau")
-
-
-def open_toolbar(desk, program):
-    """Opens it, and has the WAV kept when it has been encoded."""
-    program.press(11)
-    desk.settled(desk.window("Recording Toolbar"))
-    for place in (PREFERENCES, DELETE_WAV, RECORD_PLAY):
-        desk.click(*program.place_in("Recording Toolbar", place))
-
-
-def one_new(desk, ending, before):
-    new = set(desk.songs.glob("*tmp" + ending)) - before
-    check(len(new) <= 1, f"one recording left {len(new)} files that end in {ending}")
-    return new.pop() if new else None
 
 
 def record(desk, program):
@@ -109,21 +86,6 @@ def mp3_seconds(data):
         if at <= len(data):
             seconds += samples / rates[rate]
     return seconds
-
-
-def left_of(path):
-    with wave.open(str(path), "rb") as file:
-        raw = path.with_suffix(".raw")
-        raw.write_bytes(file.readframes(file.getnframes()))
-    sound = listen.samples(raw)
-    raw.unlink()
-    return sound
-
-
-def from_first_sound(sound):
-    first = listen.first_sound(sound)
-    check(first is not None, "the recording is silent")
-    return sound[max(0, first - 100):]
 
 
 def check_melody(sound, slower=1):
@@ -184,7 +146,7 @@ def test_at(desk):
     (desk.songs / "tune.sng").write_bytes(tune().text())
     program = desk.launch()
     program.main_window()
-    open_score(desk, program)
+    open_score(desk, program, "tune.sng", MELODY[0])
     open_toolbar(desk, program)
     check_recording(desk, program)
     return program

@@ -4,8 +4,6 @@
 #include "host/mci/MciErrors.h"
 #include "platform/CaseBlind.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
 #include <map>
@@ -18,21 +16,15 @@ namespace {
 
 constexpr std::array ratesHz{8000, 11025, 12000, 16000, 22050, 24000, 32000, 44100, 48000, 96000};
 
-// A name that no other recording has, of this program or of another copy.
-fs::path hiddenFile(const fs::path& folder, const void* unique) {
-    return folder / (".recording-" + std::to_string(getpid()) + "-" +
-                     std::to_string(reinterpret_cast<std::uintptr_t>(unique)) + ".part");
-}
-
 } // namespace
 
 CaptureDevice::CaptureDevice(std::unique_ptr<CaptureSource> source, fs::path folder)
-    : source_(std::move(source)), part_(hiddenFile(folder, this)) {}
+    : source_(std::move(source)), part_(folder) {
+    sweepParts(folder);
+}
 
 CaptureDevice::~CaptureDevice() {
     stop();
-    std::error_code ignored; // it is not there if it was saved
-    fs::remove(part_, ignored);
 }
 
 std::uint32_t CaptureDevice::carryOut(const CommandText& command, std::string* reply) {
@@ -90,7 +82,8 @@ std::uint32_t CaptureDevice::set(const std::string& text) {
 std::uint32_t CaptureDevice::record() {
     if (recorder_)
         return mci::success;
-    recorder_ = std::make_unique<Recorder>(part_, format_);
+    part_.make();
+    recorder_ = std::make_unique<Recorder>(part_.path(), format_);
     recorded_ = true;
     if (source_->start(recorder_->tap()))
         return mci::success;
@@ -114,18 +107,24 @@ std::uint32_t CaptureDevice::save(const std::string& name) {
     stop();
     std::error_code failed;
     const fs::path target = platform::resolve(name);
+    if (recorded_ && !whole_)
+        notSaved_.say(
+            "the recording is not saved: it could not be written whole; is the disk full?");
     if (!recorded_ || !whole_ || fs::is_directory(target, failed))
         return mci::notSaved;
-    fs::rename(part_, target, failed);
+    fs::rename(part_.path(), target, failed);
     if (failed) { // the folder lies on another disk
-        fs::copy_file(part_, target, fs::copy_options::overwrite_existing, failed);
+        fs::copy_file(part_.path(), target, fs::copy_options::overwrite_existing, failed);
         std::error_code ignored;
         if (failed)
             fs::remove(target, ignored);
-        fs::remove(part_, ignored);
+        fs::remove(part_.path(), ignored);
     }
     recorded_ = false;
-    return failed ? mci::notSaved : mci::success;
+    if (!failed)
+        return mci::success;
+    notSaved_.say("the recording is not saved: " + failed.message());
+    return mci::notSaved;
 }
 
 std::uint32_t CaptureDevice::status(const std::string& text, std::string* reply) {

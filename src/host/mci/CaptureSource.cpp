@@ -1,6 +1,7 @@
 // The engine's tap, and the sound card's input through SDL.
 #include "host/mci/CaptureSource.h"
 
+#include "host/ClockPace.h"
 #include "host/SoundEngine.h"
 
 #include <SDL2/SDL.h>
@@ -67,8 +68,11 @@ public:
     void stop() override { SDL_PauseAudioDevice(device_, 1); }
 
 private:
-    // Frames that do not fill a block wait for the next call.
+    // Frames that do not fill a block wait for the next call. Of a card that has gone away SDL
+    // gives silence, as fast as it is taken; it is recorded at the rate of real time.
     void take(const float* stereo, int frames) {
+        if (SDL_GetAudioDeviceStatus(device_) == SDL_AUDIO_STOPPED)
+            pace_.wait(frames);
         for (int frame = 0; frame < frames; ++frame) {
             const auto at = static_cast<std::size_t>(2 * filled_);
             block_.sound[at] = stereo[2 * frame];
@@ -85,6 +89,7 @@ private:
     std::shared_ptr<SoundTap> tap_;
     TappedBlock block_;
     int filled_ = 0;
+    ClockPace pace_; ///< once the card has gone
 };
 
 } // namespace

@@ -23,8 +23,16 @@ void FileStream::stopDecoding() {
         const std::lock_guard lock(mutex_);
         stopping_ = true;
     }
-    stopped_.notify_all();
+    changed_.notify_all();
     thread_.join();
+}
+
+void FileStream::setPaused(bool paused) {
+    {
+        const std::lock_guard lock(mutex_);
+        paused_ = paused;
+    }
+    changed_.notify_all();
 }
 
 void FileStream::end() {
@@ -33,7 +41,7 @@ void FileStream::end() {
 }
 
 // The stream's thread cannot wake this one, so it looks for room by itself: the queue holds fifty
-// times what is played between two looks. False if it is to stop.
+// times what is played between two looks. While it is paused there is none. False if it is to stop.
 bool FileStream::push(const float* samples, std::size_t count) {
     for (;;) {
         const std::size_t pushed = ready_.push(samples, count);
@@ -42,7 +50,9 @@ bool FileStream::push(const float* samples, std::size_t count) {
         std::unique_lock lock(mutex_);
         if (count == 0)
             return !stopping_;
-        if (stopped_.wait_for(lock, std::chrono::milliseconds(20), [this] { return stopping_; }))
+        if (paused_)
+            changed_.wait(lock, [this] { return stopping_ || !paused_; });
+        if (changed_.wait_for(lock, std::chrono::milliseconds(20), [this] { return stopping_; }))
             return false;
     }
 }

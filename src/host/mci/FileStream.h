@@ -25,7 +25,7 @@ public:
     FileStream(const FileStream&) = delete;
     FileStream& operator=(const FileStream&) = delete;
 
-    void setPaused(bool paused) { paused_ = paused; }
+    void setPaused(bool paused);
 
     /// Lets the sound fade within a block; the file is free when this returns.
     void end();
@@ -61,7 +61,7 @@ private:
     float gain_ = 1.0F;
 
     std::mutex mutex_; ///< never taken by the stream's thread
-    std::condition_variable stopped_;
+    std::condition_variable changed_;
     bool stopping_ = false;
     std::thread thread_;
 };

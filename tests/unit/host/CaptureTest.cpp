@@ -1,11 +1,18 @@
 // Recording: what the file holds, in every format, and what becomes of a failure.
 #include "MciStage.h"
 #include "host/mci/MciErrors.h"
+#include "host/mci/PartFile.h"
 #include "host/mci/Recorder.h"
 #include "host/media/SoundReader.h"
 #include "host/media/WavWriter.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <csignal>
 
 namespace velorin::host {
 namespace {
@@ -160,6 +167,69 @@ TEST_F(ARecording, ReplacesAFileOfThatName) {
     pull(64);
     EXPECT_EQ(send("save capture " + at("a.wav")), 0U);
     EXPECT_EQ(readBytes("a.wav").size(), 44U + 4 * 64);
+}
+
+TEST_F(ARecording, ThatACrashHasLeftIsClearedAwayByTheNext) {
+    writeBytes(".recording-1-2.part", "of a program that has crashed");
+    writeBytes(".recording-3-4.part", "of another copy, which records");
+    writeBytes("recording-1-2.part", "the user's own");
+    std::filesystem::create_directory(folder_ / ".recording-5-6.part");
+    const int other = open(at(".recording-3-4.part").c_str(), O_RDWR | O_CLOEXEC);
+    ASSERT_EQ(flock(other, LOCK_EX | LOCK_NB), 0);
+    begin(formatOf(44100, 16, 2));
+    EXPECT_FALSE(std::filesystem::exists(folder_ / ".recording-1-2.part"));
+    EXPECT_EQ(readBytes(".recording-3-4.part"), "of another copy, which records");
+    EXPECT_EQ(readBytes("recording-1-2.part"), "the user's own");
+    EXPECT_TRUE(std::filesystem::exists(folder_ / ".recording-5-6.part"));
+    // Another copy begins while this one records.
+    sweepParts(folder_);
+    pull(640);
+    EXPECT_EQ(send("save capture " + at("a.wav")), 0U);
+    EXPECT_EQ(readBytes("a.wav").size(), 44U + 4 * 640);
+    close(other);
+}
+
+/// Files cannot grow beyond a size, as on a disk that fills.
+class ADiskThatFills {
+public:
+    explicit ADiskThatFills(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit limit{bytes, before_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~ADiskThatFills() {
+        setrlimit(RLIMIT_FSIZE, &before_);
+        std::signal(SIGXFSZ, handler_);
+    }
+    ADiskThatFills(const ADiskThatFills&) = delete;
+    ADiskThatFills& operator=(const ADiskThatFills&) = delete;
+
+private:
+    rlimit before_{};
+    void (*handler_)(int);
+};
+
+TEST_F(ARecording, IsNotSavedWhenTheDiskFillsAndSaysSoOnce) {
+    writeBytes("older.wav", "older");
+    testing::internal::CaptureStderr();
+    {
+        const ADiskThatFills disk(100'000);
+        begin(formatOf(44100, 16, 2));
+        pull(44100); // 176,400 bytes
+        EXPECT_EQ(send("stop capture"), 0U);
+        EXPECT_EQ(send("save capture " + at("older.wav")), mci::notSaved);
+        EXPECT_EQ(send("save capture " + at("b.wav")), mci::notSaved);
+        EXPECT_EQ(send("close capture"), 0U);
+    }
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "velorin: the recording is not saved: it could not be written whole; is the disk "
+              "full?\n");
+    EXPECT_EQ(readBytes("older.wav"), "older");
+    std::filesystem::remove(folder_ / "older.wav");
+    EXPECT_TRUE(std::filesystem::is_empty(folder_)) << "the room on the disk is given back";
+    begin(formatOf(44100, 16, 2));
+    pull(44100);
+    EXPECT_EQ(send("save capture " + at("b.wav")), 0U) << "with room again it records again";
 }
 
 TEST(ARecordingOnAFullDisk, IsNotWhole) {

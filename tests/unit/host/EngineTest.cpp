@@ -147,7 +147,7 @@ TEST(TheClockWithoutACard, PullsNeverFasterThanRealTime) {
     const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
     // The twentieth buffer is pulled when 19 have gone by: 110 ms.
     EXPECT_GE(elapsed.count(), 19 * 256 / 44100.0);
-    EXPECT_FALSE(sink.isLost());
+    EXPECT_FALSE(sink.hasCard());
 }
 
 TEST(AWorker, DoesItsJobsInOrder) {

@@ -126,6 +126,20 @@ TEST_F(HostFilesTest, RenameReplacesItsTarget) {
     EXPECT_FALSE(files.canRead(at("a")));
 }
 
+TEST_F(HostFilesTest, FileWrittenPieceByPieceSaysThatItIsNotWhole) {
+    testing::internal::CaptureStderr();
+    {
+        const auto stream = files.openForUpdate("/dev/full");
+        if (!stream)
+            GTEST_SKIP() << "no such device here";
+        stream->write("piece", 5);
+        EXPECT_FALSE(stream->flush());
+        stream->write("piece", 5);
+    }
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "velorin: /dev/full could not be written whole; is the disk full?\n");
+}
+
 TEST_F(HostFilesTest, FullDiskIsToldByTheStream) {
     const auto stream = files.openForOutput("/dev/full");
     if (!stream)

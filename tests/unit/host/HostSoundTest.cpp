@@ -60,6 +60,52 @@ TEST_F(TheSoundAsAWhole, DoesNotRestWhileASilentWavPlays) {
     EXPECT_TRUE(sound_.isResting());
 }
 
+TEST_F(TheSoundAsAWhole, RestsWhenAWavHasPlayedToItsEndAndIsWokenByItsNextPlay) {
+    writeWav("a.wav", 44100, 1, ramp(44100, 1));
+    EXPECT_EQ(order("open waveaudio!" + at("a.wav") + " alias sound"), 0U);
+    EXPECT_EQ(order("play sound"), 0U);
+    for (int piece = 0; piece < 12; ++piece) {
+        ASSERT_TRUE(test::comesTrue([this] { return sound_.engine().isReadAhead(); }));
+        pulled_.pull(4096);
+    }
+    beQuietForTwelveSeconds();
+    EXPECT_TRUE(sound_.isResting()) << "though it is still open";
+    EXPECT_EQ(order("play sound from 0"), 0U);
+    EXPECT_FALSE(sound_.isResting());
+}
+
+TEST_F(TheSoundAsAWhole, RestsWhileAWavIsPausedUntilItGoesOn) {
+    writeWav("a.wav", 44100, 1, ramp(5 * 44100, 1));
+    EXPECT_EQ(order("open waveaudio!" + at("a.wav") + " alias sound"), 0U);
+    EXPECT_EQ(order("play sound"), 0U);
+    ASSERT_TRUE(test::comesTrue([this] { return sound_.engine().isReadAhead(); }));
+    pulled_.pull(4096);
+    EXPECT_EQ(order("pause sound"), 0U);
+    beQuietForTwelveSeconds();
+    EXPECT_TRUE(sound_.isResting());
+    EXPECT_EQ(order("resume sound"), 0U);
+    EXPECT_FALSE(sound_.isResting());
+    for (int piece = 0; piece < 60; ++piece) {
+        ASSERT_TRUE(test::comesTrue([this] { return sound_.engine().isReadAhead(); }));
+        pulled_.pull(4096);
+    }
+    std::string mode;
+    EXPECT_EQ(sound_.mci().mciSendStringA("status sound mode", &mode), 0U);
+    EXPECT_EQ(mode, "stopped") << "it went on to its end";
+}
+
+TEST_F(TheSoundAsAWhole, RestsBesideTheSynthesizerOfAMidFileThatHasEnded) {
+    ASSERT_FALSE(test::anySoundFont().empty());
+    writeBytes("a.mid", test::shortSong());
+    platform::MidiOutHandle handle = 0;
+    EXPECT_EQ(sound_.midi().midiOutOpen(handle, 0), 0U);
+    EXPECT_EQ(order("open sequencer!" + at("a.mid") + " alias midi"), 0U);
+    EXPECT_EQ(order("close midi"), 0U);
+    beQuietForTwelveSeconds();
+    EXPECT_TRUE(sound_.isResting());
+    EXPECT_EQ(sound_.midi().midiOutClose(handle), 0U);
+}
+
 TEST_F(TheSoundAsAWhole, DoesNotRestWhileItIsRecorded) {
     EXPECT_EQ(order("open new type waveaudio alias capture"), 0U);
     EXPECT_EQ(order("record capture"), 0U);

@@ -228,7 +228,7 @@ protected:
                       openedDevice_ = device;
                       return std::make_unique<LoggedPort>(port_);
                   },
-                  [this] { return outside_; }, folder_}};
+                  [this] { return outside_; }, [] {}, folder_}};
 };
 
 } // namespace velorin::host::test
