@@ -6,6 +6,7 @@
 #include "host/HostSystemFiles.h"
 #include "host/KeptFolder.h"
 #include "host/LameEncoder.h"
+#include "host/ProgramFolders.h"
 #include "host/QtDialogs.h"
 #include "host/QtMessageBoxes.h"
 #include "host/QtMessageLoop.h"
@@ -17,14 +18,13 @@
 #include "resources/HelpPages.h"
 #include "resources/Look.h"
 #include "score/Studio.h"
+#include "shell/Form1.h"
 #include "shell/HelpWindow.h"
 #include "shell/Program.h"
 #include "windows/ToolWindows.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QFileInfo>
-#include <QStandardPaths>
 #include <QTimer>
 
 #include <clocale>
@@ -40,16 +40,22 @@ void preferX11() {
         qputenv("QT_QPA_PLATFORM", "xcb");
 }
 
-/// The folder under which songs and samples lie: that of the program file, or the user's own where
-/// that cannot be written.
-QString workFolder() {
-    const QString beside = QCoreApplication::applicationDirPath();
-    if (QFileInfo(beside).isWritable())
-        return beside;
-    const QString users =
-        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/velorin";
-    QDir().mkpath(users);
-    return users;
+/// The folder under which songs and samples lie, with the installed songs in it after the first
+/// start.
+std::filesystem::path workFolder() {
+    const std::filesystem::path beside = QCoreApplication::applicationDirPath().toStdString();
+    const auto users = velorin::host::dataFolder(std::getenv("XDG_DATA_HOME"), std::getenv("HOME"));
+    const auto folder = velorin::host::workFolder(beside, users);
+    velorin::host::putInstalledSongs(velorin::host::installedFolder(beside), folder / "Songs");
+    return folder;
+}
+
+/// The score that a desktop hands over when its user opens one there; empty if there is none. The
+/// path is whole, since the program changes its folder when it starts.
+std::string scoreHandedOver() {
+    const QStringList arguments = QCoreApplication::arguments();
+    return arguments.size() > 1 ? QFileInfo(arguments[1]).absoluteFilePath().toStdString()
+                                : std::string();
 }
 
 /// The user's folder for the settings of this program.
@@ -61,11 +67,12 @@ constexpr int firstPaintMs = 50;
 
 int runProgram(velorin::host::EndSignals& signals) {
     using namespace velorin;
-    const QString folder = workFolder();
+    const std::filesystem::path folder = workFolder();
+    const std::string score = scoreHandedOver();
     host::HostSound sound(QCoreApplication::applicationDirPath().toStdString(),
-                          (folder + "/Songs").toStdString());
+                          (folder / "Songs").string());
     host::QtMessageLoop loop(sound.clock());
-    host::QtDialogs dialogs(loop, folder + "/Songs");
+    host::QtDialogs dialogs(loop, QString::fromStdString((folder / "Songs").string()));
     host::QtMessageBoxes boxes;
     host::HostFiles files;
     host::QtSettings settings;
@@ -75,14 +82,9 @@ int runProgram(velorin::host::EndSignals& signals) {
     host::KeptFolder kept(host::stateFolder(std::getenv("XDG_STATE_HOME"), std::getenv("HOME")));
     host::HostSystemFiles systemFiles(configFolder());
     host::LameEncoder encoder(QCoreApplication::applicationDirPath().toStdString());
-    platform::Platform platform{sound.clock(), loop,
-                                sound.midi(),  sound.mci(),
-                                dialogs,       boxes,
-                                files,         settings,
-                                desktop,       menus,
-                                timers,        systemFiles,
-                                encoder,       folder.toStdString(),
-                                &kept};
+    platform::Platform platform{sound.clock(), loop,        sound.midi(), sound.mci(),     dialogs,
+                                boxes,         files,       settings,     desktop,         menus,
+                                timers,        systemFiles, encoder,      folder.string(), &kept};
     std::unique_ptr<HelpWindow> help;
     desktop.openHelp = [&help] {
         if (!help)
@@ -102,6 +104,8 @@ int runProgram(velorin::host::EndSignals& signals) {
     if (program.start() && !program.hasEnded()) {
         // The windows are painted first: opening the sound would take the processor from them.
         QTimer::singleShot(firstPaintMs, &session, [&sound] { sound.begin(); });
+        if (!score.empty())
+            program.form1().files.openChosen(score);
         QApplication::exec();
     }
     // The desktop can close the application without its exit command.
