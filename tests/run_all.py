@@ -69,8 +69,8 @@ def jobs(build, end_to_end, env):
         name = f"transcript {transcript.relative_to(HERE / 'transcripts')}"
         yield True, lambda n=name, t=transcript: one(n, [str(runner), str(t)], env)
     if end_to_end:
-        for script in sorted((HERE / "e2e").glob("*_test.py")):
-            name = f"end to end {script.stem}"
+        for script in [*sorted((HERE / "e2e").glob("*_test.py")), *sorted((HERE / "packaging").glob("*_test.py"))]:
+            name = f"{script.parent.name} {script.stem}"
             yield False, lambda n=name, s=script: one(n, [sys.executable, str(s), str(build)], dict(os.environ))
 
 

@@ -223,9 +223,9 @@ class Desk:
 
     # The program
 
-    def launch(self):
-        """Starts the program and waits for its main window."""
-        program = Program(self)
+    def launch(self, *arguments):
+        """Starts the program; `main_window` waits for its window."""
+        program = Program(self, *arguments)
         self.programs.append(program)
         return program
 
@@ -334,10 +334,10 @@ class Program:
 
     KNOWN_LINES = ("QStandardPaths: ",)
 
-    def __init__(self, desk):
+    def __init__(self, desk, *arguments):
         self.desk = desk
         self.errors = desk.folder / f"errors-{len(desk.programs)}.txt"
-        self.process = desk.start([str(desk.program_folder / "velorin")], stderr=open(self.errors, "wb"),
+        self.process = desk.start([str(desk.program_folder / "velorin"), *arguments], stderr=open(self.errors, "wb"),
                                   cwd=desk.folder)
 
     def main_window(self):
