@@ -8,8 +8,10 @@ endif()
 if(VELORIN_SANITIZE)
     add_compile_options(-fsanitize=${VELORIN_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
     add_link_options(-fsanitize=${VELORIN_SANITIZE})
-    # What the sanitizers add to the library's own templates is taken for uninitialised reads.
-    add_compile_options(-Wno-maybe-uninitialized)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        # What the sanitizers add to the library's own templates is taken for uninitialised reads.
+        add_compile_options(-Wno-maybe-uninitialized)
+    endif()
 endif()
 
 # velorin_library(name SOURCES... LINK libs...): a static library of one folder. It sees `src/` as include

@@ -1,20 +1,15 @@
 // Any text as a command string, sent to a device that plays a tape: the answer is a known code, and
 // the tape never leaves its length.
+#include "Expect.h"
 #include "host/mci/CommandText.h"
 #include "host/mci/MciErrors.h"
 #include "host/mci/PlayerDevice.h"
 
-#include <cstdlib>
 #include <string>
 
 using namespace velorin::host;
 
 namespace {
-
-void expect(bool holds) {
-    if (!holds)
-        std::abort();
-}
 
 class Tape final : public Transport {
 public:

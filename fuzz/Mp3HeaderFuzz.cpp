@@ -1,19 +1,10 @@
 // Any bytes as the head of an MP3 file: every word that is shown is one of the tables'.
+#include "Expect.h"
 #include "recording/Mp3Header.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 using namespace velorin;
-
-namespace {
-
-void expect(bool holds) {
-    if (!holds)
-        std::abort();
-}
-
-} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
     std::array<std::uint8_t, 4> bytes{};

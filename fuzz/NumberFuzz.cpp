@@ -1,22 +1,13 @@
 // Any bytes as a number: a field of a line has the value that the whole text has.
+#include "Expect.h"
 #include "platform/Text.h"
 #include "score/SequentialText.h"
 
 #include <cmath>
-#include <cstdlib>
 #include <optional>
 #include <sstream>
 
 using namespace velorin;
-
-namespace {
-
-void expect(bool holds) {
-    if (!holds)
-        std::abort();
-}
-
-} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
     const std::string text(reinterpret_cast<const char*>(data), size);

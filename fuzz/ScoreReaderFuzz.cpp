@@ -1,12 +1,12 @@
 // Any bytes as a score file: they are read without harm, and what they gave can be written and read
 // again.
+#include "Expect.h"
 #include "score/MidiExport.h"
 #include "score/PlainSetup.h"
 #include "score/Score.h"
 #include "score/ScoreReader.h"
 #include "score/ScoreWriter.h"
 
-#include <cstdlib>
 #include <memory>
 #include <sstream>
 
@@ -21,11 +21,6 @@ void read(const std::string& text, Score& score) {
     reader.readTempo();
     reader.readRowInstruments();
     reader.readChordMarks();
-}
-
-void expect(bool holds) {
-    if (!holds)
-        std::abort();
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include <sndfile.h>
 
 #include <algorithm>
+#include <cmath>
 #include <vector>
 
 namespace velorin::host {
@@ -16,6 +17,13 @@ struct SoundFileCloser {
     void operator()(SNDFILE* file) const { sf_close(file); }
 };
 using SoundFile = std::unique_ptr<SNDFILE, SoundFileCloser>;
+
+// A file of floating-point samples may hold anything, and what is no number would stay in the mix
+// and in the filters for good. A level far over full scale is damage too.
+float mixable(float sample) {
+    constexpr float most = 1000.0F;
+    return std::isfinite(sample) ? std::clamp(sample, -most, most) : 0.0F;
+}
 
 class WavReader final : public SoundReader {
 public:
@@ -32,8 +40,8 @@ public:
         const std::size_t right = channels > 1 ? 1 : 0;
         for (std::size_t frame = 0; frame < static_cast<std::size_t>(std::max<sf_count_t>(got, 0));
              ++frame) {
-            stereo[2 * frame] = samples_[frame * channels];
-            stereo[2 * frame + 1] = samples_[frame * channels + right];
+            stereo[2 * frame] = mixable(samples_[frame * channels]);
+            stereo[2 * frame + 1] = mixable(samples_[frame * channels + right]);
         }
         return static_cast<int>(std::max<sf_count_t>(got, 0));
     }

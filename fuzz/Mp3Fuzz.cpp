@@ -1,0 +1,11 @@
+// Any bytes as an MP3 file: it is read to its end without harm, and gives samples that can be
+// mixed.
+#include "MemoryFile.h"
+#include "SoundReading.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+    const MemoryFile file(data, size);
+    if (const auto mp3 = velorin::host::openMp3(file.path()))
+        readSound(*mp3);
+    return 0;
+}
