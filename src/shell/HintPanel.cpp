@@ -94,6 +94,7 @@ void HintPanel::paintEvent(QPaintEvent*) {
 void HintPanel::mousePressEvent(QMouseEvent* event) {
     // The label lets the mouse through; the lesson's title band alone does not close the window.
     if (!lesson_ || event->position().y() >= lessonBand) {
+        secondClick_.follows(*event);
         leave();
     }
 }
@@ -112,6 +113,13 @@ void HintPanel::keyPressEvent(QKeyEvent* event) {
 void HintPanel::closeEvent(QCloseEvent* event) {
     event->ignore();
     leave();
+}
+
+// The pointer was on the button when it closed the window the last time, and no event has told of
+// its leaving since.
+void HintPanel::showEvent(QShowEvent* event) {
+    imgTitleClose->setAttribute(Qt::WA_UnderMouse, false);
+    QWidget::showEvent(event);
 }
 
 void HintPanel::leave() {

@@ -1,6 +1,7 @@
 // The face of the hint window: paper, text, a button to close it, and for a lesson a title.
 #pragma once
 
+#include "shell/SecondClick.h"
 #include "shell/WindowPlace.h"
 
 #include <QLabel>
@@ -33,11 +34,13 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     void leave();
 
     QLabel* title_;
+    SecondClick secondClick_;
     bool lesson_ = false;
 };
 

@@ -11,6 +11,7 @@
 #include "tutorial/TutorialWizard.h"
 #include "tutorial/WizardDesk.h"
 
+#include <QCursor>
 #include <QEvent>
 
 namespace velorin {
@@ -112,8 +113,13 @@ float Wiz::labelTop(int lesson, int step) const {
     return static_cast<float>(label->y() * platform::twipsPerPixel);
 }
 
+// A hint that comes up takes the mouse away from a panel under the pointer; the step that it
+// explains keeps its highlight.
 bool Wiz::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::MouseMove || event->type() == QEvent::Leave)
+    const auto& panel = static_cast<const QWidget&>(*watched);
+    const bool hasLeft = event->type() == QEvent::Leave &&
+                         !panel.rect().contains(panel.mapFromGlobal(QCursor::pos()));
+    if (event->type() == QEvent::MouseMove || hasLeft)
         lessonMouseMove(watched->property("lesson").toInt());
     return ToolFrame::eventFilter(watched, event);
 }
