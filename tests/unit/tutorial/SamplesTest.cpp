@@ -109,6 +109,31 @@ TEST(SamplesTest, TheMelodyOfTheFirstLessonIsWrittenOut) {
               "1062,63,65,67,1067,1067,1067,1067,1067,1067,1067");
 }
 
+/// The keys that sound in a column, with those that are held; percussion left out.
+std::vector<int> keysIn(const std::vector<std::string>& lines, std::size_t column) {
+    std::vector<int> keys;
+    for (std::size_t row = 0; row < 8; ++row) {
+        const std::vector<int> cells = numbers(lines.at(2 * row));
+        if (column < cells.size() && cells[column] >= 0)
+            keys.push_back(127 - cells[column] % 1000);
+    }
+    return keys;
+}
+
+TEST(SamplesTest, NoTwoVoicesAreASemitoneOrATritoneApart) {
+    const std::vector<std::string> lines = linesOf("105.sng"); // the last stage, with every voice
+    for (std::size_t column = 0; column < 37; ++column) {
+        const std::vector<int> keys = keysIn(lines, column);
+        EXPECT_EQ(keys.size(), 3U);
+        for (const int one : keys) {
+            for (const int other : keys) {
+                const int apart = (one - other + 120) % 12;
+                EXPECT_TRUE(apart != 1 && apart != 6 && apart != 11) << "column " << column;
+            }
+        }
+    }
+}
+
 TEST(SamplesTest, TheMidFileHasFourteenTracksAtOneSecondAQuarter) {
     const std::string bytes = content(*findSample("333.mid"));
     const std::string head("MThd\0\0\0\6\0\1\0\16\0\60MTrk\0\0\0\23\0\377Q\3\17B@", 29);
