@@ -333,12 +333,13 @@ class Program:
     """One run of the program."""
 
     KNOWN_LINES = ("QStandardPaths: ",)
+    PREFIX = ()  # of the command
 
     def __init__(self, desk, *arguments):
         self.desk = desk
         self.errors = desk.folder / f"errors-{len(desk.programs)}.txt"
-        self.process = desk.start([str(desk.program_folder / "velorin"), *arguments], stderr=open(self.errors, "wb"),
-                                  cwd=desk.folder)
+        self.process = desk.start([*self.PREFIX, str(desk.program_folder / "velorin"), *arguments],
+                                  stderr=open(self.errors, "wb"), cwd=desk.folder)
 
     def main_window(self):
         """Waits for the main window; remembers and returns its place."""

@@ -1,13 +1,11 @@
 """Records a score with the mouse, with a sound server and without one, and listens to the WAV and the MP3."""
 
-import shutil
 import statistics
-import struct
-import subprocess
 
 import listen
 from desk import PATIENCE_S, Desk, Failure, check, run, wait_until
-from recorded import START, from_first_sound, left_of, one_new, open_score, open_toolbar
+from recorded import (SLOWER, START, decoded, frames_of, from_first_sound, left_of, mp3_seconds, one_new, open_score,
+                      open_toolbar)
 from score_text import Score
 
 TEMPO = 120
@@ -20,14 +18,6 @@ BLOCK_S = 64 / listen.RATE  # a note begins with one of the synthesizer's blocks
 # What the waking of the processor may cost two columns, at each attempt: a machine that is busy with other things wakes
 # the program late now and then, and one that is busy all the time does so again and again.
 WAKING_S = [0.0005, 0.002, 0.006]
-
-# Layer III by its version: samples in a frame, the bitrates and the sample rates that a header can name.
-LAYERS = {
-    0xFFFB: (1152, [32, 40, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320], [44100, 48000, 32000]),
-    0xFFF3: (576, [8, 16, 24, 32, 40, 48, 56, 64, 80, 96, 112, 128, 144, 160], [22050, 24000, 16000]),
-}
-BITRATE, MONO = 40, 3  # what the program asks for unless it is told otherwise
-SLOWER = 2  # since the samples of both sides then follow each other on the one
 
 
 class DeskWithoutSound(Desk):
@@ -62,32 +52,6 @@ def record(desk, program):
     return wav, mp3
 
 
-def frames_of(data):
-    """Checks the plain header; returns how many frames follow it."""
-    check(len(data) > 44, "the WAV is empty")
-    size = len(data) - 44
-    head = struct.pack("<4sI8sIHHIIHH4sI", b"RIFF", size + 36, b"WAVEfmt ", 16, 1, 2, listen.RATE, 4 * listen.RATE,
-                       4, 16, b"data", size)
-    check(data[:44] == head, f"the WAV's header is {data[:44].hex(' ')}")
-    return size // 4
-
-
-def mp3_seconds(data):
-    """How long the whole frames of the stream sound, each of which begins where the one before ends."""
-    at = seconds = 0
-    while at + 4 <= len(data):
-        word = int.from_bytes(data[at:at + 4], "big")
-        check(word >> 16 in LAYERS, f"no header of layer III at byte {at}: {word:08x}")
-        samples, bitrates, rates = LAYERS[word >> 16]
-        bitrate, rate, padding, mode = word >> 12 & 15, word >> 10 & 3, word >> 9 & 1, word >> 6 & 3
-        check(0 < bitrate < 15 and bitrates[bitrate - 1] == BITRATE and rate < 3 and mode == MONO,
-              f"the header at byte {at}: {word:08x}")
-        at += samples // 8 * 1000 * BITRATE // rates[rate] + padding
-        if at <= len(data):
-            seconds += samples / rates[rate]
-    return seconds
-
-
 def check_melody(sound, slower=1):
     """Slower by 2, every note is an octave lower."""
     for i, pitch in enumerate(MELODY):
@@ -119,11 +83,9 @@ def check_length(sound):
 
 
 def check_mp3(desk, mp3):
-    if not shutil.which("mpg123"):
-        return
-    decoded = desk.folder / "decoded.wav"
-    subprocess.run(["mpg123", "-q", "-r", str(listen.RATE), "--stereo", "-w", decoded, mp3], check=True)
-    check_melody(from_first_sound(left_of(decoded)), SLOWER)
+    sound = decoded(mp3, desk.folder)
+    if sound:
+        check_melody(from_first_sound(sound), SLOWER)
 
 
 def check_recording(desk, program):

@@ -1,5 +1,9 @@
 """What the tests of the Recording Toolbar share: its places, and the recordings that it leaves."""
 
+import array
+import shutil
+import struct
+import subprocess
 import wave
 
 import listen
@@ -9,6 +13,14 @@ from desk import check
 PREFERENCES, RECORD_PLAY = (147, 49), (53, 49)
 AUTO_ENCODE, DELETE_WAV, START, ENCODE = (39, 92), (39, 122), (417, 92), (453, 249)
 OPEN, PLAY, PAUSE, STOP = (38, 205), (73, 205), (108, 205), (143, 205)
+
+# Layer III by its version: samples in a frame, the bitrates and the sample rates that a header can name.
+LAYERS = {
+    0xFFFB: (1152, [32, 40, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320], [44100, 48000, 32000]),
+    0xFFF3: (576, [8, 16, 24, 32, 40, 48, 56, 64, 80, 96, 112, 128, 144, 160], [22050, 24000, 16000]),
+}
+BITRATE, MONO = 40, 3  # what the program asks for unless it is told otherwise
+SLOWER = 2  # since the samples of both sides then follow each other on the one
 
 
 def open_score(desk, program, name, first_pitch):
@@ -31,13 +43,49 @@ def one_new(desk, ending, before):
     return new.pop() if new else None
 
 
-def left_of(path):
+def frames_of(data):
+    """Checks the plain header; returns how many frames follow it."""
+    check(len(data) > 44, "the WAV is empty")
+    size = len(data) - 44
+    head = struct.pack("<4sI8sIHHIIHH4sI", b"RIFF", size + 36, b"WAVEfmt ", 16, 1, 2, listen.RATE, 4 * listen.RATE,
+                       4, 16, b"data", size)
+    check(data[:44] == head, f"the WAV's header is {data[:44].hex(' ')}")
+    return size // 4
+
+
+def mp3_seconds(data):
+    """How long the whole frames of the stream sound, each of which begins where the one before ends."""
+    at = seconds = 0
+    while at + 4 <= len(data):
+        word = int.from_bytes(data[at:at + 4], "big")
+        check(word >> 16 in LAYERS, f"no header of layer III at byte {at}: {word:08x}")
+        samples, bitrates, rates = LAYERS[word >> 16]
+        bitrate, rate, padding, mode = word >> 12 & 15, word >> 10 & 3, word >> 9 & 1, word >> 6 & 3
+        check(0 < bitrate < 15 and bitrates[bitrate - 1] == BITRATE and rate < 3 and mode == MONO,
+              f"the header at byte {at}: {word:08x}")
+        at += samples // 8 * 1000 * BITRATE // rates[rate] + padding
+        if at <= len(data):
+            seconds += samples / rates[rate]
+    return seconds
+
+
+def samples_of(path):
+    """The samples of a WAV in their order in the file, both sides of a stereo one."""
     with wave.open(str(path), "rb") as file:
-        raw = path.with_suffix(".raw")
-        raw.write_bytes(file.readframes(file.getnframes()))
-    sound = listen.samples(raw)
-    raw.unlink()
-    return sound
+        return array.array("h", file.readframes(file.getnframes()))
+
+
+def left_of(path):
+    return samples_of(path)[0::2]
+
+
+def decoded(mp3, folder):
+    """The samples of an MP3 by another program's reading, one channel at 44,100 a second; None without that program."""
+    if not shutil.which("mpg123"):
+        return None
+    wav = folder / "decoded.wav"
+    subprocess.run(["mpg123", "-q", "-r", str(listen.RATE), "--mono", "-w", wav, mp3], check=True)
+    return samples_of(wav)
 
 
 def from_first_sound(sound):

@@ -1,142 +1,238 @@
 """Goes through the lessons of the tutorial with the mouse: each step's hint shows, and what it does is seen."""
 
 import os
-import time
+import statistics
 
 import listen
-from desk import BEATBOX, Desk, check, run, wait_until
+from desk import BEATBOX, EDIT, SETUP, Desk, check, run, wait_until
+from recorded import decoded, frames_of, from_first_sound, mp3_seconds, samples_of
+from wizard import SONG_PATIENCE_S, Wizard
 
-RED, BLUE, PURPLE = (255, 0, 0), (0, 0, 255), (192, 0, 192)
+RED, BLUE, PURPLE, WHITE, CREAM = (255, 0, 0), (0, 0, 255), (192, 0, 192), (255, 255, 255), (255, 255, 192)
+TRACK, FACE = (25, 28, 64), (58, 64, 120)
 
-# Places in the wizard's window, in its own pixels.
-TABS = {"Composition": 60, "Polyphonics": 152, "Percussion": 243, "Editing": 325, "Recording": 430, "Midi": 512,
-        "Setup": 580}
-TAB_TOP = 50
-FIRST_STEP = (80, 132)
-STEP_HEIGHT = 24
+STEPS = 61
 
-
-class Wizard:
-    """The tutorial's window, opened with its button and put where it covers no notes and no toolbar covers it."""
-
-    def __init__(self, desk, program):
-        self.desk = desk
-        program.press(12)
-        self.window = desk.window(" Tutorial Wizard")
-        x, y, *_ = desk.settled(self.window)
-        desk.drag([(x + 300, y + 14), (x + 500, y - 50), (x + 740, y - 136)])
-        wait_until(lambda: desk.place_of(self.window)[0] > x + 300, "the wizard in the corner")
-        self.left, self.top, *_ = desk.settled(self.window)
-        self.pictures = os.environ.get("VELORIN_TUTORIAL_PICTURES")
-        self.lesson = ""
-
-    def choose(self, lesson):
-        self.lesson = lesson
-        self.desk.click(self.left + TABS[lesson], self.top + TAB_TOP)
-
-    def step(self, line, seconds=0.5):
-        """Clicks the step on a line, reads its hint, closes it by a click, and gives the step its time."""
-        self.desk.click(self.left + FIRST_STEP[0], self.top + FIRST_STEP[1] + STEP_HEIGHT * line)
-        hint = self.desk.window("Velorin Wizard")
-        x, y, *_ = self.desk.settled(hint)
-        self.keep(f"{line:02}-hint")
-        self.desk.click(x + 120, y + 60)
-        self.desk.no_window("Velorin Wizard")
-        time.sleep(seconds)
-        self.keep(f"{line:02}-done")
-
-    def keep(self, name):
-        if self.pictures:
-            self.desk.screen.write_png(f"{self.pictures}/{self.lesson}-{name}.png", *self.desk.size)
+RING_LEFT = 16  # from the middle of a row's face to the ring of the row that is chosen
+SELECTING = (67, 98)  # in the Editing Toolbar: paper beside the number, while it selects
+# In the Recording Toolbar: paper on each of its pages, an option that is grey during a recording, the bar's beginning.
+RECORD_PAGE, PREFERENCES_PAGE, SOURCES, PROGRESS = (508, 163), (240, 245), (37, 93), (23, 250)
 
 
-def hears(desk, what, play):
-    start = listen.frames_in(desk.recording)
-    play()
-    wait_until(lambda: listen.first_sound(listen.samples(desk.recording, start)) is not None, f"the sound of {what}")
+class Lessons:
+    """The program, its wizard, and how the steps are seen."""
+
+    def __init__(self, desk, program, wizard):
+        self.desk, self.program, self.wizard = desk, program, wizard
+        self.media = desk.program_folder / "media"
+
+    def note(self, column, line, colour=RED, shown=True, part=None):
+        """Whether a note of a colour stands in a cell; for the step's wait."""
+        place = self.program.cell(column, line, *([part] if part else []))
+        return lambda: (self.desk.screen.pixel(*place) == colour) == shown
+
+    def loaded(self, sample):
+        """Whether a sample has been loaded: its file goes last."""
+        return lambda: not (self.media / sample).exists()
+
+    def has_colour(self, title, inside, colour):
+        place = self.program.place_in(title, inside)
+        return lambda: self.desk.screen.pixel(*place) == colour
+
+    def row_chosen(self, row):
+        x, y = SETUP[f"TrackSel({row})"]
+        return self.has_colour("Setup Toolbar", (x - RING_LEFT, y), CREAM)
+
+    def selected(self, column):
+        """Whether a column is tinted, which makes it bluer."""
+        place = self.program.cell(column, 30)
+
+        def tinted():
+            red, _, blue = self.desk.screen.pixel(*place)
+            return blue > red
+        return tinted
+
+    def recordings(self, ending):
+        return sorted(self.desk.songs.glob("*tmp" + ending))
+
+    def encoded(self, count):
+        """Whether so many recordings are MP3 files now; the WAV goes last."""
+        return lambda: len(self.recordings(".mp3")) == count and not self.recordings(".wav")
+
+    def keep_recording(self, path):
+        """Gives the WAV another name, as it goes when it has been encoded."""
+        os.link(wait_until(lambda: self.recordings(".wav"), "the recording", SONG_PATIENCE_S)[0], path)
+
+    def close(self, title):
+        x, y, width, _ = self.desk.settled(self.desk.window(title))
+        self.desk.click(x + width - 21, y + 14)
+        self.desk.no_window(title)
+
+    def heard(self, what, play):
+        start = listen.frames_in(self.desk.recording)
+        play(lambda: wait_until(lambda: listen.first_sound(listen.samples(self.desk.recording, start)) is not None,
+                                f"the sound of {what}"))
 
 
-def compose(desk, program, wizard):
+def compose(lessons):
+    desk, wizard, note = lessons.desk, lessons.wizard, lessons.note
     wizard.choose("Composition")
     wizard.step(0)
+    wizard.step(1, lessons.loaded("101.sng"))
+    wait_until(note(0, 5), "the melody's first note")
+    wizard.step(2, lessons.row_chosen(1))
+    wizard.step(3, lessons.loaded("102.sng"))
+    wait_until(note(0, 8, BLUE), "the second channel's first note")
+    wizard.step(4, lessons.row_chosen(8))
+    wizard.step(5, lessons.loaded("104.sng"))
+    wait_until(note(0, 0, PURPLE, part=BEATBOX), "the first beat")
+    lessons.heard("the composition", lambda sounds: wizard.step(6, meanwhile=sounds))
+    wizard.step(7, (desk.songs / "composed.sng").exists,
+                lambda: desk.choose_file("Save music file", "composed", save_filter=1))
+
+
+def play_chords(lessons):
+    wizard, note = lessons.wizard, lessons.note
+    wizard.choose("Polyphonics")
+    wizard.step(0, note(0, 5, shown=False))
     wizard.step(1)
-    program.wait_for_colour(program.cell(0, 5), RED, "the melody's first note")
-    wizard.step(2)
-    wizard.step(3)
-    program.wait_for_colour(program.cell(0, 8), BLUE, "the second channel's first note")
+    wizard.step(2, lessons.loaded("101.sng"))
+    wait_until(note(0, 5), "the melody's first note")
+    wizard.step(3, lessons.has_colour("Setup Toolbar", (SETUP["Ch(0)"][0] - 10, SETUP["Ch(0)"][1]), RED))
     wizard.step(4)
     wizard.step(5)
-    program.wait_for_colour(program.cell(0, 0, BEATBOX), PURPLE, "the first beat")
-    hears(desk, "the composition", lambda: wizard.step(6, 8))
-    wizard.step(7, 0)
-    desk.choose_file("Save music file", "composed", save_filter=1)
-    wait_until((desk.songs / "composed.sng").exists, "the composition in its file")
+    lessons.heard("the chords", lambda sounds: wizard.step(6, meanwhile=sounds))
+    lessons.heard("the single notes", lambda sounds: wizard.step(7, meanwhile=sounds))
 
 
-def play_chords(desk, program, wizard):
-    wizard.choose("Polyphonics")
-    for line in range(6):
-        wizard.step(line)
-    program.wait_for_colour(program.cell(0, 5), RED, "the melody's first note")
-    hears(desk, "the chords", lambda: wizard.step(6, 8))
-    hears(desk, "the single notes", lambda: wizard.step(7, 8))
-
-
-def make_beat(desk, program, wizard):
+def make_beat(lessons):
+    wizard, note = lessons.wizard, lessons.note
     wizard.choose("Percussion")
-    for line in range(9):
-        wizard.step(line)
-    program.wait_for_colour(program.cell(0, 0, BEATBOX), PURPLE, "the first beat")
-    wizard.step(9, 1)
-    program.wait_for_colour(program.cell(60, 0, BEATBOX), PURPLE, "the last copy's first beat")
-    hears(desk, "the beat", lambda: wizard.step(10, 14))
-
-
-def edit(desk, program, wizard):
-    wizard.choose("Editing")
-    wizard.step(0, 6)
-    program.wait_for_colour(program.cell(0, 7), RED, "the first clicked note")
+    wizard.step(0, lessons.row_chosen(8))
     wizard.step(1)
-    wizard.step(2, 3)
-    program.wait_for_colour(program.cell(9, 13), RED, "the erased note", shown=False)
-    wizard.step(3, 3)
-    wizard.step(4, 3)
-    program.wait_for_colour(program.cell(9, 9), RED, "the drawn note")
-    wizard.step(5, 1)
-    desk.window("Editing Toolbar")
-    for line, seconds in ((6, 1), (7, 2), (8, 3), (9, 4), (10, 1), (11, 2)):
-        wizard.step(line, seconds)
+    wizard.step(2, lessons.loaded("201.sng"))
+    wait_until(note(0, 0, PURPLE, part=BEATBOX), "the first beat")
+    wizard.step(3, lessons.row_chosen(10))
+    wizard.step(4)
+    wizard.step(5, lessons.loaded("202.sng"))
+    wizard.step(6, lessons.row_chosen(11))
+    wizard.step(7)
+    wizard.step(8, lessons.loaded("203.sng"))
+    wizard.step(9, note(60, 0, PURPLE, part=BEATBOX))
+    lessons.heard("the beat", lambda sounds: wizard.step(10, meanwhile=sounds))
 
 
-def prepare_recording(desk, wizard):
+def edit(lessons):
+    desk, wizard, note = lessons.desk, lessons.wizard, lessons.note
+    wizard.choose("Editing")
+    wizard.step(0, note(9, 13), pause=1)
+    wizard.step(1)
+    wizard.step(2, note(9, 13, shown=False), pause=1)
+    wizard.step(3, note(9, 9), pause=1)
+    # Nothing changes but the sound of the three clicks, which come half a second apart.
+    lessons.heard("the other instrument", lambda sounds: wizard.step(4, meanwhile=sounds, pause=3))
+    wizard.step(5, lambda: desk.windows("Editing Toolbar"))
+    wizard.step(6, lessons.has_colour("Editing Toolbar", SELECTING, WHITE))
+    wizard.step(7, lessons.selected(7))
+    wizard.step(8, note(16, 5), pause=1)
+    # The cut brings the first of these notes, and takes the other one away until the paste.
+    wizard.step(9, lambda: note(10, 7)() and note(12, 6)())
+    wizard.step(10, note(60, 9))
+    wizard.step(11, note(15, 6), pause=1)
+    lessons.close("Editing Toolbar")
+
+
+def record(lessons):
+    desk, wizard = lessons.desk, lessons.wizard
     wizard.choose("Recording")
-    wizard.step(0, 1)
-    desk.window("Recording Toolbar")
-    wizard.step(1, 4)
+    wizard.step(0, lambda: desk.windows("Recording Toolbar"))
+    desk.settled(desk.window("Recording Toolbar"))
+    wizard.step(1, lessons.has_colour("Recording Toolbar", RECORD_PAGE, WHITE), lambda: wait_until(
+        lessons.has_colour("Recording Toolbar", PREFERENCES_PAGE, WHITE), "the preferences"))
     wizard.step(2)
-    wizard.step(3, 1)
+    wizard.step(3, lessons.loaded("104.sng"))
+    kept = desk.folder / "kept.wav"
+    wizard.step(4, lessons.encoded(1), lambda: lessons.keep_recording(kept))
+    check_mp3(kept, lessons.recordings(".mp3")[0], desk.folder)
+    wizard.step(5, lessons.encoded(2))
+    wizard.step(6)
+    wizard.step(7, lessons.note(0, 5, shown=False))
+    wizard.step(8, lessons.encoded(3))
+    # With no recording running the last step starts one, and again it stops it.
+    wizard.step(9, lessons.has_colour("Recording Toolbar", SOURCES, FACE))
+    wizard.step(9, lessons.encoded(4))
 
 
-def use_midi(desk, wizard):
+def use_midi(lessons):
+    desk, wizard = lessons.desk, lessons.wizard
     wizard.choose("Midi")
-    wizard.step(0, 1)
-    wizard.step(1, 0)
-    desk.choose_file("Save music file", "exported", save_filter=0)
+    wizard.step(0, lessons.loaded("104.sng"))
     exported = desk.songs / "exported.mid"
-    wait_until(exported.exists, "the exported file")
-    wizard.step(3, 1)
-    desk.window("Recording Toolbar")
-    wizard.step(4, 0)
-    desk.choose_file("Open File", exported)
-    desk.no_window("Open File")
+    wizard.step(1, exported.exists, lambda: desk.choose_file("Save music file", "exported", save_filter=0))
+    lessons.close("Recording Toolbar")
+    wizard.step(2, lambda: desk.windows("Recording Toolbar"))
+    wizard.step(3, meanwhile=lambda: desk.choose_file("Open File", exported))
+    at_rest = lessons.has_colour("Recording Toolbar", PROGRESS, TRACK)
+
+    def plays(sounds):
+        sounds()
+        wait_until(lambda: not at_rest(), "the bar of the player")
+    lessons.heard("the MIDI file", lambda sounds: wizard.step(4, at_rest, lambda: plays(sounds)))
+    # A recording that was stopped by hand is still asked for: the end of this file ends it once more, and a box tells
+    # what became of that.
+    wait_until(lambda: len(desk.windows("Velorin")) == 2, "the message")
+    desk.settled(desk.window("Velorin"))
+    desk.key("Return")
+    wait_until(lambda: len(desk.windows("Velorin")) == 1, "the end of the message")
+    lessons.close("Recording Toolbar")
 
 
-def set_up(desk, program, wizard):
+def set_up(lessons):
+    wizard = lessons.wizard
     wizard.choose("Setup")
-    for line in range(6):
-        wizard.step(line)
-    program.wait_for_colour(program.cell(4, 0, BEATBOX), PURPLE, "the first clap")
-    hears(desk, "the finished setup", lambda: wizard.step(6, 6))
+    wizard.step(0)
+    wizard.step(1)
+    wizard.step(2, lessons.row_chosen(1))
+    for index in (3, 4):
+        wizard.step(index)
+    wizard.step(5, lessons.loaded("301.sng"))
+    wait_until(lessons.note(4, 0, PURPLE, part=BEATBOX), "the first clap")
+    lessons.heard("the finished setup", lambda sounds: wizard.step(6, meanwhile=sounds))
+
+
+def check_mp3(wav, mp3, folder):
+    """The MP3 is that of the recording, with the pairs of its two sides read as samples of one."""
+    both = samples_of(wav)
+    check(len(both) == 2 * frames_of(wav.read_bytes()), "the WAV has not two sides")
+    check(mp3_seconds(mp3.read_bytes()) >= len(both) / listen.RATE, "the MP3 is too short")
+    sound = decoded(mp3, folder)
+    if not sound:
+        return
+    heard, expected = from_first_sound(sound), from_first_sound(both)
+    check(abs(len(heard) - len(expected)) < listen.RATE / 4, "the MP3 is not twice as long as what was recorded")
+    likeness = correlation(profile(heard), profile(expected))
+    check(likeness > 0.95, f"the MP3 is only {likeness:.3f} like the recording")
+    for at in range(0, len(expected) - listen.RATE, listen.RATE):
+        likeness = correlation(keys(heard[at:at + 8192]), keys(expected[at:at + 8192]))
+        check(likeness > 0.9, f"at {at / listen.RATE:.0f} s the tones are only {likeness:.3f} like the recording's")
+
+
+def keys(sound):
+    """How strong each key is."""
+    return [listen.strength(sound, listen.key_to_hz(key)) for key in range(36, 76)]
+
+
+def profile(sound, step=2205):
+    """How loud each twentieth of a second is."""
+    return [statistics.fmean(map(abs, sound[at:at + step])) for at in range(0, len(sound) - step, step)]
+
+
+def correlation(one, other):
+    size = min(len(one), len(other))
+    one, other = one[:size], other[:size]
+    a, b = statistics.fmean(one), statistics.fmean(other)
+    across = sum((x - a) * (y - b) for x, y in zip(one, other))
+    return across / (sum((x - a) ** 2 for x in one) * sum((y - b) ** 2 for y in other)) ** 0.5
 
 
 def test(build):
@@ -144,16 +240,13 @@ def test(build):
         desk.songs.mkdir()
         program = desk.launch()
         program.main_window()
-        wizard = Wizard(desk, program)
-        compose(desk, program, wizard)
-        play_chords(desk, program, wizard)
-        make_beat(desk, program, wizard)
-        edit(desk, program, wizard)
-        prepare_recording(desk, wizard)
-        use_midi(desk, wizard)
-        set_up(desk, program, wizard)
+        lessons = Lessons(desk, program, Wizard(desk, program))
+        for lesson in (compose, play_chords, make_beat, edit, record, use_midi, set_up):
+            lesson(lessons)
+        taken = len(lessons.wizard.steps)
+        check(taken == STEPS, f"{taken} steps were taken and not {STEPS}")
         program.end()
-        check(not list((desk.program_folder / "media").iterdir()), "samples are left at the end")
+        check(not list(lessons.media.iterdir()), "samples are left at the end")
 
 
 run(test)

@@ -1,0 +1,113 @@
+"""The Tutorial Wizard under the mouse: its tabs, its steps and their hints."""
+
+import itertools
+import os
+import time
+
+from desk import LEFT, check, wait_until
+
+# Places in the wizard's window, in its own pixels.
+TABS = {"Composition": 60, "Polyphonics": 152, "Percussion": 243, "Editing": 325, "Recording": 430, "Midi": 512,
+        "Setup": 580}
+TAB_TOP = 50
+FIRST_STEP = (80, 132)
+STEP_HEIGHT = 24
+SHOW_TIPS = (565, 451)  # in its box, beside the tick
+CLOSE = (647, 14)
+
+# The lesson Midi has a heading above this step, so that it and those behind it stand a line lower.
+BEHIND_HEADING = 2
+
+PAPER = (255, 255, 255)
+NOTES = ((255, 0, 0), (0, 0, 255))
+
+# Every way to close a hint; the steps take turns.
+CLOSINGS = ("text", "double click", "button", "Return", "space", "Escape")
+
+# What a loaded machine may need for a song with all that it waits for.
+SONG_PATIENCE_S = 90
+
+
+class Wizard:
+    """The tutorial's window, opened with its button and put where it covers no notes and no toolbar covers it.
+
+    It opens there again when it has been moved there before.
+    Where the environment names a folder in VELORIN_TUTORIAL_PICTURES, the screen is kept there at every hint and
+    behind every step.
+    """
+
+    def __init__(self, desk, program, moved=False):
+        self.desk = desk
+        program.press(12)
+        self.window = desk.window(" Tutorial Wizard")
+        if not moved:
+            x, y, *_ = desk.settled(self.window)
+            desk.drag([(x + 300, y + 14), (x + 500, y - 50), (x + 740, y - 136)])
+            wait_until(lambda: desk.place_of(self.window)[0] > x + 300, "the wizard in the corner")
+        self.left, self.top, *_ = desk.settled(self.window)
+        self.pictures = os.environ.get("VELORIN_TUTORIAL_PICTURES")
+        if self.pictures:
+            os.makedirs(self.pictures, exist_ok=True)
+        self.closings = itertools.cycle(CLOSINGS)
+        self.lesson = ""
+        self.steps = set()
+        self.double_clicked = None
+
+    def close(self):
+        self.desk.click(self.left + CLOSE[0], self.top + CLOSE[1])
+        self.desk.no_window(" Tutorial Wizard")
+
+    def choose(self, lesson):
+        self.lesson = lesson
+        self.wait_until_free()
+        self.desk.click(self.left + TABS[lesson], self.top + TAB_TOP)
+
+    def is_free(self):
+        """While a song plays the wizard takes no click, and the box at its foot is grey."""
+        return self.desk.screen.pixel(self.left + SHOW_TIPS[0], self.top + SHOW_TIPS[1]) == PAPER
+
+    def wait_until_free(self):
+        wait_until(self.is_free, "the wizard takes clicks", SONG_PATIENCE_S)
+
+    def step(self, index, until=None, meanwhile=None, pause=0):
+        """Clicks a step and closes its hint; waits until what it does is done, and for the end of what it plays.
+
+        `meanwhile` is done once the hint has been closed: what a user does while the step waits for it. `pause` is for
+        the wait in seconds with which the step itself ends, and which nothing shows.
+        """
+        self.wait_until_free()
+        line = index + (self.lesson == "Midi" and index >= BEHIND_HEADING)
+        self.desk.click(self.left + FIRST_STEP[0], self.top + FIRST_STEP[1] + STEP_HEIGHT * line)
+        hint = self.desk.window("Velorin Wizard")
+        place = self.desk.settled(hint)
+        self.keep(f"{index:02}-hint")
+        self.close_hint(place, next(self.closings))
+        self.desk.no_window("Velorin Wizard")
+        if meanwhile:
+            meanwhile()
+        if until:
+            wait_until(until, f"what step {index} of the lesson {self.lesson} does", SONG_PATIENCE_S)
+        self.wait_until_free()
+        time.sleep(pause)
+        self.keep(f"{index:02}-done")
+        if self.double_clicked:
+            check(self.desk.screen.pixel(*self.double_clicked) not in NOTES, "a double click on a hint drew a note")
+        self.double_clicked = None
+        self.steps.add((self.lesson, index))
+
+    def close_hint(self, place, by):
+        x, y, width, height = place
+        if by == "text":
+            self.desk.click(x + 120, y + 60)
+        elif by == "double click":
+            # At the left edge, which lies on the tableau: the second press must not draw there.
+            self.double_clicked = (x + 14, y + height - 20)
+            self.desk.tool("mousemove", *self.double_clicked, "click", "--repeat", 2, "--delay", 60, LEFT)
+        elif by == "button":
+            self.desk.click(x + width - 18, y + 13)
+        else:
+            self.desk.key(by)
+
+    def keep(self, name):
+        if self.pictures:
+            self.desk.screen.write_png(f"{self.pictures}/{self.lesson}-{name}.png", *self.desk.size)
