@@ -1,4 +1,5 @@
 // MP3 files out of everything that sounds, and folders of it.
+#include "../recorded/OtherPrograms.h"
 #include "convert/Batch.h"
 #include "convert/Conversion.h"
 #include "host/SoundFonts.h"
@@ -42,6 +43,41 @@ protected:
         std::ofstream(folder_ / name, std::ios::binary) << content;
     }
 
+    // Eight notes of two columns, each of another pitch.
+    void writeMelody(const std::string& name) const {
+        std::string notes;
+        std::string instruments;
+        for (const int pitch : {60, 62, 64, 65, 67, 69, 71, 72}) {
+            notes += std::to_string(pitch) + "," + std::to_string(1000 + pitch) + ",-1,";
+            instruments += "73,73,73,";
+        }
+        std::string score = notes + "-1\r\n" + instruments + "0\r\n";
+        for (int row = 1; row < 13; ++row)
+            score += "-1\r\n0\r\n";
+        write(name, score + " 60 \r\n73,0,0,0,0,0,0,0,0,0,0,0,0\r\n");
+    }
+
+    /// Left and right in turn.
+    [[nodiscard]] std::vector<float> samples(const std::string& name) const {
+        const auto reader = host::openWav(folder_ / name);
+        EXPECT_TRUE(reader) << name;
+        if (!reader)
+            return {};
+        std::vector<float> stereo(2 * static_cast<std::size_t>(reader->frames()));
+        EXPECT_EQ(reader->read(stereo.data(), static_cast<int>(reader->frames())),
+                  static_cast<int>(reader->frames()));
+        return stereo;
+    }
+
+    /// What two sounds have in common in a piece; of a sound with itself, its power.
+    static double power(const std::vector<float>& a, const std::vector<float>& b, std::size_t at,
+                        std::size_t count) {
+        double sum = 0.0;
+        for (std::size_t i = at; i < at + count; ++i)
+            sum += static_cast<double>(a[i]) * b[i];
+        return sum;
+    }
+
     std::string make(const std::string& from, const std::string& to, Kind kind) {
         return convert({(folder_ / from).string(), folder_ / to, kind}, options_, {});
     }
@@ -76,6 +112,32 @@ TEST_F(ASoundConversion, MakesAnMp3AsLongAsTheWavOfAScore) {
     EXPECT_NEAR(seconds("a.mp3"), wavSeconds("a.wav"), 0.001);
     ASSERT_EQ(make("a.wav", "b.mp3", Kind::mp3), "");
     EXPECT_NEAR(seconds("b.mp3"), wavSeconds("a.wav"), 0.001);
+}
+
+// Another program decodes the MP3; the WAV is the measure.
+TEST_F(ASoundConversion, MakesAnMp3ThatSoundsAsTheScoreDoes) {
+    if (!test::isThere("lame"))
+        GTEST_SKIP() << "no other decoder (lame)";
+    writeMelody("melody.sng");
+    ASSERT_EQ(make("melody.sng", "a.wav", Kind::wav), "");
+    ASSERT_EQ(make("melody.sng", "a.mp3", Kind::mp3), "");
+    test::told("lame --quiet --decode " + test::quoted((folder_ / "a.mp3").string()) + " " +
+               test::quoted((folder_ / "b.wav").string()) + " 2>&1");
+    const std::vector<float> score = samples("a.wav");
+    const std::vector<float> mp3 = samples("b.wav");
+    ASSERT_NEAR(static_cast<double>(mp3.size()), static_cast<double>(score.size()), 4.0);
+    // Every half second by itself: one wrong pitch, or one onset a millisecond off, would part
+    // them.
+    constexpr std::size_t piece = 44100;
+    ASSERT_GT(score.size(), 4 * piece);
+    for (std::size_t at = 0; at + piece < score.size(); at += piece) {
+        const double loudness = power(score, score, at, piece);
+        if (loudness < 1e-3) // the last sound dies away
+            continue;
+        const double decoded = power(mp3, mp3, at, piece);
+        EXPECT_NEAR(std::sqrt(decoded / loudness), 1.0, 0.05) << at / piece;
+        EXPECT_GT(power(score, mp3, at, piece) / std::sqrt(loudness * decoded), 0.98) << at / piece;
+    }
 }
 
 TEST_F(ASoundConversion, PlaysAMidFile) {

@@ -1,4 +1,5 @@
 // Recording: what the file holds, in every format, and what becomes of a failure.
+#include "FullDisk.h"
 #include "MciStage.h"
 #include "host/mci/MciErrors.h"
 #include "host/mci/PartFile.h"
@@ -9,10 +10,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/file.h>
-#include <sys/resource.h>
 #include <unistd.h>
-
-#include <csignal>
 
 namespace velorin::host {
 namespace {
@@ -189,31 +187,11 @@ TEST_F(ARecording, ThatACrashHasLeftIsClearedAwayByTheNext) {
     close(other);
 }
 
-/// Files cannot grow beyond a size, as on a disk that fills.
-class ADiskThatFills {
-public:
-    explicit ADiskThatFills(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
-        getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit limit{bytes, before_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~ADiskThatFills() {
-        setrlimit(RLIMIT_FSIZE, &before_);
-        std::signal(SIGXFSZ, handler_);
-    }
-    ADiskThatFills(const ADiskThatFills&) = delete;
-    ADiskThatFills& operator=(const ADiskThatFills&) = delete;
-
-private:
-    rlimit before_{};
-    void (*handler_)(int);
-};
-
 TEST_F(ARecording, IsNotSavedWhenTheDiskFillsAndSaysSoOnce) {
     writeBytes("older.wav", "older");
     testing::internal::CaptureStderr();
     {
-        const ADiskThatFills disk(100'000);
+        const test::FullDisk disk(100'000);
         begin(formatOf(44100, 16, 2));
         pull(44100); // 176,400 bytes
         EXPECT_EQ(send("stop capture"), 0U);
