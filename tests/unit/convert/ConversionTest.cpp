@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <cmath>
 #include <cstdint>
 #include <fstream>
@@ -26,7 +28,8 @@ std::string woodblockScore() {
 
 class AConversion : public testing::Test {
 protected:
-    AConversion() : folder_(fs::path(testing::TempDir()) / "velorin-convert") {
+    AConversion()
+        : folder_(fs::path(testing::TempDir()) / ("velorin-convert-" + std::to_string(getpid()))) {
         fs::remove_all(folder_);
         fs::create_directories(folder_);
         write("in.sng", woodblockScore());

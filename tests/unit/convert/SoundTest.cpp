@@ -9,6 +9,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <cmath>
 #include <fstream>
 #include <iterator>
@@ -101,7 +103,8 @@ protected:
         return convertAll(options_, 2, [](const Result&) {});
     }
 
-    fs::path folder_ = fs::path(testing::TempDir()) / "velorin-convert-sound";
+    fs::path folder_ =
+        fs::path(testing::TempDir()) / ("velorin-convert-sound-" + std::to_string(getpid()));
     Options options_;
     std::size_t leftOut_ = 0;
 };

@@ -4,6 +4,8 @@
 
 #include <gmock/gmock.h>
 
+#include <unistd.h>
+
 #include <cstdint>
 #include <fstream>
 
@@ -46,7 +48,8 @@ std::string generalMidiFont() {
 
 class SoundFonts : public testing::Test {
 protected:
-    SoundFonts() : root_(fs::path(testing::TempDir()) / "velorin-fonts") {
+    SoundFonts()
+        : root_(fs::path(testing::TempDir()) / ("velorin-fonts-" + std::to_string(getpid()))) {
         fs::remove_all(root_);
         fs::create_directories(root_ / "mine");
         fs::create_directories(root_ / "system");
