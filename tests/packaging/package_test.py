@@ -193,7 +193,7 @@ def test(build):
             check_converter(desk)
             check_program(desk)
         check(files_in(installed) == before, "the installed files have changed")
-        if shutil.which("dpkg-shlibdeps"):
+        if shutil.which("dpkg-shlibdeps") and shutil.which("file"):
             check_package(build.resolve(), folder / "package")
 
 
