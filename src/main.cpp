@@ -93,7 +93,6 @@ int runProgram(velorin::host::EndSignals& signals) {
         return help->hasPages();
     };
     Program program(platform);
-    addToolWindows(program);
     const host::StreamRest rest(sound,
                                 [&program] { return program.studio().run.IsPlaying != flagClear; });
     signals.listen([&program] { program.endFromOutside(); });
@@ -101,7 +100,7 @@ int runProgram(velorin::host::EndSignals& signals) {
     QObject session;
     QObject::connect(qApp, &QGuiApplication::commitDataRequest, &session,
                      [&program] { program.endFromOutside(); });
-    if (program.start() && !program.hasEnded()) {
+    if (program.start([&program] { addToolWindows(program); }) && !program.hasEnded()) {
         // The windows are painted first: opening the sound would take the processor from them.
         QTimer::singleShot(firstPaintMs, &session, [&sound] { sound.begin(); });
         if (!score.empty())

@@ -3,8 +3,7 @@
 
 #include <QApplication>
 #include <QFile>
-#include <QFontDatabase>
-#include <QIcon>
+#include <QFont>
 #include <QPalette>
 #include <QStyleFactory>
 
@@ -47,14 +46,16 @@ void applyLook(QApplication& application) {
     registerPictures();
     application.setStyle(QStyleFactory::create("Fusion"));
     application.setPalette(inkAndPaper());
-    QFont font = QFontDatabase::hasFamily("Inter") ? QFont("Inter") : QFont("DejaVu Sans");
+    // Naming both costs nothing; asking which of them is there would read all the fonts' names
+    // first.
+    QFont font;
+    font.setFamilies({"Inter", "DejaVu Sans"});
     font.setPixelSize(12);
     font.setHintingPreference(QFont::PreferNoHinting);
     application.setFont(font);
     QFile sheet(":/look/velorin.qss");
     if (sheet.open(QIODevice::ReadOnly))
         application.setStyleSheet(QString::fromUtf8(sheet.readAll()));
-    application.setWindowIcon(QIcon(":/look/velorin.svg"));
 }
 
 } // namespace velorin

@@ -72,7 +72,6 @@ Form1::Form1(Program& program)
       drag_(new WindowDrag(this)) {
     setObjectName("Form1");
     setWindowTitle("Velorin");
-    setWindowIcon(QIcon(":/look/velorin.svg"));
     setAttribute(Qt::WA_TranslucentBackground);
     setContextMenuPolicy(Qt::PreventContextMenu);
     makeTitle();

@@ -11,7 +11,8 @@
 #include "shell/SetupToolbar.h"
 #include "shell/openerF.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QIcon>
 #include <QThread>
 #include <QTimer>
 
@@ -40,9 +41,7 @@ Program::Program(platform::Platform& host)
       hints(platform_),
       setup_(std::make_unique<SetupToolbar>(studio_)),
       studio_(platform_, *setup_),
-      kept_(platform_.kept, studio_.score),
-      form1_(std::make_unique<Form1>(*this)) {
-    setup_->attach(form1_->sounding, *form1_);
+      kept_(platform_.kept, studio_.score) {
     loop_->onFree = [this] { scheduleDestruction(); };
 }
 
@@ -50,21 +49,39 @@ Program::~Program() {
     loop_->onFree = nullptr;
 }
 
-bool Program::start() {
+bool Program::start(const std::function<void()>& behindSplash) {
     if (IsProgramRunning()) {
         ended_ = true;
         return false;
     }
+    showSplash();
+    if (ended_) // from outside, by the events that painted the splash
+        return true;
+    if (behindSplash)
+        behindSplash();
+    if (!form1_)
+        makeMainWindow();
+    form1_->Form_Load();
+    kept_.watch();
+    recoverScores();
+    return true;
+}
+
+void Program::showSplash() {
     splash_ = std::make_unique<openerF>();
     const platform::SizePx screen = platform_.desktop.screenSize();
     splash_->centreOn(screen.width, screen.height);
     splash_->show();
     // Painted before the main window is made; a yield is not due before the end of that.
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    form1_->Form_Load();
-    kept_.watch();
-    recoverScores();
-    return true;
+}
+
+Form1& Program::makeMainWindow() {
+    // Not for the splash: it has no frame that would show the icon, and drawing it takes a while.
+    QGuiApplication::setWindowIcon(QIcon(":/look/velorin.svg"));
+    form1_ = std::make_unique<Form1>(*this);
+    setup_->attach(form1_->sounding, *form1_);
+    return *form1_;
 }
 
 // After everything else: the window is there to tell beside, and the folder for scores exists.
@@ -103,13 +120,16 @@ void Program::Command3_Click() {
     if (ending_ || ended_)
         return;
     ending_ = true;
-    splash_.reset();
+    if (splash_)
+        splash_->hide(); // and no more: its own showing may have let this through
     hints.unload();
-    form1_->hide();
-    platform_.midi.midiOutClose(form1_->sounding.MidiHandle);
-    for (const char* name : {"Form2", "Form3", "Record", "Wiz"})
-        unloadWindow(name);
-    form1_->Form_Unload();
+    if (form1_) {
+        form1_->hide();
+        platform_.midi.midiOutClose(form1_->sounding.MidiHandle);
+        for (const char* name : {"Form2", "Form3", "Record", "Wiz"})
+            unloadWindow(name);
+        form1_->Form_Unload();
+    }
     kept_.end();
     ended_ = true;
     platform_.loop.end();

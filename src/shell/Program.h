@@ -12,6 +12,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -30,9 +31,14 @@ public:
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
-    /// Everything from the splash to the moment when the user can act. False if the start was
-    /// refused because another copy runs.
-    bool start();
+    /// Everything from the splash to the moment when the user can act. `behindSplash`, if given, is
+    /// called once the splash is on the screen, for all that need not be there before: it makes the
+    /// main window and adds the tool windows. False if the start was refused because another copy
+    /// runs.
+    bool start(const std::function<void()>& behindSplash = {});
+
+    /// The main window, not loaded yet. The start makes it unless it is there.
+    Form1& makeMainWindow();
 
     /// True after the exit command, or after a start that was refused. Windows are off the screen;
     /// handlers that were running may still have to return.
@@ -56,7 +62,7 @@ public:
     void endFromOutside();
 
     [[nodiscard]] Studio& studio() { return studio_; }
-    [[nodiscard]] Form1& form1() { return *form1_; }
+    [[nodiscard]] Form1& form1() { return *form1_; } ///< from `makeMainWindow` on
     [[nodiscard]] SetupToolbar& setup() { return *setup_; }
 
     /// A window by its name: Form1, Form2, Form3, Frmmenu, Record, Wiz, frminfo, openerF. With
@@ -84,6 +90,7 @@ private:
         std::unique_ptr<ToolWindow> window;
     };
 
+    void showSplash();
     void recoverScores();
     void tellOfRecovered(const std::vector<std::string>& names);
     void scheduleDestruction();
@@ -105,7 +112,7 @@ private:
     std::vector<std::unique_ptr<QWidget>> waiting_; ///< to be destroyed
     std::vector<NamedWindow> toolWindows_;
     std::unique_ptr<openerF> splash_;
-    std::unique_ptr<Form1> form1_;
+    std::unique_ptr<Form1> form1_; ///< null until `makeMainWindow`
     bool ending_ = false;
     bool ended_ = false;
     int exitStatus_ = 0;

@@ -46,14 +46,6 @@ void openerF::paintEvent(QPaintEvent*) {
     };
     stroke(QColor(255, 255, 255, 40), 1.5);
     stroke(look::ink950, 0.5);
-    const QRect caption(40, 262, 400, 20);
-    QFont small = font();
-    small.setPixelSize(12);
-    painter.setFont(small);
-    painter.setPen(look::mist2);
-    painter.drawText(caption, Qt::AlignLeft | Qt::AlignVCenter,
-                     QStringLiteral("Desktop music studio"));
-    painter.drawText(caption, Qt::AlignRight | Qt::AlignVCenter, QStringLiteral("2.1"));
 }
 
 } // namespace velorin

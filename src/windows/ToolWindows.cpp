@@ -11,7 +11,7 @@
 namespace velorin {
 
 void addToolWindows(Program& program) {
-    Form1& form1 = program.form1();
+    Form1& form1 = program.makeMainWindow();
     auto editing = std::make_unique<EditingToolbar>(program.studio(), form1, form1);
     auto record = std::make_unique<RecordingToolbar>(program.studio(), form1.watch, form1, form1);
     form1.recording = record.get();

@@ -5,7 +5,8 @@ namespace velorin {
 
 class Program;
 
-/// Makes them known to the program under their names; before its start. None is loaded by this.
+/// Makes the main window, and them known to the program under their names; behind the splash. None
+/// is loaded by this.
 void addToolWindows(Program& program);
 
 } // namespace velorin

@@ -58,8 +58,7 @@ void Session::startProgram() {
     program_.reset();
     host.time.clearEnd();
     program_ = std::make_unique<velorin::Program>(host.platform);
-    velorin::addToolWindows(*program_);
-    program_->start();
+    program_->start([this] { velorin::addToolWindows(*program_); });
 }
 
 void Session::restart() {

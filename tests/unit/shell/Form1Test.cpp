@@ -24,7 +24,7 @@ struct Form1Test : testing::Test {
 
     scripted::ScriptedPlatform host;
     Program program{host.platform};
-    Form1& form = program.form1();
+    Form1& form = program.makeMainWindow();
 };
 
 TEST_F(Form1Test, TheButtonsDoNothingWhileTheStartIsNotOver) {

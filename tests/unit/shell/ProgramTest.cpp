@@ -9,6 +9,7 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
+#include <QTimer>
 
 #include <filesystem>
 #include <fstream>
@@ -69,6 +70,26 @@ TEST_F(ProgramTest, AFirstStartShowsTheMainWindowAndTheSetupToolbar) {
     EXPECT_EQ(program.focus.current(), nullptr);
     EXPECT_TRUE(exists("Songs"));
     EXPECT_FALSE(exists("media"));
+}
+
+TEST_F(ProgramTest, TheSplashStandsBeforeTheMainWindowIsMade) {
+    bool shown = false;
+    program.start([&] {
+        const QWidget* splash = program.window("openerF", false);
+        shown =
+            splash != nullptr && splash->isVisible() && program.window("Form1", false) == nullptr;
+    });
+    EXPECT_TRUE(shown);
+}
+
+TEST_F(ProgramTest, AnEndBehindTheSplashLeavesTheSettingsAlone) {
+    QTimer::singleShot(0, qApp, [this] { program.endFromOutside(); });
+    bool wentOn = false;
+    program.start([&wentOn] { wentOn = true; });
+    EXPECT_TRUE(program.hasEnded());
+    EXPECT_FALSE(wentOn);
+    EXPECT_THAT(host.midi.log, IsEmpty());
+    EXPECT_EQ(setting("form1 left"), "none");
 }
 
 // The last of what the start sends: the device reopened, and channel 0 on program 24 (18 hex).
