@@ -24,11 +24,11 @@
 
 namespace velorin::host::test {
 
-/// Looks until something is so that another thread does; false after ten seconds, which are far
-/// more than a busy machine needs.
+/// Looks until something is so that another thread does; false after a minute, which is far more
+/// than a busy machine needs.
 template <typename Condition>
 bool comesTrue(Condition condition) {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(60);
     while (!condition()) {
         if (std::chrono::steady_clock::now() > end)
             return false;

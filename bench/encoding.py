@@ -1,0 +1,135 @@
+"""Encodes to MP3 beside the `lame` program, and a folder of scores on one and on two cores."""
+
+import os
+import pathlib
+import random
+import resource
+import shutil
+import statistics
+import subprocess
+import sys
+import time
+
+HERE = pathlib.Path(__file__).resolve().parent
+sys.path.insert(0, str(HERE.parent / "tests" / "e2e"))
+
+import score_text  # noqa: E402
+from desk import check, wait_until  # noqa: E402
+from recorded import DELETE_WAV, ENCODE, OPEN, PREFERENCES, RECORD_PLAY, open_toolbar  # noqa: E402
+
+PAIRS = 5
+SOUND_FONT = "/usr/share/sounds/sf2/TimGM6mb.sf2"
+FORMATS = (372, 114)  # the list of formats on the toolbar's second tab
+BITRATE = 128
+BITRATE_ROW = 8  # among the toolbar's bitrates
+SCORES = 100
+
+
+def song(columns, tempo, seed=1):
+    """Four rows of notes and a drum."""
+    chance = random.Random(seed)
+    score = score_text.Score(tempo)
+    for row in range(4):
+        instrument = chance.randrange(80)
+        for column in range(0, columns - 4, 2):
+            score.note(row, column, chance.randrange(50, 75), 2, instrument)
+    for column in range(0, columns - 4, 4):
+        score.note(8, column, 57, 1, 129)
+    return score
+
+
+def timed(command, environment=None):
+    """Wall time and processor time of a program, seconds."""
+    before, start = resource.getrusage(resource.RUSAGE_CHILDREN), time.monotonic()
+    subprocess.run(command, check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, env=environment)
+    after = resource.getrusage(resource.RUSAGE_CHILDREN)
+    return (time.monotonic() - start,
+            after.ru_utime + after.ru_stime - before.ru_utime - before.ru_stime)
+
+
+def add_ratio(add, name, ours, theirs, limit):
+    """As many times as fast as the other in the median of the pairs, by the clock and by the processor's time."""
+    for i, kind in enumerate(("wall", "processor")):
+        ratios = [b[i] / a[i] for a, b in zip(ours, theirs)]
+        told = f"{statistics.median(a[i] for a in ours):.2f} s, lame {statistics.median(b[i] for b in theirs):.2f} s"
+        add(f"{name}, {kind} time", "x lame", ratios, f"{limit}", told, statistics.median(ratios) >= limit)
+
+
+def press_encode(desk, program, mp3, processor_seconds):
+    mp3.unlink(missing_ok=True)
+    pid = program.process.pid
+    place = program.place_in("Recording Toolbar", ENCODE)
+    desk.point(*place)
+    used, start = processor_seconds(pid), time.time()
+    desk.click(*place)
+    sizes = []
+
+    def stands_still():
+        sizes.append(mp3.stat().st_size if mp3.exists() else 0)
+        time.sleep(0.05)
+        return len(sizes) > 6 and sizes[-1] > 0 and sizes[-1] == sizes[-6]
+    wait_until(stands_still, "the MP3", 300)
+    return mp3.stat().st_mtime - start, processor_seconds(pid) - used
+
+
+def choose_stereo(desk, program):
+    """The last row of the formats: the encoder is told of two sides at 44,100."""
+    desk.click(*program.place_in("Recording Toolbar", PREFERENCES))
+    with desk.popup():
+        desk.click(*program.place_in("Recording Toolbar", FORMATS))
+    with desk.popup(opens=False):
+        desk.key("End", "Return")
+    desk.click(*program.place_in("Recording Toolbar", RECORD_PLAY))
+
+
+def measure_encode(desk, build, add, processor_seconds):
+    desk.songs.mkdir(exist_ok=True)
+    score, wav = desk.folder / "song.sng", desk.songs / "song.wav"
+    score.write_bytes(song(1000, 50).text())
+    convert = build / "bin" / "velorin-convert"
+    subprocess.run([convert, score, "-o", wav, "--soundfont", SOUND_FONT], check=True)
+    ours, theirs = desk.folder / "ours.mp3", desk.folder / "theirs.mp3"
+    lame = ["lame", "--quiet", "-b", str(BITRATE), "-m", "j"]
+    settings = desk.home / ".config" / "velorin" / "Velorin 2.1.ini"
+    settings.parent.mkdir(parents=True, exist_ok=True)
+    settings.write_text(f"[Settings]\nMP3%20bitrate={BITRATE_ROW}\n")
+    program = desk.launch()
+    program.main_window()
+    open_toolbar(desk, program, DELETE_WAV)
+    choose_stereo(desk, program)
+    desk.click(*program.place_in("Recording Toolbar", OPEN))
+    desk.choose_file("Open File", wav.name)
+    button, by_lame = [], []
+    for _ in range(PAIRS):
+        button.append(press_encode(desk, program, wav.with_suffix(".mp3"), processor_seconds))
+        by_lame.append(timed([*lame, "-q", "5", wav, theirs]))  # what "Normal" stands for
+    size, expected = wav.with_suffix(".mp3").stat().st_size, theirs.stat().st_size
+    check(abs(size - expected) < 0.01 * expected, f"the MP3 has {size} bytes and not {expected}")
+    program.end()
+    add_ratio(add, "encoding by the button", button, by_lame, 0.9)
+    converted, by_lame = [], []
+    for _ in range(PAIRS):
+        converted.append(timed([convert, wav, "-o", ours, "--bitrate", str(BITRATE)]))
+        by_lame.append(timed([*lame, wav, theirs]))
+    add_ratio(add, "encoding by velorin-convert", converted, by_lame, 1.0)
+
+
+def measure_folder(desk, build, add):
+    scores = desk.folder / "scores"
+    scores.mkdir()
+    for i in range(SCORES):
+        (scores / f"{i}.sng").write_bytes(song(120, 100, i).text())
+    runs = {1: [], 2: []}
+    for _ in range(3):
+        for jobs, taken in runs.items():
+            out = desk.folder / f"out{jobs}"
+            shutil.rmtree(out, ignore_errors=True)
+            taken.append(timed([build / "bin" / "velorin-convert", "--to", "mp3", "--out", out, "--jobs", str(jobs),
+                                "--soundfont", SOUND_FONT, scores]))
+            check(len(list(out.glob("*.mp3"))) == SCORES, "an MP3 is missing")
+    faster = [one[0] / two[0] for one, two in zip(runs[1], runs[2])]
+    told = "{:.1f} s and {:.1f} s".format(*(statistics.median(run[0] for run in runs[jobs]) for jobs in (1, 2)))
+    enough = len(os.sched_getaffinity(0)) >= 2
+    add(f"{SCORES} scores to MP3, two jobs", "x one", faster, "1.8", told,
+        statistics.median(faster) >= 1.8 if enough else None)
+    add("the same, processor time", "x one", [two[1] / one[1] for one, two in zip(runs[1], runs[2])], "")

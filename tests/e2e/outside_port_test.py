@@ -1,0 +1,92 @@
+"""Records while an outside MIDI port plays: the port gets the notes, and what the sound card hears is in the WAV."""
+
+import array
+import math
+import os
+import shutil
+import wave
+
+import listen
+from desk import PATIENCE_S, Desk, check, run, wait_until
+from recorded import AUTO_ENCODE, START, from_first_sound, left_of, one_new, open_score, open_toolbar
+from score_text import Score
+
+TEMPO = 120
+COLUMN_S = 12 / TEMPO
+MELODY = [60, 65, 67, 58, 63]  # pitch indices, counted from the top: the keys are 127 less these
+NOTE_COLUMNS = 6
+OCARINA = 79
+HEARD_KEY = 57  # what the sound card hears meanwhile, which no note of the melody is
+LEVEL = 8000
+
+
+class DeskWithPort(Desk):
+    """A MIDI port that writes down what it gets, and a microphone that hears one tone."""
+
+    def open_sound(self):
+        super().open_sound()
+        self.environment.update(JACK_NO_AUDIO_RESERVATION="1", JACK_NO_START_SERVER="1",
+                                JACK_DEFAULT_SERVER=f"velorin-{os.getpid()}")
+        self.start(["jackd", "-n", self.environment["JACK_DEFAULT_SERVER"], "-r", "-d", "dummy", "-r", "44100",
+                    "-p", "256"])
+        wait_until(lambda: "playback_1" in self.told(["jack_lsp"]), "the MIDI server")
+        self.notes = self.folder / "notes.txt"
+        self.start(["stdbuf", "-oL", "jack_midi_dump"], stdout=open(self.notes, "wb"))
+        wait_until(lambda: "midi-monitor:input" in self.told(["jack_lsp"]), "the MIDI port")
+        self.told(["pactl", "load-module", "module-null-sink", "sink_name=mic", "rate=44100", "channels=2",
+                   "format=s16le", "sink_properties=device.description=MicSink"])
+        self.told(["pactl", "set-default-sink", "out"])
+        self.told(["pactl", "set-default-source", "mic.monitor"])
+        tone = self.folder / "tone.wav"
+        with wave.open(str(tone), "wb") as file:
+            file.setparams((1, 2, listen.RATE, 0, "NONE", ""))
+            step = 2 * math.pi * listen.key_to_hz(HEARD_KEY) / listen.RATE
+            file.writeframes(array.array("h", (int(LEVEL * math.sin(step * i))
+                                               for i in range(120 * listen.RATE))).tobytes())
+        self.start(["paplay", "-d", "mic", str(tone)])
+
+
+def tune():
+    score = Score(TEMPO)
+    for i, pitch in enumerate(MELODY):
+        score.note(0, NOTE_COLUMNS * i, pitch, NOTE_COLUMNS, OCARINA)
+    score.row_instruments[0] = OCARINA
+    return score
+
+
+def keys_played(desk):
+    """The keys of all notes that began at the port."""
+    words = (line.split() for line in desk.notes.read_text("utf-8", "replace").splitlines())
+    return [int(line[2], 16) for line in words if len(line) > 3 and line[1] == "90" and line[3] != "00"]
+
+
+def test(build):
+    if not all(shutil.which(program) for program in ("jackd", "jack_lsp", "jack_midi_dump")):
+        return
+    with DeskWithPort(build) as desk:
+        desk.songs.mkdir()
+        (desk.songs / "tune.sng").write_bytes(tune().text())
+        program = desk.launch()
+        program.main_window()
+        desk.click(*program.setup("setup"))
+        program.choose_instrument("midi-", "Combo2")
+        open_score(desk, program, "tune.sng", MELODY[0])
+        open_toolbar(desk, program, AUTO_ENCODE)
+        before = set(desk.songs.iterdir())
+        desk.click(*program.place_in("Recording Toolbar", START))
+        length = NOTE_COLUMNS * len(MELODY) * COLUMN_S
+        wav = wait_until(lambda: one_new(desk, ".wav", before), "the WAV", length + PATIENCE_S)
+        keys = keys_played(desk)
+        check(keys == [127 - pitch for pitch in MELODY], f"the port got the keys {keys}")
+        sound = from_first_sound(left_of(wav))
+        check(len(sound) > 0.8 * length * listen.RATE, f"{len(sound) / listen.RATE:.2f} s were recorded")
+        for i in range(len(MELODY)):
+            middle = int((i + 0.5) * NOTE_COLUMNS * COLUMN_S * listen.RATE)
+            heard = listen.key_of(sound[middle:middle + 4096])
+            check(heard == HEARD_KEY, f"during note {i} the recording has key {heard}")
+            loud = listen.loudness(sound[middle:middle + 4096])
+            check(0.9 * LEVEL < loud < 1.1 * LEVEL, f"the recording is as loud as {loud}")
+        program.end()
+
+
+run(test)
