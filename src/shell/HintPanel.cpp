@@ -30,6 +30,7 @@ HintPanel::HintPanel()
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint),
       Label1(new QLabel(this)),
       imgTitleClose(new QToolButton(this)),
+      Timer1(new QWidget(this)),
       place(*this),
       title_(new QLabel(QStringLiteral("Velorin Wizard"), this)) {
     setObjectName("frminfo");
@@ -50,6 +51,9 @@ HintPanel::HintPanel()
     imgTitleClose->setIconSize(QSize(16, 16));
     imgTitleClose->setAccessibleName(QStringLiteral("Close"));
     imgTitleClose->setFocusPolicy(Qt::TabFocus);
+    Timer1->setObjectName("Timer1");
+    Timer1->setEnabled(false);
+    Timer1->hide();
     connect(imgTitleClose, &QToolButton::clicked, this, [this] { leave(); });
     setFocus(); // and so the button has no ring when the window becomes active
     setText({}, false);

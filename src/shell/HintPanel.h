@@ -20,6 +20,7 @@ public:
 
     QLabel* Label1;
     QToolButton* imgTitleClose;
+    QWidget* Timer1;   ///< never shown; enabled while a hint's time runs
     WindowPlace place; ///< in twips
 
     /// Sets the text and makes the window as high as it needs. Width 360 for a hint, 460 for a

@@ -84,8 +84,13 @@ void frminfo::showLesson(const std::string& text, float left, float top) {
         face.setText(QString::fromStdString(text), true);
         return;
     }
-    unload();
-    waitBeforeLesson();
+    if (loaded_) {
+        // A window that is loaded has its second behind it; a hint's time does not end a lesson.
+        stopTimer1();
+        face.hide();
+    } else {
+        waitBeforeLesson();
+    }
     if (platform_.loop.isEnding()) {
         return;
     }
@@ -118,8 +123,11 @@ void frminfo::waitForLoad() {
     waiting_ = nested;
 }
 
-// A load of its own: the hints of what the pointer passes meanwhile do not prolong it.
+// A load of its own: the hints of what the pointer passes meanwhile do not prolong it. As with a
+// hint, the window is loaded from the beginning of the wait on.
 void frminfo::waitBeforeLesson() {
+    panel().setText({}, false);
+    loaded_ = true;
     const std::int64_t end = platform_.clock.QueryPerformanceCounter() +
                              loadWaitSeconds * platform_.clock.QueryPerformanceFrequency();
     ++lessonsWaiting_;
@@ -133,8 +141,7 @@ void frminfo::unload() {
     if (lessonOpen_) {
         return;
     }
-    platform_.timers.cancel(timer1_);
-    timer1_ = 0;
+    stopTimer1();
     loaded_ = false;
     if (panel_) {
         panel_->hide();
@@ -150,11 +157,19 @@ void frminfo::startTimer1() {
     // A timer that runs already goes on as it is.
     if (timer1_ == 0) {
         timer1_ = platform_.timers.after(hintStandsMs, [this] { Timer1_Timer(); });
+        panel().Timer1->setEnabled(true);
+    }
+}
+
+void frminfo::stopTimer1() {
+    platform_.timers.cancel(timer1_);
+    timer1_ = 0;
+    if (panel_) {
+        panel_->Timer1->setEnabled(false);
     }
 }
 
 void frminfo::Timer1_Timer() {
-    timer1_ = 0;
     panel().setText({}, false);
     unload();
 }

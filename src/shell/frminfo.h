@@ -46,6 +46,7 @@ public:
 
     /// What a click on the text, a double click or the title's button do: ends a hint or a lesson.
     void imgTitleClose_Click();
+    void Timer1_Timer(); ///< empties the text and takes the hint off the screen
 
     [[nodiscard]] bool isLoaded() const { return loaded_; }
     [[nodiscard]] bool isLessonOpen() const { return lessonOpen_; }
@@ -57,7 +58,7 @@ private:
     void waitForLoad();
     void waitBeforeLesson();
     void startTimer1();
-    void Timer1_Timer();
+    void stopTimer1();
 
     platform::Platform& platform_;
     std::unique_ptr<HintPanel> panel_; ///< made once and kept; loading it is a matter of state

@@ -22,6 +22,7 @@ Operations menuOperations() {
         operation("frminfo.imgTitleClose_Click", hints, &frminfo::imgTitleClose_Click),
         operation("frminfo.Label1_Click", hints, &frminfo::imgTitleClose_Click),
         operation("frminfo.Label1_DblClick", hints, &frminfo::imgTitleClose_Click),
+        operation("frminfo.Timer1_Timer", hints, &frminfo::Timer1_Timer),
     };
     for (int number = 1; number <= 5; ++number) {
         for (const MenuEntry& entry : popupTable(number).entries) {

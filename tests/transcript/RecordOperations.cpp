@@ -96,15 +96,16 @@ Operations playerOperations() {
     };
 }
 
-Operations encodingOperations() {
+/// The encoder's procedures that are no handlers answer with and without their window's name.
+Operations encodingOperations(const std::string& owner) {
     const auto encoding = [](Session& session) -> Mp3Encoding& {
         return loadedToolbar(session).encoding;
     };
     return {
-        operation("Record.Command20_Click", encoding, &Mp3Encoding::Command20_Click),
-        operation("Record.EncodeWavFile", encoding, &Mp3Encoding::EncodeWavFile),
-        operation("Record.GetLamePath", encoding, &Mp3Encoding::GetLamePath),
-        {"Record.ChangeExtension",
+        operation(owner + "Command20_Click", encoding, &Mp3Encoding::Command20_Click),
+        operation(owner + "EncodeWavFile", encoding, &Mp3Encoding::EncodeWavFile),
+        operation(owner + "GetLamePath", encoding, &Mp3Encoding::GetLamePath),
+        {owner + "ChangeExtension",
          [](Session&, Arguments& arguments) {
              const std::string name = arguments.text();
              const std::string extension = arguments.text();
@@ -149,7 +150,8 @@ Operations recordOperations() {
     Operations all = windowOperations();
     append(all, captureOperations());
     append(all, playerOperations());
-    append(all, encodingOperations());
+    for (const char* owner : {"Form1.", "Record."})
+        append(all, encodingOperations(owner));
     for (const char* owner : {"Form1.", "Record.", "modMultimedia."})
         append(all, moduleOperations(owner));
     return all;

@@ -30,6 +30,7 @@ Operations stepOperations() {
         operation("Wiz.L1M_Click", tutorial, &Tutorial::L1M_Click),
         operation("Wiz.L1S_Click", tutorial, &Tutorial::L1S_Click),
         operation("Wiz.pause1", tutorial, &Tutorial::pause1),
+        operation("Form1.pause1", tutorial, &Tutorial::pause1),
     };
 }
 
