@@ -132,6 +132,7 @@ def measure(desk, build, seconds, add, processor_seconds, memory_mib):
     program.main_window()
     program.press(2)
     desk.choose_file("Open Score File", score.name)
+    time.sleep(2)
     open_toolbar(desk, program, AUTO_ENCODE)
     pid = program.process.pid
     for source, name, path in (("score", "score", score), ("MID file", "mid", midi)):

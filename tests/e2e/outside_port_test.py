@@ -1,9 +1,12 @@
-"""Records while an outside MIDI port plays: the port gets the notes, and what the sound card hears is in the WAV."""
+"""Records while an outside MIDI port plays: the port gets the notes, and what the sound card hears is in the WAV. When
+the card goes away the recording goes on with silence, in its own time."""
 
 import array
 import math
 import os
+import pathlib
 import shutil
+import time
 import wave
 
 import listen
@@ -14,7 +17,7 @@ from score_text import Score
 TEMPO = 120
 COLUMN_S = 12 / TEMPO
 MELODY = [60, 65, 67, 58, 63]  # pitch indices, counted from the top: the keys are 127 less these
-NOTE_COLUMNS = 6
+NOTE_COLUMNS = 16
 OCARINA = 79
 HEARD_KEY = 57  # what the sound card hears meanwhile, which no note of the melody is
 LEVEL = 8000
@@ -54,10 +57,34 @@ def tune():
     return score
 
 
+def processor_seconds(pid):
+    tasks = pathlib.Path(f"/proc/{pid}/task").iterdir()
+    return sum(int((task / "schedstat").read_text().split()[0]) for task in tasks) / 1e9
+
+
 def keys_played(desk):
     """The keys of all notes that began at the port."""
     words = (line.split() for line in desk.notes.read_text("utf-8", "replace").splitlines())
     return [int(line[2], 16) for line in words if len(line) > 3 and line[1] == "90" and line[3] != "00"]
+
+
+def recorded_seconds(desk):
+    return sum(part.stat().st_size for part in desk.songs.glob(".recording-*.part")) / 4 / listen.RATE
+
+
+def check_without_card(desk, program):
+    desk.click(*program.place_in("Recording Toolbar", START))
+    wait_until(lambda: recorded_seconds(desk) > 1, "a second of recording")
+    desk.lose_sound()
+    time.sleep(0.5)
+    start, before, used = time.monotonic(), recorded_seconds(desk), processor_seconds(program.process.pid)
+    time.sleep(3)
+    elapsed = time.monotonic() - start
+    rate = (recorded_seconds(desk) - before) / elapsed
+    check(0.9 < rate < 1.1, f"without a card the recording runs at {rate:.3f} of its rate")
+    share = (processor_seconds(program.process.pid) - used) / elapsed
+    check(share < 0.3, f"without a card the recording takes {100 * share:.0f} % of a core")
+    wait_until(lambda: not recorded_seconds(desk), "the end of the recording", 60)
 
 
 def test(build):
@@ -86,7 +113,9 @@ def test(build):
             check(heard == HEARD_KEY, f"during note {i} the recording has key {heard}")
             loud = listen.loudness(sound[middle:middle + 4096])
             check(0.9 * LEVEL < loud < 1.1 * LEVEL, f"the recording is as loud as {loud}")
-        program.end()
+        check_without_card(desk, program)
+        program.press(14)
+        check(program.process.wait(PATIENCE_S) == 0, "the program does not end well")
 
 
 run(test)

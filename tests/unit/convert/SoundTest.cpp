@@ -1,4 +1,5 @@
 // MP3 files out of everything that sounds, and folders of it.
+#include "../host/FullDisk.h"
 #include "../recorded/OtherPrograms.h"
 #include "convert/Batch.h"
 #include "convert/Conversion.h"
@@ -159,6 +160,26 @@ TEST_F(ASoundConversion, MakesNoScoreOfSound) {
     EXPECT_EQ(make("a.wav", "b.mp3", Kind::mp3), (folder_ / "a.wav").string() + " is no WAV file");
     EXPECT_EQ(make("a.mid", "b.mp3", Kind::mp3), (folder_ / "a.mid").string() + " is no MIDI file");
     EXPECT_FALSE(fs::exists(folder_ / "b.mp3"));
+}
+
+TEST_F(ASoundConversion, OntoADiskThatFillsSaysWhyAndLeavesNothing) {
+    write("a.mp3", "older");
+    {
+        const host::test::FullDisk disk(20'000);
+        for (const Kind kind : {Kind::wav, Kind::mp3}) {
+            const std::string target = kind == Kind::wav ? "a.wav" : "a.mp3";
+            const std::string problem = make("in/a.sng", target, kind);
+            EXPECT_THAT(problem,
+                        testing::StartsWith((folder_ / target).string() + " cannot be written: "));
+            EXPECT_THAT(problem, testing::HasSubstr("File too large"));
+        }
+    }
+    EXPECT_FALSE(fs::exists(folder_ / "a.wav"));
+    EXPECT_EQ(fs::file_size(folder_ / "a.mp3"), 5U) << "what was there before stays";
+    std::size_t files = 0;
+    for (const auto& entry : fs::directory_iterator(folder_))
+        files += entry.is_regular_file() ? 1 : 0;
+    EXPECT_EQ(files, 1U);
 }
 
 TEST_F(ASoundConversion, OfAFolderGoesOnAfterABadFileAndSkipsWhatIsDone) {
