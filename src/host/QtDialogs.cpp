@@ -5,6 +5,8 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
+#include <QTreeView>
 
 #include <algorithm>
 
@@ -41,6 +43,9 @@ std::optional<platform::FileDialogAnswer> QtDialogs::ask(const platform::FileDia
     dialog.setFileMode(mustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite,
                      (request.flags & platform::ofnOverwritePrompt) == 0);
+    // Sizes and dates are read whole.
+    if (const auto* files = dialog.findChild<QTreeView*>())
+        files->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     // The tool windows stay above all others; the dialog must not lie under them.
     dialog.setWindowFlag(Qt::WindowStaysOnTopHint);
     const QStringList filters = nameFilters(request.filter);

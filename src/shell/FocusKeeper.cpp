@@ -6,6 +6,8 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 
+#include <algorithm>
+
 namespace velorin {
 
 namespace {
@@ -43,6 +45,9 @@ void FocusKeeper::moveTo(QWidget* control) {
     const QPointer<QWidget> old = current_;
     const QPointer<QWidget> next = control;
     current_ = control;
+    std::erase_if(visited_, [](const QPointer<QWidget>& one) { return one.isNull(); });
+    if (!isVisited(control))
+        visited_.emplace_back(control);
     if (old)
         if (const auto known = handlers_.find(old); known != handlers_.end() && known->second.lost)
             known->second.lost();
@@ -58,6 +63,10 @@ void FocusKeeper::onGot(QWidget* control, std::function<void()> handler) {
 
 void FocusKeeper::onLost(QWidget* control, std::function<void()> handler) {
     handlersOf(control).lost = std::move(handler);
+}
+
+bool FocusKeeper::isVisited(const QWidget* control) const {
+    return std::ranges::any_of(visited_, [control](const auto& one) { return one == control; });
 }
 
 FocusKeeper::Handlers& FocusKeeper::handlersOf(QWidget* control) {
@@ -93,11 +102,13 @@ void FocusKeeper::followWindowSystem(QWidget* control, Qt::FocusReason reason) {
     const bool isTab = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
     const bool isUsers = reason == Qt::MouseFocusReason || reason == Qt::ShortcutFocusReason ||
                          (isTab && tabPressed_);
+    const bool isFirstOfWindow = reason == Qt::ActiveWindowFocusReason && !isVisited(control);
     if (isUsers && !control->isWindow())
         moveTo(control);
-    else if (isTab && !tabPressed_)
-        // The control that had the keyboard was disabled or hidden. The keyboard waits at the
-        // window, so that no key presses a button which the user did not go to.
+    else if ((isTab && !tabPressed_) || (isFirstOfWindow && !control->isWindow()))
+        // The control that had the keyboard was disabled or hidden, or a window became active in
+        // which nobody has gone to a control. The keyboard waits at the window, so that no key
+        // presses a button which the user did not go to.
         control->window()->setFocus(Qt::OtherFocusReason);
 }
 

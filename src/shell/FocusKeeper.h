@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <unordered_map>
+#include <vector>
 
 namespace velorin {
 
@@ -42,9 +43,11 @@ private:
 
     Handlers& handlersOf(QWidget* control);
     void moveTo(QWidget* control);
+    [[nodiscard]] bool isVisited(const QWidget* control) const;
     void followWindowSystem(QWidget* control, Qt::FocusReason reason);
 
     QPointer<QWidget> current_;
+    std::vector<QPointer<QWidget>> visited_; ///< have had the focus
     std::unordered_map<QObject*, Handlers> handlers_;
     bool tabPressed_ = false;
 };

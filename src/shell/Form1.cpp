@@ -73,6 +73,7 @@ Form1::Form1(Program& program)
     setObjectName("Form1");
     setWindowTitle("Velorin");
     setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_AlwaysShowToolTips); // whichever of the program's windows is active
     setContextMenuPolicy(Qt::PreventContextMenu);
     makeTitle();
     makeHiddenControls();

@@ -137,6 +137,9 @@ int Form1::toolbMenuHeight() {
 
 void Form1::setPicture2Left(int left) {
     Picture2->move(left, Picture2->y());
+    // In a narrow window the buttons of the toolbar need its place.
+    constexpr int rightOfButtons = 26 + 550 + 36;
+    Picture2->setVisible(left > rightOfButtons);
 }
 
 int Form1::picture2Width() {

@@ -5,6 +5,7 @@
 #include "platform/Platform.h"
 #include "score/Studio.h"
 #include "shell/FocusKeeper.h"
+#include "shell/HoverKeeper.h"
 #include "shell/KeptScore.h"
 #include "shell/SkinnedFrame.h"
 #include "shell/ToolWindow.h"
@@ -101,6 +102,7 @@ private:
 
 public:
     FocusKeeper focus;
+    HoverKeeper hover;
     FrameState frames;
     frminfo hints;
     QString activeToolbar; ///< the tool window that was active last

@@ -26,6 +26,7 @@ ToolFrame::ToolFrame(const Face& face, FrameState& state)
     setWindowTitle(QString::fromLatin1(face.title).trimmed());
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_ShowWithoutActivating);
+    setAttribute(Qt::WA_AlwaysShowToolTips); // whichever of the program's windows is active
     const QString icon = QStringLiteral(":/look/") + face.icon;
     setWindowIcon(QIcon(icon));
     resize(face.size);

@@ -127,6 +127,7 @@ class Desk:
         self.has_manager = manager
         self.running = []
         self.programs = []
+        self.tips = {}
         self.recorder = None
 
     def __enter__(self):
@@ -305,7 +306,14 @@ class Desk:
 
     def shown(self):
         """The program's windows on the screen, its lists and menus among them."""
-        return self.tool("search", "--onlyvisible", "--class", "velorin")
+        return [window for window in self.tool("search", "--onlyvisible", "--class", "velorin")
+                if not self.is_tool_tip(window)]
+
+    def is_tool_tip(self, window):
+        """A tool tip comes and goes by itself. What a window is does not change, and is asked once."""
+        if window not in self.tips:
+            self.tips[window] = "TOOLTIP" in self.told(["xprop", "-id", window, "_NET_WM_WINDOW_TYPE"])
+        return self.tips[window]
 
     def settled(self, window):
         """A window's place once it is painted and stands still."""

@@ -57,6 +57,21 @@ TEST_F(FocusKeeperTest, TheOldControlLosesTheFocusBeforeTheNewOneGetsIt) {
     EXPECT_THAT(log, ElementsAre("got first", "lost first", "got second"));
 }
 
+TEST_F(FocusKeeperTest, TheFirstControlOfAWindowThatBecomesActiveDoesNotGetTheKeyboard) {
+    first->setFocus(Qt::ActiveWindowFocusReason);
+    windowSystemFocuses(first, Qt::ActiveWindowFocusReason);
+    EXPECT_FALSE(first->hasFocus());
+    EXPECT_EQ(keeper.current(), nullptr);
+}
+
+TEST_F(FocusKeeperTest, WhoHadItKeepsTheKeyboardWhenTheWindowBecomesActiveAgain) {
+    keeper.give(first);
+    keeper.give(second);
+    first->setFocus(Qt::ActiveWindowFocusReason);
+    windowSystemFocuses(first, Qt::ActiveWindowFocusReason);
+    EXPECT_EQ(window.focusWidget(), first);
+}
+
 TEST_F(FocusKeeperTest, GivingItToWhoHasItRunsNothing) {
     keeper.give(first);
     log.clear();
