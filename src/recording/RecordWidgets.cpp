@@ -110,14 +110,12 @@ void LabelButton::keyPressEvent(QKeyEvent* event) {
 
 StatusLabel::StatusLabel(QWidget* parent) : QLabel(parent) {}
 
-void StatusLabel::showText(const QString& text) {
-    if (text == this->text())
+void StatusLabel::setCaption(const QString& caption) {
+    caption_ = caption;
+    if (pause_.isActive() || caption_ == text())
         return;
-    setText(text);
-    if (pause_.isActive())
-        return;
+    setText(caption_);
     repaint();
-    setUpdatesEnabled(false);
     pause_.start(paintPauseMs, this);
 }
 
@@ -125,7 +123,7 @@ void StatusLabel::timerEvent(QTimerEvent* event) {
     if (event->timerId() != pause_.timerId())
         return QLabel::timerEvent(event);
     pause_.stop();
-    setUpdatesEnabled(true); // what changed meanwhile is painted now
+    setCaption(caption_); // what has changed meanwhile
 }
 
 ProgressTrack::ProgressTrack(QWidget* parent) : QWidget(parent) {}

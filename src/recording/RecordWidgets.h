@@ -52,19 +52,22 @@ private:
     void mark(const char* property, bool set);
 };
 
-/// `Status`: a text that may change thousands of times a second. It is painted at most some thirty
-/// times of them, so that an encoding is not slowed down by telling how far it is.
+/// `Status`: a caption that may change thousands of times a second. It is set out and painted at
+/// most some thirty times of them, so that an encoding is not slowed down by telling how far it is.
 class StatusLabel : public QLabel {
     Q_OBJECT
+    Q_PROPERTY(QString caption READ caption)
 
 public:
     explicit StatusLabel(QWidget* parent);
-    void showText(const QString& text);
+    void setCaption(const QString& caption);
+    [[nodiscard]] const QString& caption() const { return caption_; }
 
 protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
+    QString caption_;
     QBasicTimer pause_; ///< runs while nothing is painted
 };
 

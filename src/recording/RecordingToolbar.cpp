@@ -76,6 +76,8 @@ void RecordingToolbar::closeDevices() {
 }
 
 std::string RecordingToolbar::caption(RecordCaption control) {
+    if (control == RecordCaption::Status)
+        return form().Status->caption().toStdString();
     const QLabel* label = form().label(control);
     return (label != nullptr ? label->text() : form().Command20->text()).toStdString();
 }
@@ -83,7 +85,7 @@ std::string RecordingToolbar::caption(RecordCaption control) {
 void RecordingToolbar::setCaption(RecordCaption control, const std::string& text) {
     const QString caption = QString::fromStdString(text);
     if (control == RecordCaption::Status)
-        form().Status->showText(caption);
+        form().Status->setCaption(caption);
     else if (QLabel* label = form().label(control))
         label->setText(caption);
     else

@@ -172,6 +172,8 @@ Lines captionOf(QWidget& control) {
         return answer(control.windowTitle().toStdString());
     if (const auto* button = qobject_cast<QAbstractButton*>(&control))
         return answer(button->text().toStdString());
+    if (const QVariant caption = control.property("caption"); caption.isValid())
+        return answer(caption.toString().toStdString());
     if (const auto* label = qobject_cast<QLabel*>(&control))
         return answer(label->text().toStdString());
     refuse(control);
