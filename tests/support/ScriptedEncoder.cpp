@@ -8,6 +8,8 @@ namespace scripted {
 
 namespace {
 
+constexpr std::uint32_t chunkBytes = 4;
+
 std::string hexOf(std::uint32_t number, int digits) {
     char text[16];
     std::snprintf(text, sizeof text, "%0*X", digits, number);
@@ -46,7 +48,7 @@ std::uint32_t ScriptedEncoder::beInitStream(const platform::ConfigRecord& config
     if (const std::uint32_t code = codeOf("init"); code != platform::encoderSuccess)
         return code;
     samplesOut = samples;
-    sizeOut = outputSize;
+    sizeOut = std::max(outputSize, chunkBytes); // so that the answers below always have room
     stream = 1;
     return platform::encoderSuccess;
 }
@@ -59,8 +61,7 @@ std::uint32_t ScriptedEncoder::beEncodeChunk(platform::EncoderStream, std::uint3
     bytes = 0;
     if (const std::uint32_t code = codeOf("chunk"); code != platform::encoderSuccess)
         return code;
-    // A buffer that is smaller than the answer gets what it can hold.
-    bytes = std::min<std::uint32_t>(4, outputSize);
+    bytes = chunkBytes;
     for (std::uint32_t i = 0; i < bytes; ++i)
         output[i] = static_cast<std::uint8_t>(i);
     return platform::encoderSuccess;
@@ -72,7 +73,7 @@ std::uint32_t ScriptedEncoder::beDeinitStream(platform::EncoderStream, std::uint
     bytes = 0;
     if (const std::uint32_t code = codeOf("flush"); code != platform::encoderSuccess)
         return code;
-    bytes = std::min<std::uint32_t>(2, outputSize);
+    bytes = 2;
     for (std::uint32_t i = 0; i < bytes; ++i)
         output[i] = i == 0 ? 0xFF : 0xFE;
     return platform::encoderSuccess;

@@ -36,5 +36,15 @@ TEST(TheScriptedEncoder, LogsItsCallsAndGivesItsFewBytes) {
     EXPECT_EQ(encoder.log[2], "flush");
 }
 
+TEST(TheScriptedEncoder, AlwaysAsksForRoomForItsBytes) {
+    ScriptedEncoder encoder;
+    encoder.outputSize = 1;
+    std::uint32_t samples = 0;
+    std::uint32_t size = 0;
+    platform::EncoderStream stream = 0;
+    EXPECT_EQ(encoder.beInitStream({}, samples, size, stream), 0U);
+    EXPECT_EQ(size, 4U);
+}
+
 } // namespace
 } // namespace scripted
