@@ -268,15 +268,7 @@ void Form1::mousePressEvent(QMouseEvent* event) {
     if (event->button() == Qt::RightButton && studio_.run.RightClickMode == 1)
         popupCommand1();
     else
-        drag_->press(*event);
-}
-
-void Form1::mouseMoveEvent(QMouseEvent* event) {
-    drag_->move(*event);
-}
-
-void Form1::mouseReleaseEvent(QMouseEvent*) {
-    drag_->release();
+        drag_->DragWindow(event->buttons(), event->globalPosition().toPoint());
 }
 
 /// The wheel over the tableaux turns the scroll bars: three lines, or three columns with Shift.

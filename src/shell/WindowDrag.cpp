@@ -65,42 +65,20 @@ bool WindowDrag::DragWindow(Qt::MouseButtons buttons, QPoint place) {
     return true;
 }
 
-void WindowDrag::press(const QMouseEvent& event) {
-    if (event.button() == Qt::LeftButton)
-        pressed_ = {event.globalPosition().toPoint(), window_->pos()};
-}
-
-void WindowDrag::move(const QMouseEvent& event) {
-    if (!event.buttons().testFlag(Qt::LeftButton)) {
-        release();
-        return;
-    }
-    const QPoint place = event.globalPosition().toPoint();
-    if (pressed_ && !event.buttons().testFlag(Qt::RightButton)) {
-        // What the pointer has gone until now is made up for, and the rest left to the desktop.
-        if (!window_->isMaximized()) {
-            window_->move(pressed_->window + place - pressed_->pointer);
-        }
-        DragWindow(event.buttons(), place);
-    }
-    pressed_.reset();
-    if (following_) {
-        window_->move(place - grip_);
-    }
-}
-
-void WindowDrag::release() {
-    pressed_.reset();
-    following_ = false;
-}
-
 bool WindowDrag::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::MouseButtonPress) {
-        press(*static_cast<QMouseEvent*>(event));
-    } else if (event->type() == QEvent::MouseMove) {
-        move(*static_cast<QMouseEvent*>(event));
-    } else if (event->type() == QEvent::MouseButtonRelease) {
-        release();
+    const auto type = event->type();
+    if (type == QEvent::MouseButtonPress) {
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        if (mouse->button() == Qt::LeftButton) {
+            DragWindow(mouse->buttons(), mouse->globalPosition().toPoint());
+        }
+    } else if (type == QEvent::MouseMove && following_) {
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        if (mouse->buttons().testFlag(Qt::LeftButton)) {
+            window_->move(mouse->globalPosition().toPoint() - grip_);
+        }
+    } else if (type == QEvent::MouseButtonRelease) {
+        following_ = false;
     }
     return QObject::eventFilter(watched, event);
 }

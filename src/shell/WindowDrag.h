@@ -5,9 +5,6 @@
 #include <QObject>
 #include <QPoint>
 
-#include <optional>
-
-class QMouseEvent;
 class QWidget;
 
 namespace velorin {
@@ -24,8 +21,7 @@ void ApplyWindowRegion(QWidget& window, int ellipse);
 
 /// Moves a window by presses on the widgets it watches. The desktop is asked to move the window;
 /// where there is nobody to ask, the window follows the pointer by itself until the button is
-/// released. It is asked at the first move, since a desktop that learns of a press after its
-/// release would let the window hang on the pointer.
+/// released.
 class WindowDrag : public QObject {
     Q_OBJECT
 
@@ -39,22 +35,11 @@ public:
     /// whether a drag has begun.
     bool DragWindow(Qt::MouseButtons buttons, QPoint place);
 
-    // The mouse on a watched widget, or on a window that hands on what falls on its ground.
-    void press(const QMouseEvent& event);
-    void move(const QMouseEvent& event);
-    void release();
-
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     QWidget* window_;
-    /// Places on the screen.
-    struct Press {
-        QPoint pointer;
-        QPoint window;
-    };
-    std::optional<Press> pressed_; ///< until the first move
     bool following_ = false;
     QPoint grip_; ///< the pointer's place in the window, while it follows
 };
