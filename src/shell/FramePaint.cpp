@@ -6,15 +6,58 @@
 #include <QLinearGradient>
 #include <QPainter>
 
+#include <algorithm>
+#include <cmath>
+
 namespace velorin {
 
 namespace {
 
+/// The point behind a corner where the side begins. It lies on the edge of a pixel at every scale
+/// of a quarter, so that side and corner meet without a seam.
+constexpr double sideStep = 4.0;
+double sideAfter(double corner) {
+    return std::ceil(corner / sideStep) * sideStep;
+}
+double sideBefore(double corner) {
+    return std::floor(corner / sideStep) * sideStep;
+}
+
+/// The line around a box, one pixel wide; the box runs through the middle of pixels:
+///
+///       .-- ------ --.     corners are short paths, sides plain rectangles. A window's whole
+///      |              |    outline as one smooth path takes more than a millisecond, and each
+///                          piece of the frame paints it anew.
+///      |              |
+///       `-- ------ --'
 void strokeRounded(QPainter& painter, const QColor& colour, const QRectF& box, double radius) {
-    painter.setPen(QPen(colour, 1.0));
+    const double r = std::max(radius, 0.0);
+    const double left = sideAfter(box.left() + r);
+    const double right = sideBefore(box.right() - r);
+    const double top = sideAfter(box.top() + r);
+    const double foot = sideBefore(box.bottom() - r);
+    painter.fillRect(QRectF(left, box.top() - 0.5, right - left, 1), colour);
+    painter.fillRect(QRectF(left, box.bottom() - 0.5, right - left, 1), colour);
+    painter.fillRect(QRectF(box.left() - 0.5, top, 1, foot - top), colour);
+    painter.fillRect(QRectF(box.right() - 0.5, top, 1, foot - top), colour);
+    painter.setPen(QPen(colour, 1.0, Qt::SolidLine, Qt::FlatCap));
     painter.setBrush(Qt::NoBrush);
-    const double drawn = radius > 0.0 ? radius : 0.0;
-    painter.drawRoundedRect(box, drawn, drawn);
+    constexpr double roundness = 0.5522847498; // of a curve that follows a quarter of a circle
+    for (const double across : {-1.0, 1.0}) {
+        for (const double down : {-1.0, 1.0}) {
+            const double x = across < 0 ? box.left() : box.right();
+            const double y = down < 0 ? box.top() : box.bottom();
+            const QPointF inX(-across * r, 0);
+            const QPointF inY(0, -down * r);
+            const QPointF corner(x, y);
+            QPainterPath path(QPointF(x, down < 0 ? top : foot));
+            path.lineTo(corner + inY);
+            path.cubicTo(corner + inY * (1 - roundness), corner + inX * (1 - roundness),
+                         corner + inX);
+            path.lineTo(across < 0 ? left : right, y);
+            painter.drawPath(path);
+        }
+    }
 }
 
 QLinearGradient downwards(double top, double foot, const QColor& first, const QColor& last) {

@@ -66,7 +66,7 @@ void HelpBrowser::doSetSource(const QUrl& name, QTextDocument::ResourceType type
 }
 
 HelpWindow::HelpWindow(std::vector<HelpPage> pages)
-    : ToolFrame({"Help", "Help", "main-13-help.svg", firstSize}, frames_),
+    : ToolFrame({"Help", "Help", "main-13-help.svg", firstSize}, frames_, {}),
       book_(std::move(pages)),
       grip_(new QSizeGrip(this)) {
     setWindowFlag(Qt::Tool, false);

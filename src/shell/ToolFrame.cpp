@@ -16,8 +16,8 @@ constexpr int gripWidth = 48;
 
 } // namespace
 
-ToolFrame::ToolFrame(const Face& face, FrameState& state)
-    : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint),
+ToolFrame::ToolFrame(const Face& face, FrameState& state, Qt::WindowFlags stacking)
+    : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | stacking),
       lblTitle(new QLabel(QString::fromLatin1(face.title), this)),
       imgTitleClose(new QToolButton(this)),
       frame(*this, FrameKind::tool, toolWindowEllipse, state),

@@ -26,7 +26,10 @@ public:
         QSize size;        ///< pixels
     };
 
-    ToolFrame(const Face& face, FrameState& state);
+    /// On top unless `stacking` says otherwise. A window that is set on top once it has its
+    /// controls finds the style of each anew, which takes as long as making them.
+    ToolFrame(const Face& face, FrameState& state,
+              Qt::WindowFlags stacking = Qt::WindowStaysOnTopHint);
 
     QLabel* lblTitle;
     QToolButton* imgTitleClose;
