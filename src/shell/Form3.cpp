@@ -14,7 +14,6 @@
 #include "shell/SetupToolbar.h"
 
 #include <QSignalBlocker>
-#include <QStyle>
 
 namespace velorin {
 
@@ -243,98 +242,9 @@ void Form3::HScroll2_Change() {
     }
 }
 
-void Form3::TrackSel_Click(int row) {
-    desk_.TrackSel_Click(row);
-    // The row takes on what its list shows now; the lists do not move to the row's instrument.
-    if (row > 7) {
-        Combo5_Click();
-    } else {
-        Combo1_Click();
-    }
-    for (QCheckBox* box : TrackHide) {
-        box->setEnabled(true);
-    }
-    TrackHide[at(row)]->setEnabled(false);
-    if (at(row) < studio_.view.RowOpen.size()) {
-        studio_.view.RowOpen[at(row)] = TrackSel[at(row)]->isChecked() ? flagSet : flagClear;
-    }
-}
-
-void Form3::TrackSel_MouseDown(int row) {
-    for (int other = 0; other < scoreRows; ++other) {
-        if (other != row) {
-            TrackSel[at(other)]->setChecked(false);
-        }
-        setTrackHidePicture(other, false);
-    }
-    setTrackHidePicture(row, TrackSel[at(row)]->isChecked());
-}
-
-void Form3::TrackSel_MouseMove(int row) {
-    QString tip = row < musicRows ? QStringLiteral("Channel %1").arg(row + 1)
-                                  : QStringLiteral("Percussion Channel %1").arg(row - 7);
-    if (TrackSel[at(row)]->isChecked()) {
-        tip += QStringLiteral(" (Active)");
-    }
-    TrackSel[at(row)]->setToolTip(tip);
-}
-
-void Form3::TrackHide_Click(int row) {
-    const bool hidden = TrackHide[at(row)]->isChecked();
-    TrackSel[at(row)]->setEnabled(!hidden);
-    TrackHide[at(row)]->setProperty("backColor", QColor(hidden ? Qt::black : Qt::white));
-    if (hidden) {
-        setTrackHidePicture(row, false);
-    }
-    desk_.DrawNoteArray();
-}
-
 void Form3::imgTitleClose_Click() {
     studio_.run.Form3Open = flagClear;
     owner_.unload();
-}
-
-void Form3::pressTrackSel(int row) {
-    const bool wasSet = TrackSel[at(row)]->isChecked();
-    const int first = row < musicRows ? 0 : musicRows;
-    const int last = row < musicRows ? musicRows - 1 : scoreRows - 1;
-    for (int other = first; other <= last; ++other) {
-        TrackSel[at(other)]->setChecked(other == row);
-    }
-    TrackSel_MouseDown(row);
-    if (!wasSet) {
-        TrackSel_Click(row);
-    }
-}
-
-void Form3::setTrackSel(int row, bool selected) {
-    if (TrackSel[at(row)]->isChecked() == selected) {
-        return;
-    }
-    if (!selected) {
-        TrackSel[at(row)]->setChecked(false);
-        return;
-    }
-    const int first = row < musicRows ? 0 : musicRows;
-    const int last = row < musicRows ? musicRows - 1 : scoreRows - 1;
-    for (int other = first; other <= last; ++other) {
-        TrackSel[at(other)]->setChecked(other == row);
-    }
-    TrackSel_Click(row);
-}
-
-void Form3::setTrackHidePicture(int row, bool active) {
-    QCheckBox* const box = TrackHide[at(row)];
-    if (hasTrackHidePicture(row) != active) {
-        box->setProperty("active", active);
-        box->style()->unpolish(box);
-        box->style()->polish(box);
-        box->update();
-    }
-}
-
-bool Form3::hasTrackHidePicture(int row) const {
-    return TrackHide[at(row)]->property("active").toBool();
 }
 
 } // namespace velorin

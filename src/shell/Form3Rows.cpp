@@ -1,0 +1,108 @@
+// The rows of the Setup Toolbar: which is selected, which are hidden.
+#include "score/Studio.h"
+#include "shell/Form3.h"
+#include "shell/RowButton.h"
+#include "shell/SetupDesk.h"
+
+#include <QStyle>
+
+namespace velorin {
+
+namespace {
+
+std::size_t at(int row) {
+    return static_cast<std::size_t>(row);
+}
+
+} // namespace
+
+void Form3::TrackSel_Click(int row) {
+    desk_.TrackSel_Click(row);
+    // The row takes on what its list shows now; the lists do not move to the row's instrument.
+    if (row > 7) {
+        Combo5_Click();
+    } else {
+        Combo1_Click();
+    }
+    for (QCheckBox* box : TrackHide) {
+        box->setEnabled(true);
+    }
+    TrackHide[at(row)]->setEnabled(false);
+    if (at(row) < studio_.view.RowOpen.size()) {
+        studio_.view.RowOpen[at(row)] = TrackSel[at(row)]->isChecked() ? flagSet : flagClear;
+    }
+}
+
+void Form3::TrackSel_MouseDown(int row) {
+    for (int other = 0; other < scoreRows; ++other) {
+        if (other != row) {
+            TrackSel[at(other)]->setChecked(false);
+        }
+        setTrackHidePicture(other, false);
+    }
+    setTrackHidePicture(row, TrackSel[at(row)]->isChecked());
+}
+
+void Form3::TrackSel_MouseMove(int row) {
+    QString tip = row < musicRows ? QStringLiteral("Channel %1").arg(row + 1)
+                                  : QStringLiteral("Percussion Channel %1").arg(row - 7);
+    if (TrackSel[at(row)]->isChecked()) {
+        tip += QStringLiteral(" (Active)");
+    }
+    TrackSel[at(row)]->setToolTip(tip);
+}
+
+void Form3::TrackHide_Click(int row) {
+    const bool hidden = TrackHide[at(row)]->isChecked();
+    TrackSel[at(row)]->setEnabled(!hidden);
+    TrackHide[at(row)]->setProperty("backColor", QColor(hidden ? Qt::black : Qt::white));
+    if (hidden) {
+        setTrackHidePicture(row, false);
+    }
+    desk_.DrawNoteArray();
+}
+
+void Form3::pressTrackSel(int row) {
+    const bool wasSet = TrackSel[at(row)]->isChecked();
+    const int first = row < musicRows ? 0 : musicRows;
+    const int last = row < musicRows ? musicRows - 1 : scoreRows - 1;
+    for (int other = first; other <= last; ++other) {
+        TrackSel[at(other)]->setChecked(other == row);
+    }
+    TrackSel_MouseDown(row);
+    if (!wasSet) {
+        TrackSel_Click(row);
+    }
+}
+
+void Form3::setTrackSel(int row, bool selected) {
+    if (TrackSel[at(row)]->isChecked() == selected) {
+        return;
+    }
+    if (!selected) {
+        TrackSel[at(row)]->setChecked(false);
+        return;
+    }
+    const int first = row < musicRows ? 0 : musicRows;
+    const int last = row < musicRows ? musicRows - 1 : scoreRows - 1;
+    for (int other = first; other <= last; ++other) {
+        TrackSel[at(other)]->setChecked(other == row);
+    }
+    TrackSel_Click(row);
+}
+
+void Form3::setTrackHidePicture(int row, bool active) {
+    QCheckBox* const box = TrackHide[at(row)];
+    if (hasTrackHidePicture(row) != active) {
+        box->setProperty("active", active);
+        box->style()->unpolish(box);
+        box->style()->polish(box);
+        box->update();
+    }
+}
+
+bool Form3::hasTrackHidePicture(int row) const {
+    return TrackHide[at(row)]->property("active").toBool();
+}
+
+} // namespace velorin
