@@ -110,19 +110,17 @@ void NoteSounding::endChord() {
 }
 
 void NoteSounding::StartColumnNotes() {
-    for (int row = 0; row < scoreRows; ++row) {
-        const auto note = columnNote(row);
-        if (!note)
-            continue;
-        SoundRow = static_cast<std::int16_t>(row);
-        const int column = studio_.view.FirstColumn + studio_.drag.PressColumn;
-        ChangeInstrument(studio_.score.InstrumentArray.at(row, column), row);
+    forColumnNotes([this](int row, std::int16_t note) {
         readVolume(row);
-        StartNote(*note, row);
-    }
+        StartNote(note, row);
+    });
 }
 
 void NoteSounding::StopColumnNotes() {
+    forColumnNotes([this](int, std::int16_t note) { StopNote(note); });
+}
+
+void NoteSounding::forColumnNotes(const std::function<void(int, std::int16_t)>& sound) {
     for (int row = 0; row < scoreRows; ++row) {
         const auto note = columnNote(row);
         if (!note)
@@ -130,7 +128,7 @@ void NoteSounding::StopColumnNotes() {
         SoundRow = static_cast<std::int16_t>(row);
         const int column = studio_.view.FirstColumn + studio_.drag.PressColumn;
         ChangeInstrument(studio_.score.InstrumentArray.at(row, column), row);
-        StopNote(*note);
+        sound(row, *note);
     }
 }
 

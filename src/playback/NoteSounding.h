@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <optional>
 
 namespace velorin {
@@ -78,6 +79,9 @@ private:
     [[nodiscard]] bool chordApplies(int row, int markColumn);
     [[nodiscard]] bool isPercussionRow(int row) const;
     [[nodiscard]] std::optional<std::int16_t> columnNote(int row);
+    /// For each row with a note in the pressed column: makes it the sounding row, with the cell's
+    /// instrument, and calls `sound` with the row and the note index.
+    void forColumnNotes(const std::function<void(int, std::int16_t)>& sound);
     void applyInstrument(std::int16_t instrument);
     void closeDevice();
     void sendMci(const char* command);

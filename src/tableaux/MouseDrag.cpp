@@ -5,6 +5,8 @@
 #include "platform/Text.h"
 #include "score/Studio.h"
 #include "tableaux/Picture.h"
+#include "tableaux/PictureBox.h"
+#include "tableaux/TableauDesk.h"
 
 #include <algorithm>
 #include <cmath>
@@ -46,6 +48,30 @@ std::optional<std::int16_t> pixelToCell(double pixel) {
 
 std::optional<std::int16_t> pixelToTipColumn(double x) {
     return platform::toInt16(std::floor(x / cellPx));
+}
+
+std::optional<TipCell> tipCell(const Studio& studio, double x) {
+    const auto column = pixelToTipColumn(x);
+    if (!column)
+        return std::nullopt;
+    const int row = studio.view.HoverRow - 1;
+    const auto note = studio.score.NoteArray.read(row, *column);
+    if (!note)
+        return std::nullopt;
+    return TipCell{*note, *studio.score.InstrumentArray.read(row, *column)};
+}
+
+void pressToDraw(const Studio& studio, TableauDesk& desk, int button,
+                 const std::function<void()>& begin, const std::function<void()>& erase) {
+    if (button == leftButton) {
+        begin();
+    } else if (button == rightButton) {
+        const int mode = studio.run.RightClickMode;
+        if (mode == rightClick::menu)
+            desk.popupCommand1();
+        else if (mode == rightClick::erase || mode == rightClick::polynotes)
+            erase();
+    }
 }
 
 std::optional<std::int16_t> draggedPitch(const Studio& studio) {

@@ -11,6 +11,7 @@
 namespace velorin {
 
 class Picture;
+class TableauDesk;
 struct Studio;
 
 constexpr int cellPx = 12; ///< a column is as wide as a line is high
@@ -41,6 +42,20 @@ inline void store(std::int16_t& variable, std::optional<std::int16_t> value) {
     if (value)
         variable = *value;
 }
+
+/// The cell that a tool tip speaks of: in the row of `HoverRow`, at the column on the screen, so
+/// that the tip speaks of the first screen of the score, however far the view is scrolled.
+struct TipCell {
+    std::int16_t note = 0;
+    int instrument = 0;
+};
+/// No value outside the grid.
+[[nodiscard]] std::optional<TipCell> tipCell(const Studio& studio, double x);
+
+/// A press while `EditMode` draws: the left button begins, the right one does what `RightClickMode`
+/// says, which is the popup menu of `desk` or to erase. Any other button or mode does nothing.
+void pressToDraw(const Studio& studio, TableauDesk& desk, int button,
+                 const std::function<void()>& begin, const std::function<void()>& erase);
 
 /// `TopPitch` plus `MouseLine`, the pitch index of the drag; no value outside 16 bits.
 [[nodiscard]] std::optional<std::int16_t> draggedPitch(const Studio& studio);

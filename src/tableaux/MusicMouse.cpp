@@ -65,15 +65,8 @@ void MusicMouse::selectMusicGroup() {
 void MusicMouse::pressInDrawMode(int button) {
     clearSelection(studio_.score);
     studio_.score.StartColumn = 0;
-    if (button == leftButton) {
-        beginNote();
-    } else if (button == rightButton) {
-        const int mode = studio_.run.RightClickMode;
-        if (mode == rightClick::menu)
-            desk_.popupCommand1();
-        else if (mode == rightClick::erase || mode == rightClick::polynotes)
-            eraseOrMark();
-    }
+    pressToDraw(
+        studio_, desk_, button, [this] { beginNote(); }, [this] { eraseOrMark(); });
 }
 
 void MusicMouse::beginNote() {

@@ -18,24 +18,17 @@ std::string withoutNumber(const std::string& entry) {
 
 } // namespace
 
-// The grids are read at the column on the screen: the tool tip speaks of the first screen of the
-// score, however far the view is scrolled.
 void MusicMouse::showToolTip(double x) {
-    const auto column = pixelToTipColumn(x);
-    if (!column)
-        return;
-    const int row = studio_.view.HoverRow - 1;
-    const auto cell = studio_.score.NoteArray.read(row, *column);
+    const auto cell = tipCell(studio_, x);
     if (!cell)
         return;
-    if (isEmpty(*cell)) {
+    if (isEmpty(cell->note)) {
         area_.MusicBox->setToolTip({});
         return;
     }
-    const int instrument = *studio_.score.InstrumentArray.read(row, *column);
-    const std::string entry = desk_.Combo1Entry(instrument);
-    if (*cell > 0)
-        NoteLabel(*cell);
+    const std::string entry = desk_.Combo1Entry(cell->instrument);
+    if (cell->note > 0)
+        NoteLabel(cell->note);
     area_.MusicBox->setToolTip(
         QString::fromStdString(studio_.view.LastNoteLabel + " -  " + withoutNumber(entry)));
 }

@@ -30,7 +30,8 @@ void PercussionTableau::Beatbox_MouseDown(int button, int /*shift*/, double x, d
     store(studio_.drag.MouseLine, pixelToCell(y));
     switch (studio_.run.EditMode) {
     case editMode::draw:
-        pressInDrawMode(button);
+        pressToDraw(
+            studio_, desk_, button, [this] { beginBeat(); }, [this] { eraseBeat(); });
         break;
     case editMode::marker:
         store(studio_.score.StartColumn, pressedScoreColumn(studio_));
@@ -60,18 +61,6 @@ void PercussionTableau::selectPercussionGroup() {
 void PercussionTableau::raiseHoverRow() {
     constexpr std::int16_t firstPercussionHover = firstPercussionRow + 1;
     studio_.view.HoverRow = std::max(studio_.view.HoverRow, firstPercussionHover);
-}
-
-void PercussionTableau::pressInDrawMode(int button) {
-    if (button == leftButton) {
-        beginBeat();
-    } else if (button == rightButton) {
-        const int mode = studio_.run.RightClickMode;
-        if (mode == rightClick::menu)
-            desk_.popupCommand1();
-        else if (mode == rightClick::erase || mode == rightClick::polynotes)
-            eraseBeat();
-    }
 }
 
 // The velocity stays what the note before left, and so do the selection and `StartColumn`.
@@ -149,20 +138,15 @@ void PercussionTableau::Beatbox_MouseMove(int button, int shift, double x, doubl
 }
 
 void PercussionTableau::showToolTip(double x) {
-    const auto column = pixelToTipColumn(x);
-    if (!column)
-        return;
-    const int row = studio_.view.HoverRow - 1;
-    const auto cell = studio_.score.NoteArray.read(row, *column);
+    const auto cell = tipCell(studio_, x);
     if (!cell)
         return;
-    if (isEmpty(*cell)) {
+    if (isEmpty(cell->note)) {
         area_.Beatbox->setToolTip({});
         return;
     }
-    const int instrument = *studio_.score.InstrumentArray.read(row, *column);
     area_.Beatbox->setToolTip(
-        QString::fromStdString(desk_.Combo5Entry(instrument - firstPercussion)));
+        QString::fromStdString(desk_.Combo5Entry(cell->instrument - firstPercussion)));
     studio_.platform.loop.Yield();
 }
 

@@ -26,7 +26,6 @@ public:
 private:
     void selectPercussionGroup();
     void raiseHoverRow();
-    void pressInDrawMode(int button);
     void beginBeat();
     void eraseBeat();
     void pressInSelectMode(int button);
