@@ -1,47 +1,25 @@
-"""A desk to use the program at: a virtual screen, a mouse, a sound server without a card, a home of its own."""
+"""A desk to use the program at: a virtual screen, a mouse, a sound server without a card, a home of its own.
+
+Tests take all that they need of the desk from here, the program and the waiting included.
+"""
 
 import contextlib
-import mmap
 import os
 import pathlib
 import shutil
 import signal
-import struct
 import subprocess
 import sys
 import tempfile
-import time
-import zlib
+
+from program import BEATBOX, CELL, EDIT, MUSIC_BOX, SETUP, Program
+from screen import Screen
+from waiting import PATIENCE_S, Failure, check, wait_until
+
+__all__ = ["BEATBOX", "CELL", "EDIT", "LEFT", "MUSIC_BOX", "PATIENCE_S", "RIGHT", "SETUP", "WHEEL_DOWN", "WHEEL_UP",
+           "Desk", "Failure", "Program", "check", "run", "wait_until"]
 
 WIDTH, HEIGHT = 1600, 900
-PATIENCE_S = 20  # a loaded machine may need long for anything; who waits looks every few milliseconds
-
-# Parts of the main window, in its own pixels; they stand still when it is resized.
-BUTTON_LEFT = [None, 8, 46, 84, 134, 184, 222, 260, 298, 348, 386, 424, 462, 512, 550]
-TOOLBAR = (26, 25)
-WORK_AREA = (26, 71)
-MUSIC_BOX = (WORK_AREA[0] + 29, WORK_AREA[1] + 25)
-BEATBOX = (MUSIC_BOX[0], WORK_AREA[1] + 23)
-CELL = 12
-
-# Places in the Setup Toolbar, in its own pixels; those of the second and third tab lie behind them.
-SETUP = {"rows": (96, 49), "polyphonics": (209, 49), "setup": (285, 49), "close": (511, 14),
-         "Combo1": (406, 109), "Combo5": (406, 195)}
-SETUP.update({f"TrackSel({row})": (43 + 34 * row, 108) for row in range(8)})
-SETUP.update({f"TrackSel({row})": (43 + 34 * place, 194) for place, row in enumerate([8, 10, 11, 12, 9])})
-SETUP.update({f"TrackHide({row})": (43 + 34 * row, 133) for row in range(8)})
-SETUP.update({f"TrackHide({row})": (43 + 34 * place, 219) for place, row in enumerate([8, 10, 11, 12, 9])})
-
-SETUP.update({"Chkpoly": (31, 85), "Combo3": (317, 85), "tempo": (300, 82), "Combo2": (317, 125), "volume": (300, 157)})
-SETUP.update({f"Ch({row})": (143 + 46 * row, 163) for row in range(8)})
-SETUP.update({f"Chkstrum({row})": (143 + 46 * row, 205) for row in range(8)})
-
-# And in the Editing Toolbar: the buttons by their numbers, and the boxes.
-EDIT = {1: 336, 2: 370, 3: 404, 4: 448, 5: 482, 6: 516, 7: 550, 8: 584, 9: 628, 10: 662,
-        11: 30, 12: 74, 13: 108, 14: 142, 15: 176, 16: 210, 17: 286}
-EDIT = {button: (x, 57) for button, x in EDIT.items()}
-EDIT.update({"Text1": (243, 57), "Text5": (81, 98), "Text4": (225, 98), "Text3": (363, 98), "close": (671, 14)})
-
 LEFT, RIGHT, WHEEL_UP, WHEEL_DOWN = 1, 3, 4, 5
 
 
@@ -59,63 +37,6 @@ def put_first_of_all(process):
         os.sched_setscheduler(process.pid, os.SCHED_RR, os.sched_param(4))
     except OSError:
         pass
-
-
-class Failure(Exception):
-    """What the test did not find."""
-
-
-def check(condition, message):
-    if not condition:
-        raise Failure(message)
-
-
-def wait_until(question, what, patience=PATIENCE_S):
-    """Asks until the answer is yes, and returns the answer."""
-    deadline = time.monotonic() + patience
-    while True:
-        answer = question()
-        if answer:
-            return answer
-        check(time.monotonic() < deadline, f"waited in vain: {what}")
-        time.sleep(0.01)
-
-
-class Screen:
-    """Reads the virtual screen's pixels from the file in which it keeps them."""
-
-    def __init__(self, path):
-        self.file = open(path, "rb")
-        self.map = mmap.mmap(self.file.fileno(), 0, access=mmap.ACCESS_READ)
-        header = struct.unpack(">25I", self.map[:100])
-        self.first = header[0] + header[19] * 12
-        self.line = header[12]
-
-    def pixel(self, x, y):
-        """(red, green, blue) of a place on the screen."""
-        at = self.first + y * self.line + 4 * x
-        blue, green, red = self.map[at:at + 3]
-        return red, green, blue
-
-    def part(self, x, y, width, height):
-        """The bytes of a rectangle: to see whether anything has changed."""
-        lines = (self.first + line * self.line + 4 * x for line in range(y, y + height))
-        return b"".join(self.map[at:at + 4 * width] for at in lines)
-
-    def write_png(self, path, width, height):
-        """Keeps what is to be seen as a picture."""
-        lines = []
-        for y in range(height):
-            line = self.part(0, y, width, 1)
-            mixed = bytearray(3 * width)
-            mixed[0::3], mixed[1::3], mixed[2::3] = line[2::4], line[1::4], line[0::4]
-            lines.append(b"\0" + bytes(mixed))
-
-        def chunk(name, data):
-            return struct.pack(">I", len(data)) + name + data + struct.pack(">I", zlib.crc32(name + data))
-        head = struct.pack(">IIBBBBB", width, height, 8, 2, 0, 0, 0)
-        pathlib.Path(path).write_bytes(b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", head) +
-                                       chunk(b"IDAT", zlib.compress(b"".join(lines))) + chunk(b"IEND", b""))
 
 
 class Desk:
@@ -335,82 +256,6 @@ class Desk:
         x, y, width, height = place
         left, top = max(x, 0), max(y, 0)
         return left, top, max(0, min(x + width, self.size[0]) - left), max(0, min(y + height, self.size[1]) - top)
-
-
-class Program:
-    """One run of the program."""
-
-    KNOWN_LINES = ("QStandardPaths: ",)
-    PREFIX = ()  # of the command
-
-    def __init__(self, desk, *arguments):
-        self.desk = desk
-        self.errors = desk.folder / f"errors-{len(desk.programs)}.txt"
-        self.process = desk.start([*self.PREFIX, str(desk.program_folder / "velorin"), *arguments],
-                                  stderr=open(self.errors, "wb"), cwd=desk.folder)
-
-    def main_window(self):
-        """Waits for the main window; remembers and returns its place."""
-        self.window = self.desk.window("Velorin")
-        self.place = self.desk.settled(self.window)
-        return self.place
-
-    def at(self, part, dx, dy):
-        """A place of the main window on the screen."""
-        return self.place[0] + part[0] + dx, self.place[1] + part[1] + dy
-
-    def cell(self, column, line, part=MUSIC_BOX):
-        """The middle of a cell of a tableau."""
-        return self.at(part, column * CELL + 6, line * CELL + 6)
-
-    def wait_for_colour(self, place, colour, what, shown=True):
-        """Until a place on the screen has a colour, or has it no longer. The pointer is taken away from there."""
-        x, y, width, height = self.place
-        self.desk.point(x + width // 2, y + height - 15)
-        wait_until(lambda: (self.desk.screen.pixel(*place) == colour) == shown, what)
-
-    def setup(self, control):
-        """A place in the Setup Toolbar on the screen."""
-        return self.place_in("Setup Toolbar", SETUP[control])
-
-    def edit(self, control):
-        """A place in the Editing Toolbar on the screen."""
-        return self.place_in("Editing Toolbar", EDIT[control])
-
-    def place_in(self, title, inside):
-        x, y, *_ = self.desk.place_of(self.desk.window(title))
-        return x + inside[0], y + inside[1]
-
-    def choose_instrument(self, entry, combo="Combo1"):
-        """Opens a list of the Setup Toolbar and types the beginning of an entry."""
-        with self.desk.popup():
-            self.desk.click(*self.setup(combo))
-        self.desk.type(entry)
-        with self.desk.popup(opens=False):
-            self.desk.key("Return")
-
-    def button(self, index):
-        return self.at(TOOLBAR, BUTTON_LEFT[index] + 18, 5 + 18)
-
-    def press(self, index):
-        self.desk.click(*self.button(index))
-
-    def end(self):
-        """Presses the exit button; the program must end with status 0 and without a complaint."""
-        self.press(14)
-        self.ended()
-
-    def ended(self, status=0):
-        try:
-            got = self.process.wait(PATIENCE_S)
-        except subprocess.TimeoutExpired:
-            raise Failure("the program does not end") from None
-        check(got == status, f"the program ended with status {got}\n{self.complaints()}")
-        check(not self.complaints(), f"on standard error: {self.complaints()}")
-
-    def complaints(self):
-        lines = self.errors.read_text("utf-8", "replace").splitlines()
-        return "\n".join(line for line in lines if not line.startswith(self.KNOWN_LINES))
 
 
 def run(test):

@@ -5,6 +5,7 @@ Once on a bare screen and once under a window manager.
 
 import listen
 import score_text
+import tune
 from desk import BEATBOX, CELL, LEFT, MUSIC_BOX, RIGHT, WHEEL_DOWN, Desk, Failure, check, run, wait_until
 
 OCARINA, BASS_DRUM = 79, 128
@@ -116,18 +117,6 @@ def check_saved(desk, program, name):
     check(marks == expected_marks, f"the chord marks {marks} were saved")
 
 
-def play(desk, program):
-    start = listen.frames_in(desk.recording)
-    program.press(6)
-    seconds = 21 * COLUMN_S + 0.5
-    wait_until(lambda: listen.frames_in(desk.recording) > start + listen.RATE * (seconds + 0.5), "the song's sound",
-               seconds + 30)
-    sound = listen.samples(desk.recording, start)
-    first = listen.first_sound(sound)
-    check(first is not None, "the song was not heard")
-    return sound[max(0, first - 100):]
-
-
 def check_heard(sound):
     def at(column, length=4096):
         frame = int(column * COLUMN_S * listen.RATE)
@@ -147,7 +136,7 @@ def check_heard(sound):
 def check_sound(desk, program):
     for attempt in range(ATTEMPTS):
         try:
-            check_heard(play(desk, program))
+            check_heard(tune.play(desk, program, 21 * COLUMN_S + 1))
             return
         except Failure:
             if attempt == ATTEMPTS - 1:

@@ -5,28 +5,14 @@ import subprocess
 
 import listen
 from desk import Desk, Failure, check, run, wait_until
-from score_text import Score
+from tune import BEAT_COLUMNS, BEATS, COLUMN_S, melody_and_beats, play
 
-TEMPO = 120
-COLUMN_S = 12 / TEMPO
 MELODY = [60, 65, 67, 58, 63, 55, 70]  # pitch indices, counted from the top: the keys are 127 less these
-OCARINA, WOOD_BLOCK = 79, 169
-FIRST_BEAT, BEATS, BEAT_COLUMNS = 20, 10, 2
+FIRST_BEAT = 20
+PLAYING_S = (FIRST_BEAT + BEAT_COLUMNS * BEATS + 2) * COLUMN_S + 1
 BLOCK_S = 64 / 44100  # a note begins with one of the synthesizer's blocks
 WAKING_S = 0.0005  # of the processor for two columns, on a busy machine
 ATTEMPTS = 5  # a machine that is busy with other things tears the stream now and then, but not each time
-
-
-def tune():
-    """Seven notes of two columns, silence, then ten beats at every second column."""
-    score = Score(TEMPO)
-    for i, pitch in enumerate(MELODY):
-        score.note(0, 2 * i, pitch, 2, OCARINA)
-    for i in range(BEATS):
-        score.note(8, FIRST_BEAT + BEAT_COLUMNS * i, 57, 1, WOOD_BLOCK)
-    score.row_instruments[0] = OCARINA
-    score.row_instruments[8] = WOOD_BLOCK
-    return score
 
 
 def open_by_mouse(desk, program):
@@ -42,19 +28,6 @@ def open_by_mouse(desk, program):
     # The first note's head is drawn in the row's colour, on the line of its pitch.
     line = MELODY[0] - 55
     program.wait_for_colour(program.cell(0, line), (255, 0, 0), "the first note on the tableau")
-
-
-def play_to_the_end(desk, program):
-    """Plays the song; returns what the sound card got, from shortly before the first note on."""
-    start = listen.frames_in(desk.recording)
-    program.press(6)
-    seconds = (FIRST_BEAT + BEAT_COLUMNS * BEATS + 2) * COLUMN_S
-    wait_until(lambda: listen.frames_in(desk.recording) > start + listen.RATE * (seconds + 1.0), "the song's sound",
-               seconds + 30)
-    sound = listen.samples(desk.recording, start)
-    first = listen.first_sound(sound)
-    check(first is not None, "the song was not heard")
-    return sound[max(0, first - 100):]
 
 
 def check_melody(sound):
@@ -80,7 +53,7 @@ def check_beats(sound):
 
 def check_sound(desk, program):
     for attempt in range(ATTEMPTS):
-        sound = play_to_the_end(desk, program)
+        sound = play(desk, program, PLAYING_S)
         try:
             check_melody(sound)
             check_beats(sound)
@@ -135,7 +108,7 @@ def check_midi(data):
 
 
 def test(build):
-    score = tune()
+    score = melody_and_beats(MELODY, FIRST_BEAT)
     with Desk(build) as desk:
         desk.songs.mkdir()
         (desk.songs / "tune.sng").write_bytes(score.text())

@@ -8,14 +8,11 @@ import listen
 from desk import PATIENCE_S, Desk, Failure, check, run, wait_until
 from recorded import (SLOWER, START, decoded, frames_of, from_first_sound, left_of, mp3_seconds, one_new, open_score,
                       open_toolbar)
-from score_text import Score
+from tune import BEAT_COLUMNS, BEATS, COLUMN_S, melody_and_beats
 
-TEMPO = 120
-COLUMN_S = 12 / TEMPO
 MELODY = [60, 65, 67, 58, 63]  # pitch indices, counted from the top: the keys are 127 less these
-OCARINA, WOOD_BLOCK = 79, 169
 NOTE_COLUMNS = 4
-FIRST_BEAT, BEATS, BEAT_COLUMNS = 24, 10, 2
+FIRST_BEAT = 24
 COLUMNS = FIRST_BEAT + BEAT_COLUMNS * (BEATS - 1) + 1
 BLOCK_S = 64 / listen.RATE  # a note begins with one of the synthesizer's blocks
 # What the waking of the processor may cost two columns, at each attempt: a machine that is busy with other things wakes
@@ -30,18 +27,6 @@ class DeskWithoutSound(Desk):
 
     def open_sound(self):
         self.environment["PULSE_SERVER"] = f"unix:{self.run_folder}/none"
-
-
-def tune():
-    """Five notes of four columns, silence, then ten beats at every second column."""
-    score = Score(TEMPO)
-    for i, pitch in enumerate(MELODY):
-        score.note(0, NOTE_COLUMNS * i, pitch, NOTE_COLUMNS, OCARINA)
-    for i in range(BEATS):
-        score.note(8, FIRST_BEAT + BEAT_COLUMNS * i, 57, 1, WOOD_BLOCK)
-    score.row_instruments[0] = OCARINA
-    score.row_instruments[8] = WOOD_BLOCK
-    return score
 
 
 def record(desk, program):
@@ -122,7 +107,7 @@ def check_recording(desk, program):
 
 def test_at(desk):
     desk.songs.mkdir()
-    (desk.songs / "tune.sng").write_bytes(tune().text())
+    (desk.songs / "tune.sng").write_bytes(melody_and_beats(MELODY, FIRST_BEAT, NOTE_COLUMNS).text())
     program = desk.launch()
     program.main_window()
     open_score(desk, program, "tune.sng", MELODY[0])

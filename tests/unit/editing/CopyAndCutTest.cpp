@@ -30,9 +30,9 @@ TEST(Copy, TakesTheBlockOfAllRowsAndEndsTheSelection) {
 
     const Clipboard& clip = stage.edits.clip;
     EXPECT_EQ(clip.ClipLength, 2);
-    EXPECT_EQ(EditingStage::cells(clip.ClipNotes, 0, 0, 3), "60 1060 . 0");
-    EXPECT_EQ(EditingStage::cells(clip.ClipInstruments, 0, 0, 3), "24 24 0 0");
-    EXPECT_EQ(EditingStage::cells(clip.ClipNotes, 12, 0, 2), ". 57 .");
+    EXPECT_EQ(scripted::gridText(clip.ClipNotes, 0, 0, 3), "60 1060 . 0");
+    EXPECT_EQ(scripted::gridText(clip.ClipInstruments, 0, 0, 3), "24 24 0 0");
+    EXPECT_EQ(scripted::gridText(clip.ClipNotes, 12, 0, 2), ". 57 .");
     EXPECT_EQ(stage.score.SelectStart, -1);
     EXPECT_EQ(stage.score.SelectEnd, -1);
     EXPECT_EQ(stage.asked(), focusAndRedraw);
@@ -45,7 +45,7 @@ TEST(Copy, ANoteCutOffAtTheLeftEdgeStartsOnTheFirstClipboardColumn) {
 
     stage.edits.copyIt();
 
-    EXPECT_EQ(EditingStage::cells(stage.edits.clip.ClipNotes, 0, 0, 2), "60 1060 1060");
+    EXPECT_EQ(scripted::gridText(stage.edits.clip.ClipNotes, 0, 0, 2), "60 1060 1060");
     EXPECT_EQ(stage.notes(0, 3, 6), "60 1060 1060 1060") << "the source is not changed";
 }
 
@@ -57,7 +57,7 @@ TEST(Copy, AHiddenRowLeavesZerosInTheClipboard) {
 
     stage.edits.copyIt();
 
-    EXPECT_EQ(EditingStage::cells(stage.edits.clip.ClipNotes, 2, 0, 1), "0 0");
+    EXPECT_EQ(scripted::gridText(stage.edits.clip.ClipNotes, 2, 0, 1), "0 0");
 }
 
 // The marks of row 0 stand at index 1 and, for column c, at c + 1. The copy reads index r and c, so
@@ -74,8 +74,8 @@ TEST(Copy, ChordMarksAreTakenByTheNumbersOfTheCells) {
     stage.edits.copyIt();
 
     const auto& marks = stage.edits.clip.ClipPoly;
-    EXPECT_EQ(EditingStage::cells(marks, 1, 0, 3), "1 0 0 0");
-    EXPECT_EQ(EditingStage::cells(marks, 2, 0, 3), "0 0 0 0") << "row 2 is hidden";
+    EXPECT_EQ(scripted::gridText(marks, 1, 0, 3), "1 0 0 0");
+    EXPECT_EQ(scripted::gridText(marks, 2, 0, 3), "0 0 0 0") << "row 2 is hidden";
 }
 
 TEST(Copy, TheMarksOfAnEarlierCopyStayWhereTheNewOneIsShorter) {
@@ -86,7 +86,7 @@ TEST(Copy, TheMarksOfAnEarlierCopyStayWhereTheNewOneIsShorter) {
     stage.select(20, 20);
     stage.edits.copyIt();
 
-    EXPECT_EQ(EditingStage::cells(stage.edits.clip.ClipPoly, 1, 0, 2), "0 0 1");
+    EXPECT_EQ(scripted::gridText(stage.edits.clip.ClipPoly, 1, 0, 2), "0 0 1");
 }
 
 TEST(Cut, WithoutASelectionItDoesNothing) {
@@ -134,7 +134,7 @@ TEST(Cut, LeavesChordMarksOnTheirColumns) {
 
     stage.edits.CutBut_Click();
 
-    EXPECT_EQ(EditingStage::cells(stage.score.PolyArray, 1, 14, 20), "0 0 0 0 0 0 1");
+    EXPECT_EQ(scripted::gridText(stage.score.PolyArray, 1, 14, 20), "0 0 0 0 0 0 1");
 }
 
 TEST(Cut, LeavesAHiddenRowAlone) {

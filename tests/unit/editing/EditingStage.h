@@ -8,6 +8,7 @@
 #include "score/ScoreCommands.h"
 #include "score/ScoreDesk.h"
 #include "score/Studio.h"
+#include "support/GridText.h"
 #include "support/ScriptedPlatform.h"
 
 #include <string>
@@ -56,11 +57,7 @@ public:
 struct EditingStage {
     /// Writes a note of `length` columns.
     void note(int row, int column, int pitch, int length = 1, std::int16_t instrument = 0) {
-        for (int i = 0; i < length; ++i) {
-            const int cell = i == 0 ? pitch : heldOffset + pitch;
-            score.NoteArray.write(row, column + i, static_cast<std::int16_t>(cell));
-            score.InstrumentArray.write(row, column + i, instrument);
-        }
+        scripted::putNote(score, row, column, pitch, length, instrument);
     }
 
     void select(int first, int last) {
@@ -73,27 +70,10 @@ struct EditingStage {
 
     /// Cells of a row from column a to column b: "60 1060 . ." with '.' for an empty one.
     [[nodiscard]] std::string notes(int row, int a, int b) const {
-        return cells(score.NoteArray, row, a, b);
+        return scripted::gridText(score.NoteArray, row, a, b);
     }
     [[nodiscard]] std::string instruments(int row, int a, int b) const {
-        return cells(score.InstrumentArray, row, a, b);
-    }
-
-    template <class CellGrid>
-    [[nodiscard]] static std::string cells(const CellGrid& grid, int row, int a, int b) {
-        std::string text;
-        for (int column = a; column <= b; ++column) {
-            const auto cell = grid.read(row, column);
-            if (column > a)
-                text.push_back(' ');
-            if (!cell)
-                text.append("outside");
-            else if (*cell == emptyCell)
-                text.push_back('.');
-            else
-                text.append(std::to_string(*cell));
-        }
-        return text;
+        return scripted::gridText(score.InstrumentArray, row, a, b);
     }
 
     /// What was asked of the main window since the last call.

@@ -5,7 +5,7 @@
 #include "editing/EditingToolbar.h"
 #include "score/PlainSetup.h"
 #include "score/Studio.h"
-#include "shell/ToolDesk.h"
+#include "support/QuietToolDesk.h"
 #include "support/ScriptedPlatform.h"
 
 #include <gtest/gtest.h>
@@ -57,24 +57,13 @@ struct RecordingCommands final : EditCommands {
     void setText5(const std::string& text) override { text5 = text; }
 };
 
-struct QuietToolDesk final : ToolDesk {
-    FrameState state;
-    std::vector<std::unique_ptr<QWidget>> gone;
-
-    void noteActiveToolbar(const char*) override {}
-    FrameState& frames() override { return state; }
-    void destroyLater(std::unique_ptr<QWidget> window) override {
-        gone.push_back(std::move(window));
-    }
-};
-
 class Form2Test : public testing::Test {
 protected:
     scripted::ScriptedPlatform host;
     PlainSetup setup;
     Studio studio{host.platform, setup};
     RecordingCommands commands;
-    QuietToolDesk desk;
+    scripted::QuietToolDesk desk;
     EditingToolbar toolbar{studio, commands, desk};
 
     Form2& form() { return toolbar.form(); }

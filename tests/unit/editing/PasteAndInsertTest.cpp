@@ -102,8 +102,8 @@ TEST(Paste, GivesChordMarksBackByTheNumbersOfTheCells) {
 
     stage.edits.PasteBut_Click();
 
-    EXPECT_EQ(EditingStage::cells(stage.score.PolyArray, 3, 49, 53), "0 0 1 0 0");
-    EXPECT_EQ(EditingStage::cells(stage.score.PolyArray, 8, 49, 53), "0 0 1 0 0");
+    EXPECT_EQ(scripted::gridText(stage.score.PolyArray, 3, 49, 53), "0 0 1 0 0");
+    EXPECT_EQ(scripted::gridText(stage.score.PolyArray, 8, 49, 53), "0 0 1 0 0");
 }
 
 TEST(PasteInsert, OpensAGapOfTheBlocksWidthFirst) {
@@ -147,7 +147,7 @@ TEST(Insert, OfOneAtTheStartShiftsTheWholeSongAndLosesTheLastColumn) {
     EXPECT_EQ(stage.notes(0, 0, 3), ". 60 1060 .");
     EXPECT_EQ(stage.instruments(0, 0, 3), "0 7 7 0");
     EXPECT_EQ(stage.notes(0, 999, 1000), ". .");
-    EXPECT_EQ(EditingStage::cells(stage.score.PolyArray, 1, 0, 2), "0 1 0")
+    EXPECT_EQ(scripted::gridText(stage.score.PolyArray, 1, 0, 2), "0 1 0")
         << "chord marks stay on their columns";
     EXPECT_EQ(stage.asked(), (Lines{"focus MusicBox", "DrawNoteArray", "DrawBeatArray"}));
 }

@@ -4,7 +4,7 @@
 
 #include "RecordingStage.h"
 #include "recording/RecordingToolbar.h"
-#include "shell/ToolDesk.h"
+#include "support/QuietToolDesk.h"
 
 #include <QTest>
 
@@ -13,17 +13,6 @@
 namespace velorin {
 namespace {
 
-struct QuietToolDesk final : ToolDesk {
-    FrameState state;
-    std::vector<std::unique_ptr<QWidget>> gone;
-
-    void noteActiveToolbar(const char*) override {}
-    FrameState& frames() override { return state; }
-    void destroyLater(std::unique_ptr<QWidget> window) override {
-        gone.push_back(std::move(window));
-    }
-};
-
 class RecordWindow : public testing::Test {
 protected:
     scripted::ScriptedPlatform host;
@@ -31,7 +20,7 @@ protected:
     Studio studio{host.platform, setup};
     StopWatch watch{host.time, host.time};
     LoggedRecordCommands commands;
-    QuietToolDesk desk;
+    scripted::QuietToolDesk desk;
     RecordingToolbar toolbar{studio, watch, commands, desk};
 
     void click(QWidget* control) {

@@ -3,6 +3,7 @@
 
 #include "../playback/PlaybackStage.h"
 #include "resources/InstrumentNames.h"
+#include "support/GridText.h"
 #include "tableaux/MusicMouse.h"
 #include "tableaux/MusicTableau.h"
 #include "tableaux/PercussionTableau.h"
@@ -76,11 +77,7 @@ struct TableauStage {
     }
 
     void note(int row, int column, int pitch, int length = 1, std::int16_t instrument = 0) {
-        for (int i = 0; i < length; ++i) {
-            const int cell = i == 0 ? pitch : heldOffset + pitch;
-            score.NoteArray.write(row, column + i, static_cast<std::int16_t>(cell));
-            score.InstrumentArray.write(row, column + i, instrument);
-        }
+        scripted::putNote(score, row, column, pitch, length, instrument);
     }
 
     void scrollTo(int column) {
@@ -96,31 +93,14 @@ struct TableauStage {
 
     /// The cells of a row from column a to column b: "60 1060 . ." with '.' for an empty one.
     [[nodiscard]] std::string notes(int row, int a, int b) const {
-        return cells(score.NoteArray, row, a, b);
+        return scripted::gridText(score.NoteArray, row, a, b);
     }
     [[nodiscard]] std::string instruments(int row, int a, int b) const {
-        return cells(score.InstrumentArray, row, a, b);
+        return scripted::gridText(score.InstrumentArray, row, a, b);
     }
     /// Entries of `PolyArray`, lane [0, 9), index [0, 1001).
     [[nodiscard]] std::string marks(int lane, int a, int b) const {
-        return cells(score.PolyArray, lane, a, b);
-    }
-
-    template <class CellGrid>
-    [[nodiscard]] static std::string cells(const CellGrid& grid, int row, int a, int b) {
-        std::string text;
-        for (int column = a; column <= b; ++column) {
-            const auto cell = grid.read(row, column);
-            if (column > a)
-                text.push_back(' ');
-            if (!cell)
-                text.append("outside");
-            else if (*cell == emptyCell)
-                text.push_back('.');
-            else
-                text.append(std::to_string(*cell));
-        }
-        return text;
+        return scripted::gridText(score.PolyArray, lane, a, b);
     }
 
     // The mouse in the middle of a cell of the screen.

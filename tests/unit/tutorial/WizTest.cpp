@@ -4,8 +4,8 @@
 #include "RecordingWizardDesk.h"
 #include "score/PlainSetup.h"
 #include "score/Studio.h"
-#include "shell/ToolDesk.h"
 #include "shell/frminfo.h"
+#include "support/QuietToolDesk.h"
 #include "support/ScriptedPlatform.h"
 #include "tutorial/StepLabel.h"
 #include "tutorial/TutorialWizard.h"
@@ -21,23 +21,12 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-struct QuietToolDesk final : ToolDesk {
-    FrameState state;
-    std::vector<std::unique_ptr<QWidget>> gone;
-
-    void noteActiveToolbar(const char*) override {}
-    FrameState& frames() override { return state; }
-    void destroyLater(std::unique_ptr<QWidget> window) override {
-        gone.push_back(std::move(window));
-    }
-};
-
 class WizTest : public testing::Test {
 protected:
     scripted::ScriptedPlatform host;
     PlainSetup setup;
     Studio studio{host.platform, setup};
-    QuietToolDesk desk;
+    scripted::QuietToolDesk desk;
     frminfo hints{host.platform};
     RecordingWizardDesk* calls = new RecordingWizardDesk; ///< owned by `wizard`
     TutorialWizard wizard{studio, std::unique_ptr<WizardDesk>(calls), desk, hints};
