@@ -15,12 +15,12 @@
 #include "host/QtTimers.h"
 #include "host/StreamRest.h"
 #include "platform/Platform.h"
+#include "program/Form1.h"
+#include "program/Program.h"
 #include "resources/HelpPages.h"
 #include "resources/Look.h"
 #include "score/Studio.h"
-#include "shell/Form1.h"
 #include "shell/HelpWindow.h"
-#include "shell/Program.h"
 #include "windows/ToolWindows.h"
 
 #include <QApplication>

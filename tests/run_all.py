@@ -73,6 +73,7 @@ def jobs(build, end_to_end, env):
     for transcript in sorted((HERE / "transcripts").rglob("*.txt")):
         name = f"transcript {transcript.relative_to(HERE / 'transcripts')}"
         yield True, lambda n=name, t=transcript: one(n, [str(runner), str(t)], env)
+    yield True, lambda: one("house", [sys.executable, str(HERE / "house_test.py")], env)
     if end_to_end:
         for script in [*sorted((HERE / "e2e").glob("*_test.py")), *sorted((HERE / "packaging").glob("*_test.py"))]:
             name = f"{script.parent.name} {script.stem}"

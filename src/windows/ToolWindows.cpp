@@ -2,9 +2,9 @@
 #include "windows/ToolWindows.h"
 
 #include "editing/EditingToolbar.h"
+#include "program/Form1.h"
+#include "program/Program.h"
 #include "recording/RecordingToolbar.h"
-#include "shell/Form1.h"
-#include "shell/Program.h"
 #include "tutorial/TutorialWizard.h"
 #include "windows/WizardCalls.h"
 

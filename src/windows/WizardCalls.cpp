@@ -3,9 +3,9 @@
 
 #include "editing/EditingToolbar.h"
 #include "editing/Form2.h"
-#include "shell/Form1.h"
+#include "program/Form1.h"
+#include "program/Program.h"
 #include "shell/Form3.h"
-#include "shell/Program.h"
 #include "shell/SetupToolbar.h"
 
 #include <QGuiApplication>

@@ -1,7 +1,7 @@
 // The lessons' calls on the Recording Toolbar.
+#include "program/Program.h"
 #include "recording/Record.h"
 #include "recording/RecordingToolbar.h"
-#include "shell/Program.h"
 #include "windows/WizardCalls.h"
 
 namespace velorin {

@@ -6,8 +6,8 @@
 #include "MenuEntries.h"
 #include "Session.h"
 
-#include "shell/Form1.h"
-#include "shell/Program.h"
+#include "program/Form1.h"
+#include "program/Program.h"
 
 #include <QKeySequence>
 

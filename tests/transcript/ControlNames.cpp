@@ -2,8 +2,8 @@
 #include "ControlNames.h"
 
 #include "Session.h"
-#include "shell/Form1.h"
-#include "shell/Program.h"
+#include "program/Form1.h"
+#include "program/Program.h"
 
 #include <algorithm>
 #include <array>

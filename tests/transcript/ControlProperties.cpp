@@ -4,7 +4,7 @@
 #include "ControlValues.h"
 #include "Session.h"
 
-#include "shell/Form1.h"
+#include "program/Form1.h"
 #include "shell/HintPanel.h"
 #include "shell/SkinnedFrame.h"
 #include "shell/ToolFrame.h"

@@ -2,7 +2,7 @@
 // both names are known.
 #include "Operations.h"
 #include "Session.h"
-#include "shell/Form1.h"
+#include "program/Form1.h"
 
 namespace transcript {
 

@@ -2,7 +2,7 @@
 #include "ControlNames.h"
 #include "Operations.h"
 #include "Session.h"
-#include "shell/Form1.h"
+#include "program/Form1.h"
 #include "shell/ToolFrame.h"
 
 namespace transcript {

@@ -3,7 +3,7 @@
 
 #include "Answers.h"
 #include "Session.h"
-#include "shell/Form1.h"
+#include "program/Form1.h"
 #include "shell/Menus.h"
 
 namespace transcript {

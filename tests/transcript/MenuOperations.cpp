@@ -1,9 +1,9 @@
 // Operations of the popup menus' owner, `Frmmenu`, and of the hint window.
 #include "Operations.h"
 #include "Session.h"
-#include "shell/Form1.h"
+#include "program/Form1.h"
+#include "program/Program.h"
 #include "shell/Menus.h"
-#include "shell/Program.h"
 
 namespace transcript {
 

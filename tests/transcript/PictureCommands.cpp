@@ -6,7 +6,7 @@
 #include "Session.h"
 
 #include "platform/CaseBlind.h"
-#include "shell/Form1.h"
+#include "program/Form1.h"
 
 #include <QImage>
 

@@ -1,7 +1,7 @@
 // Operations of playback: sounding, the sequencer, the stopwatches, the position display.
 #include "Operations.h"
 #include "Session.h"
-#include "shell/Form1.h"
+#include "program/Form1.h"
 
 namespace transcript {
 

@@ -1,9 +1,9 @@
 // The variables of the sounding, the sequencer, the clipboard, the frame and the Setup Toolbar.
 #include "Variables.h"
 
-#include "shell/Form1.h"
+#include "program/Form1.h"
+#include "program/Program.h"
 #include "shell/Form3.h"
-#include "shell/Program.h"
 #include "shell/SetupToolbar.h"
 
 namespace transcript {

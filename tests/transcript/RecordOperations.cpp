@@ -3,9 +3,9 @@
 #include "Operations.h"
 #include "Session.h"
 #include "Variables.h"
+#include "program/Program.h"
 #include "recording/Record.h"
 #include "recording/RecordingToolbar.h"
-#include "shell/Program.h"
 
 namespace transcript {
 

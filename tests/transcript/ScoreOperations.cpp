@@ -1,9 +1,9 @@
 // Operations of the score: clearing, files, the end of the song.
 #include "Operations.h"
 #include "Session.h"
+#include "program/Form1.h"
 #include "score/SetupControls.h"
 #include "score/Studio.h"
-#include "shell/Form1.h"
 
 namespace transcript {
 

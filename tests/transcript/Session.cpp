@@ -3,8 +3,8 @@
 
 #include "Answers.h"
 #include "Commands.h"
-#include "shell/Form1.h"
-#include "shell/Program.h"
+#include "program/Form1.h"
+#include "program/Program.h"
 #include "windows/ToolWindows.h"
 
 #include <QCoreApplication>

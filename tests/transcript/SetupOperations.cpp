@@ -1,8 +1,8 @@
 // Operations of the Setup Toolbar, `Form3`; naming one loads the window.
 #include "Operations.h"
 #include "Session.h"
+#include "program/Program.h"
 #include "shell/Form3.h"
-#include "shell/Program.h"
 #include "shell/SetupToolbar.h"
 
 namespace transcript {

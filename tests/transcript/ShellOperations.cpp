@@ -2,9 +2,9 @@
 #include "ControlNames.h"
 #include "Operations.h"
 #include "Session.h"
-#include "shell/Form1.h"
+#include "program/Form1.h"
+#include "program/Program.h"
 #include "shell/Hints.h"
-#include "shell/Program.h"
 
 namespace transcript {
 

@@ -1,7 +1,7 @@
 // Operations of the tableaux and of the main window's layout.
 #include "Operations.h"
 #include "Session.h"
-#include "shell/Form1.h"
+#include "program/Form1.h"
 
 namespace transcript {
 

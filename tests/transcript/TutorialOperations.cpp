@@ -2,8 +2,8 @@
 // would.
 #include "Operations.h"
 #include "Session.h"
-#include "shell/Form1.h"
-#include "shell/Program.h"
+#include "program/Form1.h"
+#include "program/Program.h"
 #include "tutorial/Lesson.h"
 #include "tutorial/TutorialWizard.h"
 #include "tutorial/Wiz.h"

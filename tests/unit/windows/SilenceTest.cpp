@@ -2,11 +2,11 @@
 // file player, the tutorial and the exit. What is left without a note-off is listed case by case.
 #include "windows/ToolWindows.h"
 
+#include "program/Form1.h"
+#include "program/Program.h"
 #include "recording/RecordingToolbar.h"
 #include "resources/Look.h"
-#include "shell/Form1.h"
 #include "shell/Form3.h"
-#include "shell/Program.h"
 #include "shell/SetupToolbar.h"
 #include "support/NoteLedger.h"
 #include "support/ScriptedPlatform.h"

@@ -1,9 +1,9 @@
 // The help tells of every control: whatever a tool tip or a screen reader names stands in it.
+#include "program/Form1.h"
+#include "program/Program.h"
 #include "resources/HelpPages.h"
 #include "resources/Look.h"
-#include "shell/Form1.h"
 #include "shell/Menus.h"
-#include "shell/Program.h"
 #include "support/ScriptedPlatform.h"
 
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
 // What the main window does for the tableaux, the sequencer and the block edits: each a line or two
 // to whoever does it.
+#include "program/Form1.h"
+#include "program/Program.h"
 #include "resources/InstrumentNames.h"
 #include "score/Studio.h"
-#include "shell/Form1.h"
-#include "shell/Program.h"
 
 namespace velorin {
 

@@ -3,11 +3,11 @@
 #include "platform/Files.h"
 #include "platform/MessageLoop.h"
 #include "platform/Settings.h"
+#include "program/Form1.h"
+#include "program/Program.h"
 #include "resources/InstrumentNames.h"
 #include "score/SetupControls.h"
 #include "score/Studio.h"
-#include "shell/Form1.h"
-#include "shell/Program.h"
 #include "shell/SettingValues.h"
 
 #include <QDir>

@@ -1,13 +1,13 @@
 // The program: start and end, and the windows by their names.
-#include "shell/Program.h"
+#include "program/Program.h"
 
 #include "platform/Desktop.h"
 #include "platform/Dialogs.h"
 #include "platform/KeptState.h"
 #include "platform/MidiOut.h"
 #include "platform/Timers.h"
-#include "shell/Form1.h"
-#include "shell/HoldingLoop.h"
+#include "program/Form1.h"
+#include "program/HoldingLoop.h"
 #include "shell/SetupToolbar.h"
 #include "shell/openerF.h"
 

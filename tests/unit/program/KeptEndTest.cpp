@@ -1,9 +1,9 @@
 // What the ways in which the program can end leave of the score.
 #include "platform/KeptState.h"
+#include "program/Form1.h"
+#include "program/Program.h"
 #include "resources/Look.h"
 #include "score/ScoreWriter.h"
-#include "shell/Form1.h"
-#include "shell/Program.h"
 #include "shell/frminfo.h"
 #include "support/ScriptedPlatform.h"
 

@@ -1,7 +1,7 @@
 // The keys of the main window.
+#include "program/Form1.h"
+#include "program/Program.h"
 #include "score/Studio.h"
-#include "shell/Form1.h"
-#include "shell/Program.h"
 #include "shell/Shortcuts.h"
 
 #include <QAbstractButton>

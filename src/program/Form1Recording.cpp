@@ -1,7 +1,7 @@
 // What the main window does for the Recording Toolbar, and what it hands on to it.
+#include "program/Form1.h"
+#include "program/Program.h"
 #include "score/Studio.h"
-#include "shell/Form1.h"
-#include "shell/Program.h"
 #include "shell/RecordingLink.h"
 
 #include <QDir>

@@ -1,10 +1,10 @@
 // The main window: its controls and what they are connected to.
-#include "shell/Form1.h"
+#include "program/Form1.h"
 
 #include "platform/Text.h"
+#include "program/Program.h"
 #include "resources/InstrumentNames.h"
 #include "score/Studio.h"
-#include "shell/Program.h"
 
 #include <QIcon>
 #include <QPainter>

@@ -1,7 +1,7 @@
 // What the tool windows and the menus ask of the main window: each a line or two to whoever does
 // it.
-#include "shell/Form1.h"
-#include "shell/Program.h"
+#include "program/Form1.h"
+#include "program/Program.h"
 
 namespace velorin {
 

@@ -1,7 +1,7 @@
 // The main window's own commands: the toolbar, the right-click mode, the tool windows, the frame.
-#include "shell/Form1.h"
+#include "program/Form1.h"
+#include "program/Program.h"
 #include "resources/Look.h"
-#include "shell/Program.h"
 #include "shell/SetupToolbar.h"
 #include "support/ScriptedPlatform.h"
 

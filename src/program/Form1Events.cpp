@@ -1,8 +1,8 @@
 // What the window system tells the main window: its size, its painting, its end, the mouse on its
 // ground and on its handles, the wheel.
+#include "program/Form1.h"
+#include "program/Program.h"
 #include "score/Studio.h"
-#include "shell/Form1.h"
-#include "shell/Program.h"
 
 #include <QCloseEvent>
 #include <QPainter>

@@ -1,8 +1,8 @@
 // The program's start and end in their order, on a scripted host.
-#include "shell/Program.h"
+#include "program/Program.h"
+#include "program/Form1.h"
 #include "resources/Look.h"
 #include "score/SetupControls.h"
-#include "shell/Form1.h"
 #include "shell/SetupToolbar.h"
 #include "support/ScriptedPlatform.h"
 

@@ -1,9 +1,9 @@
 // What the buttons of the main window do: the toolbar, the title, the handles and the hints.
 #include "platform/Desktop.h"
+#include "program/Form1.h"
+#include "program/Program.h"
 #include "score/Studio.h"
-#include "shell/Form1.h"
 #include "shell/Hints.h"
-#include "shell/Program.h"
 
 #include <QGuiApplication>
 #include <QScreen>

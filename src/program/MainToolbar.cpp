@@ -1,5 +1,5 @@
 // The row of fourteen picture buttons under the title of the main window.
-#include "shell/MainToolbar.h"
+#include "program/MainToolbar.h"
 
 #include "shell/FramePaint.h"
 #include "shell/Hints.h"
