@@ -1,15 +1,16 @@
 """Goes through the lessons of the tutorial with the mouse: each step's hint shows, and what it does is seen."""
 
+import itertools
 import os
 import statistics
 
 import listen
-from desk import BEATBOX, EDIT, SETUP, Desk, check, run, wait_until
+from desk import BEATBOX, EDIT, LEFT, SETUP, Desk, check, run, wait_until
 from recorded import decoded, frames_of, from_first_sound, mp3_seconds, samples_of
 from wizard import SONG_PATIENCE_S, Wizard
 
 RED, BLUE, PURPLE, WHITE, CREAM = (255, 0, 0), (0, 0, 255), (192, 0, 192), (255, 255, 255), (255, 255, 192)
-TRACK, FACE = (25, 28, 64), (58, 64, 120)
+TRACK, FACE, DANGER = (25, 28, 64), (58, 64, 120), (179, 52, 74)
 
 STEPS = 61
 
@@ -65,7 +66,13 @@ class Lessons:
 
     def close(self, title):
         x, y, width, _ = self.desk.settled(self.desk.window(title))
-        self.desk.click(x + width - 21, y + 14)
+        places = itertools.cycle((x + width - 21, x + width - 20))
+
+        def is_seen():
+            self.desk.point(next(places), y + 14)
+            return self.desk.screen.pixel(x + width - 31, y + 14) == DANGER
+        wait_until(is_seen, "the button that closes a toolbar sees the mouse")
+        self.desk.tool("mousedown", LEFT, "mouseup", LEFT)
         self.desk.no_window(title)
 
     def heard(self, what, play):

@@ -18,7 +18,9 @@ CLOSE = (647, 14)
 # The lesson Midi has a heading above this step, so that it and those behind it stand a line lower.
 BEHIND_HEADING = 2
 
-PAPER = (255, 255, 255)
+END_OF_BAR = 420  # of the highlight of a step
+
+PAPER, BAR = (255, 255, 255), (68, 74, 134)
 NOTES = ((255, 0, 0), (0, 0, 255))
 
 # Every way to close a hint; the steps take turns.
@@ -77,7 +79,7 @@ class Wizard:
         """
         self.wait_until_free()
         line = index + (self.lesson == "Midi" and index >= BEHIND_HEADING)
-        self.desk.click(self.left + FIRST_STEP[0], self.top + FIRST_STEP[1] + STEP_HEIGHT * line)
+        self.click_on(self.top + FIRST_STEP[1] + STEP_HEIGHT * line)
         hint = self.desk.window("Velorin Wizard")
         place = self.desk.settled(hint)
         self.keep(f"{index:02}-hint")
@@ -94,6 +96,16 @@ class Wizard:
             check(self.desk.screen.pixel(*self.double_clicked) not in NOTES, "a double click on a hint drew a note")
         self.double_clicked = None
         self.steps.add((self.lesson, index))
+
+    def click_on(self, y):
+        """Clicks a step once it is highlighted: a window that a dialog has just left does not see the mouse yet."""
+        places = itertools.cycle((self.left + FIRST_STEP[0], self.left + FIRST_STEP[0] + 1))
+
+        def is_seen():
+            self.desk.point(next(places), y)
+            return self.desk.screen.pixel(self.left + END_OF_BAR, y) == BAR
+        wait_until(is_seen, "the wizard sees the mouse", SONG_PATIENCE_S)
+        self.desk.tool("mousedown", LEFT, "mouseup", LEFT)
 
     def close_hint(self, place, by):
         x, y, width, height = place
