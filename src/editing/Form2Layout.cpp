@@ -1,4 +1,5 @@
 // The controls of `Form2` and where they stand.
+#include "bars/ScrollBar.h"
 #include "editing/Form2.h"
 #include "shell/FramePaint.h"
 #include "shell/Shortcuts.h"
@@ -75,11 +76,10 @@ QLineEdit* makeBox(QWidget* parent, const char* name, QRect place, const char* t
 /// A bar of two arrows; its top is the high value.
 QScrollBar* makeSpin(QWidget* parent, const char* name, int left, int highest, int step,
                      int value) {
-    auto* const bar = new QScrollBar(Qt::Vertical, parent);
+    auto* const bar = new ScrollBar(Qt::Vertical, parent, ScrollBar::Top::high);
     bar->setObjectName(name);
     bar->setProperty("role", "spin");
     bar->setGeometry(left, 4, 18, 24);
-    bar->setInvertedAppearance(true);
     bar->setRange(0, highest);
     bar->setSingleStep(step);
     bar->setPageStep(step);

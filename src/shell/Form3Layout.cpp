@@ -1,4 +1,5 @@
 // The controls of `Form3` and where they stand.
+#include "bars/ScrollBar.h"
 #include "score/RowColors.h"
 #include "shell/Form3.h"
 #include "shell/RowButton.h"
@@ -121,7 +122,7 @@ void Form3::makeSetupPage() {
     auto* const page = new QWidget(SSTab1);
     SSTab1->addTab(page, QStringLiteral("Setup"));
     makeLabel(page, QRect(14, 10, 90, 20), QStringLiteral("Tempo"), "heading");
-    HScroll1 = named(new QScrollBar(Qt::Horizontal, page), "HScroll1", QRect(118, 13, 328, 14),
+    HScroll1 = named(new ScrollBar(Qt::Horizontal, page), "HScroll1", QRect(118, 13, 328, 14),
                      "Tempo (playing speed)");
     HScroll1->setRange(20, 300);
     HScroll1->setPageStep(10);
@@ -136,7 +137,7 @@ void Form3::makeSetupPage() {
     Combo2 = named(new QComboBox(page), "Combo2", QRect(118, 50, 388, 26));
     Combo2->setAccessibleName(QStringLiteral("Midi Device"));
     makeLabel(page, QRect(14, 85, 90, 20), QStringLiteral("Volume"), "heading");
-    HScroll2 = named(new QScrollBar(Qt::Horizontal, page), "HScroll2", QRect(118, 88, 388, 14));
+    HScroll2 = named(new ScrollBar(Qt::Horizontal, page), "HScroll2", QRect(118, 88, 388, 14));
     HScroll2->setRange(0, 127);
     HScroll2->setValue(127);
     HScroll2->setFocusPolicy(Qt::StrongFocus);

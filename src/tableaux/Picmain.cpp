@@ -1,6 +1,8 @@
 // The work area of the main window: its controls at their design rectangles.
 #include "tableaux/Picmain.h"
 
+#include "bars/ScrollBar.h"
+
 #include <QFile>
 #include <QIcon>
 #include <QLinearGradient>
@@ -164,13 +166,13 @@ void Picmain::makeLegend() {
 }
 
 void Picmain::makeScrollBars() {
-    HScroll1 = new QScrollBar(Qt::Horizontal, this);
+    HScroll1 = new ScrollBar(Qt::Horizontal, this);
     HScroll1->setObjectName("HScroll1");
     HScroll1->setGeometry(29, 291, 499, 14);
     HScroll1->setRange(20, 980);
     HScroll1->setPageStep(40);
     HScroll1->setValue(20);
-    VScroll1 = new QScrollBar(Qt::Vertical, this);
+    VScroll1 = new ScrollBar(Qt::Vertical, this);
     VScroll1->setObjectName("VScroll1");
     VScroll1->setGeometry(528, 25, 14, 208);
     VScroll1->setRange(6, 121);
