@@ -23,19 +23,26 @@ float toTwips(int pixels) {
 } // namespace
 
 float WindowPlace::Left() const {
-    return window_.x() == placedAt_.x() ? left_ : toTwips(window_.x());
+    return keepsValues() && window_.x() == placedAt_.x() ? left_ : toTwips(window_.x());
 }
 
 float WindowPlace::Top() const {
-    return window_.y() == placedAt_.y() ? top_ : toTwips(window_.y());
+    return keepsValues() && window_.y() == placedAt_.y() ? top_ : toTwips(window_.y());
 }
 
 float WindowPlace::Width() const {
-    return window_.width() == placedSize_.width() ? width_ : toTwips(window_.width());
+    return keepsValues() && window_.width() == placedSize_.width() ? width_
+                                                                   : toTwips(window_.width());
 }
 
 float WindowPlace::Height() const {
-    return window_.height() == placedSize_.height() ? height_ : toTwips(window_.height());
+    return keepsValues() && window_.height() == placedSize_.height() ? height_
+                                                                     : toTwips(window_.height());
+}
+
+// A maximised window stands where the screen begins, whatever was set before.
+bool WindowPlace::keepsValues() const {
+    return !window_.isMaximized();
 }
 
 void WindowPlace::moveTo(float left, float top) {

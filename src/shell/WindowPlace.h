@@ -25,6 +25,9 @@ public:
     void resizeTo(float width, float height);
 
 private:
+    /// Whether what was set is told while the window stands there.
+    [[nodiscard]] bool keepsValues() const;
+
     QWidget& window_;
     float left_ = 0.0F;
     float top_ = 0.0F;
