@@ -150,6 +150,7 @@ public:
     void setText5(const std::string& text) override;
 
     // RecordCommands
+    void cmdStop_Click(); ///< clears `RecordingFlag` and stops nothing
     void StopallSound() override;
     void OpenFile(const std::string& name) override;
     void setCheck1(bool checked) override;

@@ -23,6 +23,10 @@ void Form1::Recordcontrol() {
         recording->Recordcontrol();
 }
 
+void Form1::cmdStop_Click() {
+    studio_.run.RecordingFlag = flagClear;
+}
+
 void Form1::StopallSound() {
     sounding.StopallSound();
 }

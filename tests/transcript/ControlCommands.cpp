@@ -3,6 +3,7 @@
 #include "Commands.h"
 #include "ControlNames.h"
 #include "ControlValues.h"
+#include "HiddenPictures.h"
 #include "MenuEntries.h"
 #include "Session.h"
 
@@ -45,6 +46,8 @@ Lines get(Session& session, const Words& words) {
     }
     if (isMenuOwner(address) && !asksWindow)
         return menuEntry(session, address);
+    if (const auto hidden = hiddenPictureProperty(session, address))
+        return *hidden;
     QWidget& control = controlOf(session, address);
     if (const auto face = faceProperty(session, address, control))
         return *face;

@@ -3,6 +3,7 @@
 #include "Commands.h"
 #include "ControlNames.h"
 #include "FileContents.h"
+#include "HiddenPictures.h"
 #include "Session.h"
 
 #include "platform/CaseBlind.h"
@@ -16,24 +17,9 @@ namespace transcript {
 
 namespace {
 
-const velorin::Picture* pictureNamed(Session& session, const std::string& word) {
-    if (!session.isRunning())
-        return nullptr;
-    const velorin::Picmain& area = *session.form1().area;
-    if (word == "SwapScreen")
-        return &area.SwapScreen;
-    if (word == "BlueBox")
-        return &area.BlueBox;
-    if (word == "RedBox")
-        return &area.RedBox;
-    if (word == "GreenBox")
-        return &area.GreenBox;
-    return nullptr;
-}
-
 /// The pixels of a picture control; of any other control what it looks like.
 QImage imageOf(Session& session, const std::string& word) {
-    if (const velorin::Picture* picture = pictureNamed(session, word))
+    if (const velorin::Picture* picture = hiddenPicture(session, word))
         return picture->image();
     QWidget& control = controlOf(session, word);
     if (auto* box = qobject_cast<velorin::PictureBox*>(&control))

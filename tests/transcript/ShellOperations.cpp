@@ -86,6 +86,7 @@ Operations toolbarOperations() {
         operation("Form1.Cmdhelp_Click", mainWindow, &Form1::Cmdhelp_Click),
         operation("Form1.HideToolbars", mainWindow, &Form1::HideToolbars),
         operation("Form1.ShowToolbars", mainWindow, &Form1::ShowToolbars),
+        operation("Form1.cmdStop_Click", mainWindow, &Form1::cmdStop_Click),
         operation("Form1.TrackSel_Click", mainWindow, &Form1::TrackSel_Click),
         operation(
             "Form1.Command3_Click", [](Session& session) -> Program& { return session.program(); },
