@@ -214,11 +214,12 @@ TEST_F(Form2Test, TheSpinBarsWriteTheirBoxesAndStandWhereTheyBegan) {
     EXPECT_EQ(form().VScroll2->value(), 60);
     EXPECT_EQ(form().VScroll3->value(), 28);
     EXPECT_EQ(form().VScroll4->value(), 28);
-    form().VScroll2->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    // The step back is the upper arrow's, and the high value is at the top.
+    form().VScroll2->triggerAction(QAbstractSlider::SliderSingleStepSub);
     EXPECT_EQ(form().Text3->text(), "70");
     form().VScroll4->setValue(44);
     EXPECT_EQ(form().Text4->text(), "44");
-    form().VScroll3->triggerAction(QAbstractSlider::SliderSingleStepSub);
+    form().VScroll3->triggerAction(QAbstractSlider::SliderSingleStepAdd);
     EXPECT_EQ(form().Text5->text(), "24");
     EXPECT_EQ(form().VScroll2->maximum(), 99);
     EXPECT_EQ(form().VScroll3->maximum(), 60);
