@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QMouseEvent>
+#include <QPointer>
 
 #include <array>
 #include <cmath>
@@ -64,6 +65,22 @@ void send(QWidget& target, const QWidget& control, QPointF place, const MouseEve
     QApplication::sendEvent(&target, &event);
 }
 
+bool holds(const QWidget& outer, const QWidget* inner) {
+    return inner != nullptr && (&outer == inner || outer.isAncestorOf(inner));
+}
+
+/// The pointer comes to `target`: what it was over, up to what holds both, is left.
+void pointAt(Session& session, QWidget* target) {
+    QPointer<QWidget> left = session.pointedAt;
+    session.pointedAt = target;
+    while (left != nullptr && !holds(*left, target)) {
+        QPointer<QWidget> outer = left->isWindow() ? nullptr : left->parentWidget();
+        QEvent event(QEvent::Leave);
+        QApplication::sendEvent(left, &event);
+        left = outer;
+    }
+}
+
 Lines mouse(Session& session, const Words& words) {
     expectWords(words, 5);
     QWidget& control = controlOf(session, words[0]);
@@ -73,13 +90,15 @@ Lines mouse(Session& session, const Words& words) {
 
     QWidget* target = isPress ? nullptr : session.mouseHolder.data();
     const bool isHeld = target != nullptr;
-    if (!isHeld)
+    if (!isHeld) {
         target = hit(control, place);
+        pointAt(session, target);
+    }
     session.mouseHolder = nullptr;
     if (target == nullptr)
         return {};
-    const bool holds = isPress || (isHeld && parts.type == QEvent::MouseMove);
-    if (holds)
+    const bool keepsMouse = isPress || (isHeld && parts.type == QEvent::MouseMove);
+    if (keepsMouse)
         session.mouseHolder = target;
     if (target->isEnabled() && !pictureTakesMouse(*target, words[1]))
         send(*target, control, place, parts);

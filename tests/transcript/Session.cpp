@@ -55,6 +55,7 @@ bool Session::closeLesson() {
 
 void Session::startProgram() {
     mouseHolder = nullptr;
+    pointedAt = nullptr;
     program_.reset();
     host.time.clearEnd();
     program_ = std::make_unique<velorin::Program>(host.platform);

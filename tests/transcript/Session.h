@@ -52,6 +52,7 @@ public:
     scripted::ScriptedPlatform host;
 
     QPointer<QWidget> mouseHolder; ///< the control that was pressed, until its release
+    QPointer<QWidget> pointedAt;   ///< the control under the pointer at the last press or move
 
 private:
     void perform(const Words& words);
