@@ -26,9 +26,6 @@ public:
     virtual void CopyNotes(int firstRow, int lastRow) = 0;
     virtual void FunctionBut_Click(int index) = 0; ///< `EditMode` and the pointer
 
-    /// A button of the Editing Toolbar pressed by its keys, [1, 17].
-    virtual void pressEditButton(int button) = 0;
-
     // The main window's copies of the number boxes.
     virtual void setText3(const std::string& text) = 0;
     virtual void setText4(const std::string& text) = 0;

@@ -1,16 +1,15 @@
 // `Form2`, the Editing Toolbar: its load, its end, its modes and its handlers.
 #include "editing/Form2.h"
 
+#include "controls/DescribedControls.h"
+#include "controls/ScreenReader.h"
 #include "editing/EditCommands.h"
 #include "editing/EditingToolbar.h"
 #include "platform/Settings.h"
 #include "platform/Text.h"
 #include "score/Studio.h"
 #include "shell/SettingValues.h"
-#include "shell/Shortcuts.h"
 #include "shell/ToolDesk.h"
-
-#include <QShortcut>
 
 namespace velorin {
 
@@ -36,6 +35,7 @@ Form2::Form2(EditingToolbar& owner, Studio& studio, EditCommands& commands, Tool
       desk_(desk) {
     makeButtons();
     makeLowerHalf();
+    describeControls(*this, face.name);
     connectHandlers();
 }
 
@@ -45,12 +45,7 @@ void Form2::connectHandlers() {
     for (int index = 1; index <= editButtons; ++index) {
         connectButton(index);
     }
-    for (const Shortcut& shortcut : editShortcuts) {
-        auto* keys = new QShortcut(QKeySequence(QLatin1String(shortcut.keys)), this);
-        keys->setAutoRepeat(false);
-        connect(keys, &QShortcut::activated, this,
-                [this, &shortcut] { commands_.pressEditButton(shortcut.button); });
-    }
+    desk_.addKeys(*this);
     connect(Text3, &QLineEdit::textChanged, this, &Form2::Text3_Change);
     connect(Text4, &QLineEdit::textChanged, this, &Form2::Text4_Change);
     connect(Text5, &QLineEdit::textChanged, this, &Form2::Text5_Change);
@@ -202,6 +197,7 @@ void Form2::toggleMode() {
 void Form2::showMode() {
     const bool selecting = EditToolbarMode == 0;
     Cmd2[11]->setPicture(selecting ? "edit-11-mode-select" : "edit-11-mode-draw");
+    tellReadersChecked(*Cmd2[11], selecting);
     for (int index = firstSelectButton; index <= editButtons; ++index) {
         Cmd2[static_cast<std::size_t>(index)]->setEnabled(selecting);
     }
@@ -212,11 +208,13 @@ void Form2::showMode() {
 void Form2::showPosition() {
     Cmd2[9]->setPicture(studio_.run.ShowNotePosition != flagClear ? "edit-09-position-on"
                                                                   : "edit-09-position-off");
+    tellReadersChecked(*Cmd2[9], studio_.run.ShowNotePosition != flagClear);
 }
 
 void Form2::showLoop() {
     Cmd2[10]->setPicture(studio_.run.LoopSong != flagClear ? "edit-10-loop-on"
                                                            : "edit-10-loop-off");
+    tellReadersChecked(*Cmd2[10], studio_.run.LoopSong != flagClear);
 }
 
 void Form2::Text3_Change() {

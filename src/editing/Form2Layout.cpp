@@ -2,7 +2,6 @@
 #include "bars/ScrollBar.h"
 #include "editing/Form2.h"
 #include "shell/FramePaint.h"
-#include "shell/Shortcuts.h"
 
 #include <QPainter>
 
@@ -12,33 +11,30 @@ namespace {
 
 struct ButtonPlace {
     const char* picture;
-    const char* tip;
     bool compose; ///< in the right strip
     int left;     ///< pixels in its strip
 };
 
 constexpr std::array<ButtonPlace, editButtons + 1> buttons{{
     {},
-    {"edit-01-clear", "Clear all notes", true, 6},
-    {"edit-02-open", "Open File", true, 40},
-    {"edit-03-save", "Save as  Score (sng) or MIDI file (mid)", true, 74},
-    {"edit-04-play", "Play notes", true, 118},
-    {"edit-05-play-selection", "Play Selection", true, 152},
-    {"edit-06-pause", "Pause", true, 186},
-    {"edit-07-stop", "Stop", true, 220},
-    {"edit-08-return", "Return to Start", true, 254},
-    {"edit-09-position-on", "Show playing position", true, 298},
-    {"edit-10-loop-off", "Loop song", true, 332},
-    {"edit-11-mode-draw", "Draw/Select mode toggle", false, 6},
-    {"edit-12-copy", "Copy Selection", false, 50},
-    {"edit-13-cut", "Cut Selection", false, 84},
-    {"edit-14-paste-overwrite", "Paste (Overwrite)", false, 118},
-    {"edit-15-paste-insert", "Paste (Insert)", false, 152},
-    {"edit-16-insert-spaces", "Insert # Space(s) ", false, 186},
-    {"edit-17-duplicate", "Duplicate notes", false, 262},
+    {"edit-01-clear", true, 6},
+    {"edit-02-open", true, 40},
+    {"edit-03-save", true, 74},
+    {"edit-04-play", true, 118},
+    {"edit-05-play-selection", true, 152},
+    {"edit-06-pause", true, 186},
+    {"edit-07-stop", true, 220},
+    {"edit-08-return", true, 254},
+    {"edit-09-position-on", true, 298},
+    {"edit-10-loop-off", true, 332},
+    {"edit-11-mode-draw", false, 6},
+    {"edit-12-copy", false, 50},
+    {"edit-13-cut", false, 84},
+    {"edit-14-paste-overwrite", false, 118},
+    {"edit-15-paste-insert", false, 152},
+    {"edit-16-insert-spaces", false, 186},
+    {"edit-17-duplicate", false, 262},
 }};
-
-constexpr std::size_t playButton = 4; ///< its picture has a tip of its own
 
 /// A strip of buttons with separators between its groups.
 class Strip : public QWidget {
@@ -62,14 +58,11 @@ private:
     std::array<int, 2> separators_;
 };
 
-QLineEdit* makeBox(QWidget* parent, const char* name, QRect place, const char* text,
-                   const char* tip) {
+QLineEdit* makeBox(QWidget* parent, const char* name, QRect place, const char* text) {
     auto* const box = new QLineEdit(QString::fromLatin1(text), parent);
     box->setObjectName(name);
     box->setGeometry(place);
     box->setAlignment(Qt::AlignCenter);
-    box->setToolTip(QString::fromLatin1(tip));
-    box->setAccessibleName(QString::fromLatin1(tip));
     return box;
 }
 
@@ -87,13 +80,10 @@ QScrollBar* makeSpin(QWidget* parent, const char* name, int left, int highest, i
     return bar;
 }
 
-QCheckBox* makeCheck(QWidget* parent, const char* name, QRect place, const char* caption,
-                     const char* tip) {
+QCheckBox* makeCheck(QWidget* parent, const char* name, QRect place, const char* caption) {
     auto* const box = new QCheckBox(QString::fromLatin1(caption), parent);
     box->setObjectName(name);
     box->setGeometry(place);
-    box->setToolTip(QString::fromLatin1(tip));
-    box->setAccessibleName(QString::fromLatin1(tip));
     return box;
 }
 
@@ -111,14 +101,9 @@ void Form2::makeButtons() {
                               QString::fromLatin1(place.picture));
         button->setGeometry(place.left, 4, 32, 34);
         button->setIconSize(QSize(24, 24));
-        button->setToolTip(QString::fromLatin1(place.tip));
-        button->setAccessibleName(QString::fromLatin1(place.tip).trimmed());
-        button->setAccessibleDescription(shortcutsOf(editShortcuts, static_cast<int>(index)));
-        button->setProperty("pictureTip", index == playButton ? QStringLiteral("Play score")
-                                                              : QString::fromLatin1(place.tip));
         Cmd2[index] = button;
         if (index == 16) {
-            Text1 = makeBox(edit, "Text1", QRect(220, 9, 30, 24), "1", "Insert # of spaces");
+            Text1 = makeBox(edit, "Text1", QRect(220, 9, 30, 24), "1");
         }
     }
 }
@@ -134,24 +119,20 @@ void Form2::makeLowerHalf() {
         Label6[index]->setGeometry(place);
     };
     label(0, QRect(12, 5, 38, 22), "Beats");
-    Text5 = makeBox(Picture2, "Text5", QRect(54, 4, 38, 24), "28",
-                    "Total # of Playable notes in duplicated cycle");
+    Text5 = makeBox(Picture2, "Text5", QRect(54, 4, 38, 24), "28");
     VScroll3 = makeSpin(Picture2, "VScroll3", 94, 60, 4, 28);
     label(1, QRect(148, 5, 46, 22), "Repeat");
-    Text4 = makeBox(Picture2, "Text4", QRect(198, 4, 38, 24), "28",
-                    "Total # of notes in duplicated cycle");
+    Text4 = makeBox(Picture2, "Text4", QRect(198, 4, 38, 24), "28");
     VScroll4 = makeSpin(Picture2, "VScroll4", 238, 60, 4, 28);
     label(2, QRect(292, 5, 40, 22), "Notes");
-    Text3 = makeBox(Picture2, "Text3", QRect(336, 4, 38, 24), "60", "Total duplicated notes");
+    Text3 = makeBox(Picture2, "Text3", QRect(336, 4, 38, 24), "60");
     VScroll2 = makeSpin(Picture2, "VScroll2", 376, 99, 10, 60);
-    Check1 = makeCheck(Picture2, "Check1", QRect(448, 5, 100, 22), "Percussion",
-                       "Duplicate Percussion section");
-    Check2 = makeCheck(Picture2, "Check2", QRect(558, 5, 104, 22), "Instruments",
-                       "Duplicate Instrument section");
+    Check1 = makeCheck(Picture2, "Check1", QRect(448, 5, 100, 22), "Percussion");
+    Check2 = makeCheck(Picture2, "Check2", QRect(558, 5, 104, 22), "Instruments");
     Check1->setChecked(true);
     Check2->setChecked(true);
-    chkgraphics = makeCheck(this, "chkgraphics", QRect(), "", "Show playing position");
-    loopcheck = makeCheck(this, "loopcheck", QRect(), "", "Loop song");
+    chkgraphics = makeCheck(this, "chkgraphics", QRect(), "");
+    loopcheck = makeCheck(this, "loopcheck", QRect(), "");
     chkgraphics->hide();
     loopcheck->hide();
     // The pointer is followed wherever it is on the window.

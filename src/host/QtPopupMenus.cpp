@@ -34,6 +34,27 @@ private:
 
 } // namespace
 
+QtPopupMenus::QtPopupMenus(platform::MessageLoop& loop) : loop_(loop) {
+    qApp->installEventFilter(this);
+}
+
+bool QtPopupMenus::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress)
+        byKey_ = event->type() == QEvent::KeyPress;
+    return QObject::eventFilter(watched, event);
+}
+
+QPoint QtPopupMenus::place() const {
+    const QWidget* const control = QApplication::focusWidget();
+    if (!byKey_ || control == nullptr)
+        return QCursor::pos();
+    // Below a button, and inside of what is higher.
+    constexpr int highestButton = 60;
+    constexpr QPoint inside(60, 100);
+    return control->mapToGlobal(control->height() > highestButton ? inside
+                                                                  : control->rect().bottomLeft());
+}
+
 std::string QtPopupMenus::PopupMenu(const std::string& menu,
                                     const std::vector<platform::PopupEntry>& entries) {
     if (loop_.isEnding())
@@ -52,7 +73,7 @@ std::string QtPopupMenus::PopupMenu(const std::string& menu,
         action->setChecked(entry.checked);
     }
     const PointerLeaves pointerLeaves;
-    const QAction* chosen = popup.exec(QCursor::pos());
+    const QAction* chosen = popup.exec(place());
     if (chosen == nullptr || loop_.isEnding())
         return {};
     return chosen->objectName().toStdString();

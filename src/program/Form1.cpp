@@ -1,10 +1,12 @@
 // The main window: its controls and what they are connected to.
 #include "program/Form1.h"
 
+#include "controls/DescribedControls.h"
 #include "platform/Text.h"
 #include "program/Program.h"
 #include "resources/InstrumentNames.h"
 #include "score/Studio.h"
+#include "shell/WindowKeys.h"
 
 #include <QIcon>
 #include <QPainter>
@@ -35,12 +37,10 @@ QString element(const char* name, int index) {
     return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index);
 }
 
-PictureButton* titleButton(QWidget* window, const char* name, const char* picture,
-                           const char* accessibleName) {
+PictureButton* titleButton(QWidget* window, const char* name, const char* picture) {
     auto* button = new PictureButton(window, QLatin1String(name), QLatin1String(picture));
     button->setProperty("role", "title");
     button->setIconSize(QSize(16, 16));
-    button->setAccessibleName(QLatin1String(accessibleName));
     return button;
 }
 
@@ -78,8 +78,10 @@ Form1::Form1(Program& program)
     connectToolbar();
     connectTableaux();
     connectHandles();
-    makeShortcuts();
+    addShortcuts(*this, true);
+    addWindowKeys(*this);
     stackControls();
+    describeControls(*this, "Form1");
     // The keyboard waits at the window itself until the user goes to a control.
     setFocus(Qt::OtherFocusReason);
 }
@@ -99,10 +101,10 @@ void Form1::makeTitle() {
     Image1->setObjectName("Image1");
     Image1->setGeometry(14, 4, 16, 16);
     Image1->setPixmap(QIcon(":/look/velorin.svg").pixmap(QSize(16, 16), devicePixelRatioF()));
-    imgTitleHelp = titleButton(this, "imgTitleHelp", "title-help", "Help");
-    imgTitleMinimize = titleButton(this, "imgTitleMinimize", "title-minimise", "Minimise");
-    imgTitleMaxRestore = titleButton(this, "imgTitleMaxRestore", "title-maximise", "Maximise");
-    imgTitleClose = titleButton(this, "imgTitleClose", "title-close", "Close");
+    imgTitleHelp = titleButton(this, "imgTitleHelp", "title-help");
+    imgTitleMinimize = titleButton(this, "imgTitleMinimize", "title-minimise");
+    imgTitleMaxRestore = titleButton(this, "imgTitleMaxRestore", "title-maximise");
+    imgTitleClose = titleButton(this, "imgTitleClose", "title-close");
     imgTitleClose->setProperty("danger", true);
     connect(imgTitleHelp, &QToolButton::clicked, this, [this] { imgTitleHelp_Click(); });
     connect(imgTitleMinimize, &QToolButton::clicked, this, [this] { imgTitleMinimize_Click(); });

@@ -43,6 +43,7 @@ namespace velorin {
 
 class Program;
 class RecordingLink;
+struct Key;
 
 /// Layout and forwarding. Every control carries its name as object name, elements of arrays with
 /// their index, "Cmd2(6)"; one button serves `Cmd2`(i) and `ImgPic`(i).
@@ -84,6 +85,7 @@ public:
     void Resizer_MouseDown(int handle);
     void Resizer_MouseUp(int handle);
     void Combo2_Click();
+    void pressEditButton(int button); ///< of the Editing Toolbar, [1, 17], by its keys
 
     // ScoreDesk
     void DrawNoteArray() override;
@@ -144,7 +146,6 @@ public:
     void InsertColumnBut_Click() override;
     void CopyNotes(int firstRow, int lastRow) override;
     void FunctionBut_Click(int index) override;
-    void pressEditButton(int button) override;
     void setText3(const std::string& text) override;
     void setText4(const std::string& text) override;
     void setText5(const std::string& text) override;
@@ -183,6 +184,7 @@ public:
     void Device_Click() override;
     void TrackSel_Click(int row) override;
     void noteActiveToolbar(const char* name) override;
+    void addKeys(ToolFrame& window) override;
     FrameState& frames() override;
     void destroyLater(std::unique_ptr<QWidget> window) override;
     void endWithError(const std::string& text) override;
@@ -240,13 +242,19 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void fillScreenYourself();
     void makeTitle();
     void makeHiddenControls();
-    void makeShortcuts();
+    void addShortcuts(QWidget& window, bool typedToo);
+    void pressMainKey(const Key& key);
+    void pressEditKey(const Key& key);
+    void openMenuByKey(const Key& key);
+    bool pressTypedKey(const QKeyEvent& event);
+    void nameMaxRestore(const char* face);
     void connectToolbar();
     void connectTableaux();
     void connectHandles();

@@ -1,9 +1,9 @@
 // What the buttons of the main window do: the toolbar, the title, the handles and the hints.
+#include "controls/ControlTable.h"
 #include "platform/Desktop.h"
 #include "program/Form1.h"
 #include "program/Program.h"
 #include "score/Studio.h"
-#include "shell/Hints.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -102,18 +102,19 @@ void Form1::Cmd2_MouseUp(int index) {
 void Form1::Cmd2_MouseMove(int index, int button) {
     if (button == leftButton || Check3->isChecked() || index < 1 || index > toolbarButtons)
         return;
-    Getinfo(*toolbMenu->Cmd2[static_cast<std::size_t>(index)], QLatin1String(toolbarHint(index)), 0,
-            hintBelow);
+    QWidget& control = *toolbMenu->Cmd2[static_cast<std::size_t>(index)];
+    Getinfo(control, QLatin1String(controlHint(control.objectName().toStdString())), 0, hintBelow);
 }
 
 void Form1::PicX_MouseMove(int button) {
     if (button != leftButton && !Check3->isChecked())
-        Getinfo(*area->PicX, QLatin1String(noteNamesHint), hintBeside, 0);
+        Getinfo(*area->PicX, QLatin1String(controlHint("PicX")), hintBeside, 0);
 }
 
 void Form1::TopBar_MouseMove(int button) {
     if (button != leftButton && !Check3->isChecked())
-        Getinfo(*area->TopBarOverlay, QLatin1String(barNumbersHint), hintBeside, hintBeside);
+        Getinfo(*area->TopBarOverlay, QLatin1String(controlHint("TopBarOverlay")), hintBeside,
+                hintBeside);
 }
 
 void Form1::Getinfo(QWidget& control, const QString& text, int offsetX, int offsetY) {
@@ -139,6 +140,10 @@ void Form1::ShowToolbars() {
             program_.showWindow(window.name);
 }
 
+void Form1::nameMaxRestore(const char* face) {
+    imgTitleMaxRestore->setAccessibleName(QString::fromStdString(controlName("Form1", face)));
+}
+
 // No rectangle is kept here: restoring gives back what the window system kept.
 void Form1::ToggleMaximize() {
     if (windowState() != Qt::WindowNoState) {
@@ -146,10 +151,12 @@ void Form1::ToggleMaximize() {
         if (beforeFilling_.isValid())
             setGeometry(std::exchange(beforeFilling_, QRect()));
         imgTitleMaxRestore->setPicture("title-maximise");
+        nameMaxRestore("imgTitleMaxRestore");
         frame.SkinMainWindow(program_.frames.WindowResizable == 1 ? flagSet : flagClear);
     } else {
         setWindowState(Qt::WindowMaximized);
         imgTitleMaxRestore->setPicture("title-restore");
+        nameMaxRestore("imgTitleRestore");
         frame.SkinMainWindow(flagClear);
         QTimer::singleShot(windowManagerMs, this, [this] { fillScreenYourself(); });
     }

@@ -1,29 +1,81 @@
-// The keys of the main window.
+// The keys of the main window and of the tool windows.
+#include "controls/KeyTable.h"
 #include "program/Form1.h"
 #include "program/Program.h"
 #include "score/Studio.h"
-#include "shell/Shortcuts.h"
+#include "shell/ToolFrame.h"
+#include "shell/WindowKeys.h"
 
 #include <QAbstractButton>
+#include <QKeyEvent>
 #include <QShortcut>
+
+#include <algorithm>
 
 namespace velorin {
 
-void Form1::makeShortcuts() {
-    for (const Shortcut& shortcut : shortcuts) {
-        auto* keys = new QShortcut(QKeySequence(QLatin1String(shortcut.keys)), this);
-        keys->setAutoRepeat(false);
-        connect(keys, &QShortcut::activated, this, [this, &shortcut] {
-            Cmd2_Click(studio_.run.IsPlaying != flagClear ? shortcut.buttonInPlay
-                                                          : shortcut.button);
-        });
-    }
-    for (const Shortcut& shortcut : editShortcuts) {
-        auto* keys = new QShortcut(QKeySequence(QLatin1String(shortcut.keys)), this);
-        keys->setAutoRepeat(false);
-        connect(keys, &QShortcut::activated, this,
-                [this, &shortcut] { pressEditButton(shortcut.button); });
-    }
+/// Each is pressed once, however long it is held.
+void Form1::addShortcuts(QWidget& window, bool typedToo) {
+    const auto add = [&](const Key& key, void (Form1::*press)(const Key&)) {
+        if (key.isTyped() && !typedToo)
+            return;
+        auto* const shortcut = new QShortcut(QKeySequence(QLatin1String(key.keys)), &window);
+        shortcut->setAutoRepeat(false);
+        connect(shortcut, &QShortcut::activated, this,
+                [this, &key, press] { (this->*press)(key); });
+    };
+    for (const Key& key : mainKeys)
+        add(key, &Form1::pressMainKey);
+    for (const Key& key : editKeys)
+        add(key, &Form1::pressEditKey);
+    add(menuKey, &Form1::openMenuByKey);
+}
+
+void Form1::addKeys(ToolFrame& window) {
+    addShortcuts(window, false);
+    window.onKey = [this](const QKeyEvent& event) { return pressTypedKey(event); };
+}
+
+bool Form1::pressTypedKey(const QKeyEvent& event) {
+    const auto isPressed = [&event](const Key& key) {
+        return key.isTyped() &&
+               QKeySequence(event.keyCombination()) == QKeySequence(QLatin1String(key.keys));
+    };
+    const auto mainKey = std::find_if(mainKeys.begin(), mainKeys.end(), isPressed);
+    const auto editKey = std::find_if(editKeys.begin(), editKeys.end(), isPressed);
+    if (mainKey == mainKeys.end() && editKey == editKeys.end())
+        return false;
+    if (event.isAutoRepeat())
+        return true;
+    if (mainKey != mainKeys.end())
+        pressMainKey(*mainKey);
+    else
+        pressEditKey(*editKey);
+    return true;
+}
+
+void Form1::pressMainKey(const Key& key) {
+    Cmd2_Click(studio_.run.IsPlaying != flagClear ? key.buttonInPlay : key.button);
+}
+
+void Form1::pressEditKey(const Key& key) {
+    pressEditButton(key.button);
+}
+
+/// The menus of the right mouse button.
+void Form1::openMenuByKey(const Key&) {
+    constexpr int selectMode = 2;
+    if (studio_.run.LoadingMain != flagClear)
+        return;
+    if (studio_.run.EditMode == selectMode)
+        popupCommand2();
+    else
+        popupCommand1();
+}
+
+void Form1::keyPressEvent(QKeyEvent* event) {
+    if (!pressButtonByEnter(*this, *event))
+        QWidget::keyPressEvent(event);
 }
 
 /// What the editing menu offers works without the toolbar too. The mode and Duplicate's numbers are

@@ -1,6 +1,7 @@
 // `Record`, the Recording Toolbar: its load, its end, and where its clicks go.
 #include "recording/Record.h"
 
+#include "controls/DescribedControls.h"
 #include "platform/Settings.h"
 #include "platform/SystemFiles.h"
 #include "platform/Text.h"
@@ -43,12 +44,14 @@ Record::Record(RecordingToolbar& owner, Studio& studio, ToolDesk& desk)
     SSTab1->setGeometry(8, 34, 516, 238);
     makeRecordPage();
     makePreferencesPage();
+    describeControls(*this, face.name);
     connectHandlers();
 }
 
 void Record::connectHandlers() {
     onClose = [this] { imgTitleClose_Click(); };
     onActivate = [this] { Form_Activate(); };
+    desk_.addKeys(*this);
     for (int i = 0; i < static_cast<int>(Cmd2.size()); ++i) {
         PictureButton* button = Cmd2[static_cast<std::size_t>(i)];
         connect(button, &PictureButton::clicked, this, [this, i] { owner_.player.Cmd2_Click(i); });

@@ -17,12 +17,9 @@ QString latin(std::string_view text) {
 }
 
 template <class Control>
-Control* named(Control* control, const char* name, QRect place, const char* tip = "") {
+Control* named(Control* control, const char* name, QRect place) {
     control->setObjectName(name);
     control->setGeometry(place);
-    control->setToolTip(latin(tip));
-    if (*tip != '\0')
-        control->setAccessibleName(latin(tip));
     return control;
 }
 
@@ -45,12 +42,6 @@ QLabel* makeValue(QWidget* parent, const char* name, QRect place, Qt::Alignment 
     return label;
 }
 
-template <class Control>
-Control* called(Control* control, const char* accessibleName) {
-    control->setAccessibleName(latin(accessibleName));
-    return control;
-}
-
 } // namespace
 
 void Record::makeRecordPage() {
@@ -63,7 +54,7 @@ void Record::makeRecordPage() {
                          QRect(12, 38, 218, 22));
     Optsourcesng->setChecked(true);
     makeRecordPanel(page);
-    Text6 = called(named(new QLineEdit(page), "Text6", QRect(8, 88, 498, 26)), "File in hand");
+    Text6 = named(new QLineEdit(page), "Text6", QRect(8, 88, 498, 26));
     makePlayer(page);
     makeMp3Labels(page);
     makeProgress(page);
@@ -76,7 +67,7 @@ void Record::makeRecordPage() {
 
 void Record::makeRecordPanel(QWidget* page) {
     QFrame* const panel = makePanel(page, "", QRect(254, 8, 252, 72));
-    rec = called(named(new RecordImage(panel), "rec", QRect(12, 12, 48, 48)), "Record");
+    rec = named(new RecordImage(panel), "rec", QRect(12, 12, 48, 48));
     Label1 =
         named(new LabelButton(latin("Start Recording"), panel), "Label1", QRect(70, 8, 170, 30));
     Label8 = makeValue(panel, "Label8", QRect(70, 42, 170, 20), Qt::AlignHCenter);
@@ -86,20 +77,18 @@ void Record::makePlayer(QWidget* page) {
     Picture7 = makePanel(page, "Picture7", QRect(8, 122, 150, 44));
     struct Place {
         const char* picture;
-        const char* tip;
         int left;
     };
-    constexpr std::array<Place, 4> places{{{"player-0-open", "Open File", 5},
-                                           {"player-1-play", "Play", 40},
-                                           {"player-2-pause", "Pause", 75},
-                                           {"player-3-stop", "Stop", 110}}};
+    constexpr std::array<Place, 4> places{{{"player-0-open", 5},
+                                           {"player-1-play", 40},
+                                           {"player-2-pause", 75},
+                                           {"player-3-stop", 110}}};
     for (std::size_t i = 0; i < places.size(); ++i) {
         auto* const button = new PictureButton(Picture7, QStringLiteral("Cmd2(%1)").arg(i),
                                                latin(places[i].picture));
         button->setGeometry(places[i].left, 5, 34, 34);
         button->setIconSize(QSize(24, 24));
-        button->setToolTip(latin(places[i].tip));
-        Cmd2[i] = called(button, places[i].tip);
+        Cmd2[i] = button;
     }
 }
 
@@ -117,7 +106,7 @@ void Record::makeMp3Labels(QWidget* page) {
 }
 
 void Record::makeProgress(QWidget* page) {
-    P2 = called(named(new ProgressTrack(page), "P2", QRect(8, 182, 300, 12)), "Progress");
+    P2 = named(new ProgressTrack(page), "P2", QRect(8, 182, 300, 12));
     L2 = new ProgressBar(P2);
     L2->setObjectName("L2");
     Status = named(new StatusLabel(page), "Status", QRect(314, 178, 56, 20));
@@ -132,40 +121,36 @@ void Record::makePreferencesPage() {
     SSTab1->addTab(page, QStringLiteral("Preferences"));
     makeOptions(page);
     makeFormats(page);
-    InputPath =
-        called(named(new QLineEdit(latin("TEMP.WAV"), page), "InputPath", QRect(8, 170, 238, 26)),
-               "WAV file");
+    InputPath = named(new QLineEdit(latin("TEMP.WAV"), page), "InputPath", QRect(8, 170, 238, 26));
     auto* const arrow = new QLabel(page);
+    arrow->setObjectName("arrow");
     arrow->setPixmap(QIcon(":/look/glyph-arrow-to.svg").pixmap(QSize(16, 16), devicePixelRatioF()));
     arrow->setGeometry(249, 175, 16, 16);
-    OutPutPath = called(
-        named(new QLineEdit(latin("TEMP.MP3"), page), "OutPutPath", QRect(268, 170, 238, 26)),
-        "MP3 file");
+    OutPutPath =
+        named(new QLineEdit(latin("TEMP.MP3"), page), "OutPutPath", QRect(268, 170, 238, 26));
 }
 
 void Record::makeOptions(QWidget* page) {
     QFrame* const panel = makePanel(page, "", QRect(8, 8, 206, 152));
-    const auto option = [panel](const char* caption, const char* name, int top, const char* tip) {
-        return named(new QCheckBox(latin(caption), panel), name, QRect(14, top, 180, 22), tip);
+    const auto option = [panel](const char* caption, const char* name, int top) {
+        return named(new QCheckBox(latin(caption), panel), name, QRect(14, top, 180, 22));
     };
-    Check2 = option("Auto-Encode to MP3", "Check2", 12, "Encode to MP3 automatically");
-    Check3 = option("Delete WAV file", "Check3", 42, "Delete WAV file on completion of encoding");
-    Check4 = option("Show Note position", "Check4", 72, "Show playing position");
-    Command1 = named(new QPushButton(latin("Mixer"), panel), "Command1", QRect(14, 108, 178, 30),
-                     "Show system sound mixer");
+    Check2 = option("Auto-Encode to MP3", "Check2", 12);
+    Check3 = option("Delete WAV file", "Check3", 42);
+    Check4 = option("Show Note position", "Check4", 72);
+    Command1 = named(new QPushButton(latin("Mixer"), panel), "Command1", QRect(14, 108, 178, 30));
 }
 
 void Record::makeFormats(QWidget* page) {
     QFrame* const panel = makePanel(page, "", QRect(222, 8, 284, 152));
     makeLabel(panel, "", QRect(14, 10, 256, 18), "WAV Recording Format", "heading");
-    cbxFormat = named(new QComboBox(panel), "cbxFormat", QRect(14, 32, 256, 26),
-                      "Select WAV recording format");
+    cbxFormat = named(new QComboBox(panel), "cbxFormat", QRect(14, 32, 256, 26));
     makeLabel(panel, "", QRect(14, 74, 120, 18), "MP3 Bitrate", "heading");
-    Combo4 = named(new QComboBox(panel), "Combo4", QRect(14, 96, 120, 26), "MP3 Bitrate selector");
+    Combo4 = named(new QComboBox(panel), "Combo4", QRect(14, 96, 120, 26));
     for (const std::string_view row : mp3Bitrates)
         Combo4->addItem(latin(row));
     makeLabel(panel, "", QRect(150, 74, 120, 18), "MP3 Quality", "heading");
-    Combo3 = named(new QComboBox(panel), "Combo3", QRect(150, 96, 120, 26), "MP3 Quality Selector");
+    Combo3 = named(new QComboBox(panel), "Combo3", QRect(150, 96, 120, 26));
     for (const Mp3Quality& quality : mp3Qualities)
         Combo3->addItem(latin(quality.row));
     Combo4->setCurrentIndex(-1);

@@ -1,6 +1,7 @@
 // How the record image, the label button and the progress bar look and answer.
 #include "recording/RecordWidgets.h"
 
+#include "controls/ScreenReader.h"
 #include "shell/LookColors.h"
 
 #include <QFile>
@@ -11,6 +12,8 @@
 #include <QPainterPath>
 #include <QStyle>
 #include <QTimerEvent>
+
+#include <algorithm>
 
 namespace velorin {
 
@@ -142,6 +145,9 @@ ProgressBar::ProgressBar(ProgressTrack* track) : QLabel(track) {
 
 void ProgressBar::setBarWidth(int widthPx) {
     resize(widthPx, height());
+    const int whole = parentWidget()->width();
+    if (whole > 0)
+        tellReadersProgress(*parentWidget(), std::clamp(100 * widthPx / whole, 0, 100));
 }
 
 void ProgressBar::paintEvent(QPaintEvent*) {

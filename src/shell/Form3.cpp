@@ -1,6 +1,8 @@
 // `Form3`, the Setup Toolbar: its load, its end and its handlers.
 #include "shell/Form3.h"
 
+#include "controls/ControlTable.h"
+#include "controls/DescribedControls.h"
 #include "platform/MessageLoop.h"
 #include "platform/MidiOut.h"
 #include "platform/Settings.h"
@@ -67,12 +69,14 @@ Form3::Form3(SetupToolbar& owner, Studio& studio, NoteSounding& sounding, SetupD
     makeRowsPage();
     makePolyphonicsPage();
     makeSetupPage();
+    describeControls(*this, face.name);
     connectHandlers();
 }
 
 void Form3::connectHandlers() {
     onClose = [this] { imgTitleClose_Click(); };
     onActivate = [this] { Form_Activate(); };
+    desk_.addKeys(*this);
     for (int row = 0; row < scoreRows; ++row) {
         TrackSel[at(row)]->onPress = [this, row] { pressTrackSel(row); };
         TrackSel[at(row)]->onMove = [this, row] { TrackSel_MouseMove(row); };
@@ -233,7 +237,7 @@ void Form3::HScroll2_Change() {
             continue;
         }
         if (vol[at(row)] == nullptr) {
-            desk_.endWithError("The volume cannot be set: " + rowAccessibleName(row).toStdString() +
+            desk_.endWithError("The volume cannot be set: " + std::string(rowName(row)) +
                                " has no volume box.\r\nVelorin will now close.");
         } else {
             vol[at(row)]->setText(QString::number(HScroll2->value()));

@@ -30,14 +30,9 @@ QLabel* makeLabel(QWidget* parent, QRect place, const QString& text, const char*
 }
 
 template <class Control>
-Control* named(Control* control, const QString& name, QRect place, const char* tip = "") {
+Control* named(Control* control, const QString& name, QRect place) {
     control->setObjectName(name);
     control->setGeometry(place);
-    const QString text = QString::fromLatin1(tip);
-    control->setToolTip(text);
-    if (control->accessibleName().isEmpty()) {
-        control->setAccessibleName(text);
-    }
     return control;
 }
 
@@ -60,15 +55,14 @@ void Form3::makeRowsPage() {
     for (int row = 0; row < musicRows; ++row) {
         makeRowOption(music, row, row);
     }
-    Combo1 = named(new QComboBox(music), "Combo1", QRect(292, 26, 194, 26), "Instrument");
+    Combo1 = named(new QComboBox(music), "Combo1", QRect(292, 26, 194, 26));
 
     QFrame* const percussion = makePanel(page, QRect(8, 94, 498, 78));
     makeLabel(percussion, QRect(12, 6, 260, 16), QStringLiteral("Percussion Group"), "heading");
     for (int place = 0; place < static_cast<int>(percussionOrder.size()); ++place) {
         makeRowOption(percussion, percussionOrder[static_cast<std::size_t>(place)], place);
     }
-    Combo5 = named(new QComboBox(percussion), "Combo5", QRect(292, 26, 194, 26),
-                   "Percussion Instrument");
+    Combo5 = named(new QComboBox(percussion), "Combo5", QRect(292, 26, 194, 26));
 
     // A spare option that nothing uses.
     named(new QRadioButton(percussion), element("TrackSel", scoreRows), QRect())->hide();
@@ -86,18 +80,15 @@ void Form3::makeRowOption(QWidget* panel, int row, int place) {
     auto* const box = new QCheckBox(panel);
     box->setProperty("role", "hide");
     box->setProperty("backColor", QColor(Qt::white));
-    box->setAccessibleName(QStringLiteral("Hide ") + rowAccessibleName(row));
-    TrackHide[index] = named(box, element("TrackHide", row), QRect(17 + 34 * place, 54, 18, 18),
-                             "Hide this channel");
+    TrackHide[index] = named(box, element("TrackHide", row), QRect(17 + 34 * place, 54, 18, 18));
 }
 
 void Form3::makePolyphonicsPage() {
     auto* const page = new QWidget(SSTab1);
     SSTab1->addTab(page, QStringLiteral("Polyphonics"));
-    Chkpoly = named(new QCheckBox(QStringLiteral("Tableau"), page), "Chkpoly",
-                    QRect(14, 12, 90, 22), "Open/Close Polyphonics tableau");
+    Chkpoly =
+        named(new QCheckBox(QStringLiteral("Tableau"), page), "Chkpoly", QRect(14, 12, 90, 22));
     Combo3 = named(new QComboBox(page), "Combo3", QRect(118, 10, 388, 26));
-    Combo3->setAccessibleName(QStringLiteral("Chord"));
 
     QFrame* const panel = makePanel(page, QRect(8, 48, 498, 124));
     makeLabel(panel, QRect(14, 42, 80, 22), QStringLiteral("Select"), "heading");
@@ -108,13 +99,11 @@ void Form3::makePolyphonicsPage() {
             ->setAlignment(Qt::AlignCenter);
         Ch[index] = named(new RowCheck(panel, row, rowColour(row)), element("Ch", row),
                           QRect(112 + 46 * row, 40, 28, 26));
-        Ch[index]->setAccessibleName(QStringLiteral("Select ") + rowAccessibleName(row));
     }
     for (int row = 0; row < musicRows; ++row) {
         const auto index = static_cast<std::size_t>(row);
         Chkstrum[index] = named(new QCheckBox(panel), element("Chkstrum", row),
                                 QRect(118 + 46 * row, 87, 16, 16));
-        Chkstrum[index]->setAccessibleName(QStringLiteral("Strumming ") + rowAccessibleName(row));
     }
 }
 
@@ -122,8 +111,7 @@ void Form3::makeSetupPage() {
     auto* const page = new QWidget(SSTab1);
     SSTab1->addTab(page, QStringLiteral("Setup"));
     makeLabel(page, QRect(14, 10, 90, 20), QStringLiteral("Tempo"), "heading");
-    HScroll1 = named(new ScrollBar(Qt::Horizontal, page), "HScroll1", QRect(118, 13, 328, 14),
-                     "Tempo (playing speed)");
+    HScroll1 = named(new ScrollBar(Qt::Horizontal, page), "HScroll1", QRect(118, 13, 328, 14));
     HScroll1->setRange(20, 300);
     HScroll1->setPageStep(10);
     HScroll1->setValue(100);
@@ -135,13 +123,11 @@ void Form3::makeSetupPage() {
         ->setAlignment(Qt::AlignCenter);
     makeLabel(page, QRect(14, 50, 90, 26), QStringLiteral("Midi Device"), "heading");
     Combo2 = named(new QComboBox(page), "Combo2", QRect(118, 50, 388, 26));
-    Combo2->setAccessibleName(QStringLiteral("Midi Device"));
     makeLabel(page, QRect(14, 85, 90, 20), QStringLiteral("Volume"), "heading");
     HScroll2 = named(new ScrollBar(Qt::Horizontal, page), "HScroll2", QRect(118, 88, 388, 14));
     HScroll2->setRange(0, 127);
     HScroll2->setValue(127);
     HScroll2->setFocusPolicy(Qt::StrongFocus);
-    HScroll2->setAccessibleName(QStringLiteral("Volume"));
     makeVolumes(page);
 }
 
@@ -153,7 +139,6 @@ void Form3::makeVolumes(QWidget* page) {
                                 QRect(left, 25, 34, 24));
         box->setStyleSheet("font-size: 11px;");
         box->setAlignment(Qt::AlignCenter);
-        box->setAccessibleName(QStringLiteral("Volume ") + rowAccessibleName(row));
         vol[static_cast<std::size_t>(row)] = box;
     };
     for (int row = 0; row < musicRows; ++row) {

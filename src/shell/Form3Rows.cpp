@@ -1,4 +1,5 @@
 // The rows of the Setup Toolbar: which is selected, which are hidden.
+#include "controls/ControlTable.h"
 #include "score/Studio.h"
 #include "shell/Form3.h"
 #include "shell/RowButton.h"
@@ -44,10 +45,10 @@ void Form3::TrackSel_MouseDown(int row) {
 }
 
 void Form3::TrackSel_MouseMove(int row) {
-    QString tip = row < musicRows ? QStringLiteral("Channel %1").arg(row + 1)
-                                  : QStringLiteral("Percussion Channel %1").arg(row - 7);
+    QString tip = row < musicRows ? QString::fromLatin1(channelTip).arg(row + 1)
+                                  : QString::fromLatin1(percussionChannelTip).arg(row - 7);
     if (TrackSel[at(row)]->isChecked()) {
-        tip += QStringLiteral(" (Active)");
+        tip += QLatin1String(activeTip);
     }
     TrackSel[at(row)]->setToolTip(tip);
 }

@@ -1,6 +1,7 @@
 // `Frmmenu`, the hidden owner of the popup menus.
 #include "shell/Frmmenu.h"
 
+#include "controls/MenuTable.h"
 #include "platform/MessageLoop.h"
 #include "platform/PopupMenus.h"
 #include "score/Studio.h"
@@ -56,9 +57,8 @@ void Frmmenu::Form_Click() {
 }
 
 void Frmmenu::click(const std::string& name) {
-    const MenuEntry* const entry = findMenuEntry(name);
-    if (entry != nullptr && entry->run != nullptr) {
-        entry->run(*this);
+    if (const MenuAction run = menuAction(name)) {
+        run(*this);
     }
 }
 
@@ -89,10 +89,10 @@ void Frmmenu::setRightClick(int mode) {
 }
 
 void Frmmenu::popup(int number) {
-    const PopupTable table = popupTable(number);
+    const MenuTexts table = menuTexts(number);
     std::vector<platform::PopupEntry> entries;
     entries.reserve(table.entries.size());
-    for (const MenuEntry& entry : table.entries) {
+    for (const MenuText& entry : table.entries) {
         entries.push_back({entry.name, entry.caption, isChecked(entry.name)});
     }
     const std::string chosen = studio_.platform.menus.PopupMenu(table.name, entries);

@@ -1,7 +1,7 @@
 // The help as a book.
 #include "shell/HelpBook.h"
 
-#include "shell/Shortcuts.h"
+#include "controls/KeyTable.h"
 
 #include <QRegularExpression>
 #include <QTextDocumentFragment>
@@ -14,18 +14,33 @@ namespace {
 
 constexpr int aroundWord = 60; ///< letters shown at each side of a word that was found
 
-QString rowOf(const Shortcut& shortcut) {
+QString rowOf(const Key& key) {
     return QStringLiteral("<tr><td width=\"150\"><b>%1</b></td><td>%2</td></tr>")
-        .arg(QLatin1String(shortcut.keys), QLatin1String(shortcut.meaning));
+        .arg(QLatin1String(key.keys), QLatin1String(key.meaning));
 }
 
-QString tableOfKeys() {
-    QString table = "<table cellpadding=\"6\" cellspacing=\"0\" width=\"100%\">";
-    for (const Shortcut& shortcut : shortcuts)
-        table += rowOf(shortcut);
-    for (const Shortcut& shortcut : editShortcuts)
-        table += rowOf(shortcut);
-    return table + "</table>";
+QString tablesOfKeys() {
+    QString tables;
+    for (const KeySection& section : keySections()) {
+        tables += QStringLiteral("<h2>%1</h2>").arg(QLatin1String(section.heading));
+        tables += "<table cellpadding=\"6\" cellspacing=\"0\" width=\"100%\">";
+        for (const Key& key : section.keys)
+            tables += rowOf(key);
+        tables += "</table>";
+    }
+    return tables;
+}
+
+/// "<!-- keys of Form1.Cmd2(1) -->" becomes "Keys: Ctrl+N."
+void fillInKeys(QString& html) {
+    static const QRegularExpression mark("<!-- keys of (\\w+)\\.([\\w()]+) -->");
+    for (auto found = mark.match(html); found.hasMatch(); found = mark.match(html)) {
+        const std::string keys =
+            keysOf(found.captured(1).toStdString(), found.captured(2).toStdString());
+        html.replace(found.capturedStart(), found.capturedLength(),
+                     QStringLiteral("Keys: %1.").arg(QString::fromStdString(keys)));
+    }
+    html.replace("<!-- keys -->", tablesOfKeys());
 }
 
 QStringList wordsOf(const QString& text) {
@@ -61,7 +76,7 @@ QString lineAround(const QString& plain, const QString& word) {
 
 HelpBook::HelpBook(std::vector<HelpPage> pages) : pages_(std::move(pages)) {
     for (HelpPage& page : pages_) {
-        page.html.replace("<!-- keys -->", tableOfKeys());
+        fillInKeys(page.html);
         // The title stands for itself.
         const QString body = page.html.mid(page.html.indexOf("</h1>") + 5);
         plain_.push_back(page.title + '\n' + QTextDocumentFragment::fromHtml(body).toPlainText());

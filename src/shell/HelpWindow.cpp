@@ -1,6 +1,8 @@
 // The help window.
 #include "shell/HelpWindow.h"
 
+#include "controls/DescribedControls.h"
+
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QResizeEvent>
@@ -76,11 +78,9 @@ HelpWindow::HelpWindow(std::vector<HelpPage> pages)
     search = new QLineEdit(this);
     search->setObjectName("search");
     search->setPlaceholderText(QStringLiteral("Search in all pages"));
-    search->setAccessibleName(QStringLiteral("Search in all pages"));
     search->setClearButtonEnabled(true);
     contents = new QListWidget(this);
     contents->setObjectName("contents");
-    contents->setAccessibleName(QStringLiteral("Contents"));
     contents->setStyleSheet(listLook);
     contents->setWordWrap(true);
     contents->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -89,7 +89,8 @@ HelpWindow::HelpWindow(std::vector<HelpPage> pages)
     back->setEnabled(false);
     browser = new HelpBrowser(book_, this);
     browser->setObjectName("page");
-    browser->setAccessibleName(QStringLiteral("Page"));
+    grip_->setObjectName("grip");
+    describeControls(*this, "Help");
     fillContents();
     connect(search, &QLineEdit::textChanged, this,
             [this] { search->text().trimmed().isEmpty() ? fillContents() : fillHits(); });

@@ -1,9 +1,11 @@
 // The face of the hint window.
 #include "shell/HintPanel.h"
 
+#include "controls/DescribedControls.h"
 #include "shell/FramePaint.h"
 #include "shell/LookColors.h"
 #include "shell/WindowDrag.h"
+#include "shell/WindowKeys.h"
 
 #include <QCloseEvent>
 #include <QIcon>
@@ -34,6 +36,7 @@ HintPanel::HintPanel()
       place(*this),
       title_(new QLabel(QStringLiteral("Velorin Wizard"), this)) {
     setObjectName("frminfo");
+    setAccessibleName(QStringLiteral("Hint"));
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_ShowWithoutActivating);
     setStyleSheet(paperStyle);
@@ -49,14 +52,15 @@ HintPanel::HintPanel()
     imgTitleClose->setProperty("role", "title");
     imgTitleClose->setProperty("danger", true);
     imgTitleClose->setIconSize(QSize(16, 16));
-    imgTitleClose->setAccessibleName(QStringLiteral("Close"));
     imgTitleClose->setFocusPolicy(Qt::TabFocus);
     Timer1->setObjectName("Timer1");
     Timer1->setEnabled(false);
     Timer1->hide();
     connect(imgTitleClose, &QToolButton::clicked, this, [this] { leave(); });
+    addWindowKeys(*this);
     setFocus(); // and so the button has no ring when the window becomes active
     setText({}, false);
+    describeControls(*this, "frminfo");
 }
 
 void HintPanel::setText(const QString& text, bool lesson) {

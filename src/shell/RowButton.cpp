@@ -1,6 +1,7 @@
 // The coloured controls of a row.
 #include "shell/RowButton.h"
 
+#include "controls/ScreenReader.h"
 #include "score/Cell.h"
 #include "shell/LookColors.h"
 
@@ -18,23 +19,22 @@ namespace {
 struct RowLook {
     const char* face;
     bool dark; ///< the colour is so dark that the digit is white
-    const char* name;
 };
 
 constexpr std::array<RowLook, scoreRows> looks{{
-    {"1", false, "Channel 1"},
-    {"2", true, "Channel 2"},
-    {"3", false, "Channel 3"},
-    {"4", false, "Channel 4"},
-    {"5", false, "Channel 5"},
-    {"6", false, "Channel 6"},
-    {"7", false, "Channel 7"},
-    {"8", false, "Channel 8"},
-    {"1", true, "Percussion Channel 1"},
-    {"R", false, "Rythm Channel 4"},
-    {"2", true, "Percussion Channel 2"},
-    {"3", true, "Percussion Channel 3"},
-    {"4", false, "Percussion Channel 4"},
+    {"1", false},
+    {"2", true},
+    {"3", false},
+    {"4", false},
+    {"5", false},
+    {"6", false},
+    {"7", false},
+    {"8", false},
+    {"1", true},
+    {"R", false},
+    {"2", true},
+    {"3", true},
+    {"4", false},
 }};
 
 const RowLook& lookOf(int row) {
@@ -75,10 +75,6 @@ QString rowFace(int row) {
     return QString::fromLatin1(lookOf(row).face);
 }
 
-QString rowAccessibleName(int row) {
-    return QString::fromLatin1(lookOf(row).name);
-}
-
 RowButton::RowButton(QWidget* parent, int row, Colour colour)
     : QAbstractButton(parent), row_(row), colour_(toColor(colour)) {
     setProperty("backColor", colour_);
@@ -86,7 +82,6 @@ RowButton::RowButton(QWidget* parent, int row, Colour colour)
     setMouseTracking(true);
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::TabFocus);
-    setAccessibleName(rowAccessibleName(row));
 }
 
 void RowButton::paintEvent(QPaintEvent*) {
@@ -168,6 +163,8 @@ void RowCheck::paintEvent(QPaintEvent*) {
 RowChip::RowChip(QWidget* parent, int row, Colour colour)
     : QWidget(parent), row_(row), colour_(toColor(colour)) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
+    showToReaders(*this, ControlKind::picture);
+    setAccessibleName(QLatin1String(rowName(row)));
 }
 
 void RowChip::paintEvent(QPaintEvent*) {

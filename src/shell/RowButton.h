@@ -13,8 +13,6 @@ namespace velorin {
 
 /// The digit or letter that a row shows, one character; row [0, 13).
 [[nodiscard]] QString rowFace(int row);
-/// The row's name for a reader of the screen: "Channel 1".
-[[nodiscard]] QString rowAccessibleName(int row);
 
 // A control whose background has a colour of its own carries it as its property "backColor".
 

@@ -8,6 +8,7 @@ class QWidget;
 namespace velorin {
 
 struct FrameState;
+class ToolFrame;
 
 class ToolDesk {
 public:
@@ -15,6 +16,10 @@ public:
 
     /// A tool window, told by its name, became the active one.
     virtual void noteActiveToolbar(const char* name) = 0;
+
+    /// Gives a tool window the keys of the main window, except that a key of writing goes to the
+    /// window's own controls first.
+    virtual void addKeys(ToolFrame& window) = 0;
 
     /// What the frames of all windows share.
     [[nodiscard]] virtual FrameState& frames() = 0;

@@ -2,9 +2,11 @@
 #include "shell/ToolFrame.h"
 
 #include "shell/SettingValues.h"
+#include "shell/WindowKeys.h"
 
 #include <QCloseEvent>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QPainter>
 
 namespace velorin {
@@ -13,6 +15,15 @@ namespace {
 
 /// So much of the title has to be on the screen for the user to take hold of it, in pixels.
 constexpr int gripWidth = 48;
+
+/// The control before another one with the Tab key; the window if there is none.
+QWidget* stopBefore(const QWidget& control) {
+    QWidget* stop = control.previousInFocusChain();
+    while (!stop->isWindow() && stop->focusPolicy() == Qt::NoFocus) {
+        stop = stop->previousInFocusChain();
+    }
+    return stop;
+}
 
 } // namespace
 
@@ -32,6 +43,7 @@ ToolFrame::ToolFrame(const Face& face, FrameState& state, Qt::WindowFlags stacki
     resize(face.size);
 
     auto* const picture = new QLabel(this);
+    picture->setAccessibleName(windowTitle());
     picture->setPixmap(QIcon(icon).pixmap(QSize(16, 16), devicePixelRatioF()));
     picture->setGeometry(12, 6, 16, 16);
     lblTitle->setObjectName("lblTitle");
@@ -43,13 +55,13 @@ ToolFrame::ToolFrame(const Face& face, FrameState& state, Qt::WindowFlags stacki
     imgTitleClose->setIcon(QIcon(":/look/title-close.svg"));
     imgTitleClose->setIconSize(QSize(16, 16));
     imgTitleClose->setGeometry(face.size.width() - 34, 4, 26, 20);
-    imgTitleClose->setAccessibleName(QStringLiteral("Close"));
     imgTitleClose->setFocusPolicy(Qt::TabFocus);
     connect(imgTitleClose, &QToolButton::clicked, this, [this] {
         if (onClose) {
             onClose();
         }
     });
+    addWindowKeys(*this);
     setFocus(); // and so no control has the ring when the window becomes active
     makeDragHandle(*lblTitle);
     makeDragHandle(*picture);
@@ -97,6 +109,25 @@ void ToolFrame::changeEvent(QEvent* event) {
         onActivate();
     }
     QWidget::changeEvent(event);
+}
+
+void ToolFrame::keyPressEvent(QKeyEvent* event) {
+    if (!pressButtonByEnter(*this, *event) && (!onKey || !onKey(*event))) {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+/// The close button comes last with the Tab key, as the title does in the main window.
+void ToolFrame::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    QWidget* const last = stopBefore(*this);
+    if (last == imgTitleClose || last == this) {
+        return;
+    }
+    // Straight behind the last one it would stay where it is: the order is a ring, and there the
+    // first follows the last.
+    setTabOrder(stopBefore(*last), imgTitleClose);
+    setTabOrder(last, imgTitleClose);
 }
 
 float middleTwips(int screenPx, int windowPx) {

@@ -48,10 +48,15 @@ public:
     std::function<void()> onClose;    ///< the title's button, or the window system's close
     std::function<void()> onActivate; ///< the window became the active one
 
+    /// A key that no control of the window has taken; returns whether it was one of the program's.
+    std::function<bool(const QKeyEvent& event)> onKey;
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     [[nodiscard]] bool isTitleInReach(platform::SizePx screen) const;

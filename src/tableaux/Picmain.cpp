@@ -2,6 +2,8 @@
 #include "tableaux/Picmain.h"
 
 #include "bars/ScrollBar.h"
+#include "controls/DescribedControls.h"
+#include "tableaux/LaneChip.h"
 
 #include <QFile>
 #include <QIcon>
@@ -52,25 +54,6 @@ protected:
     }
 };
 
-class Chip final : public QWidget {
-public:
-    Chip(QWidget* parent, Colour colour) : QWidget(parent), colour_(colour) {
-        setProperty("backColor", toQColor(colour));
-    }
-
-protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(toQColor(colour_));
-        painter.drawRoundedRect(QRectF(rect()), 2, 2);
-    }
-
-private:
-    Colour colour_;
-};
-
 QCursor penCursor(const QWidget& shown) {
     const QString file = ":/look/cursor-pen.svg";
     if (!QFile::exists(file))
@@ -97,7 +80,7 @@ Picmain::Picmain(QWidget* parent)
     makeBarNumbers();
     makeTableaux();
     makeScrollBars();
-    nameForReaders();
+    describeControls(*this, "Form1");
 }
 
 void Picmain::makeBarNumbers() {
@@ -126,13 +109,11 @@ void Picmain::makeBarNumbers() {
 
 void Picmain::makeTableaux() {
     PicX = new PictureBox(this, "PicX", navy);
-    PicX->setToolTip("Octave; Note");
     makeLegend();
     MusicBox =
         new PictureBox(this, "MusicBox", white, FillStyle::horizontalLines, rgb(192, 255, 255));
     Pic1 = new PictureBox(this, "Pic1", white, FillStyle::solid, rgb(224, 224, 224));
     Beatbox = new PictureBox(this, "Beatbox", rgb(192, 255, 192));
-    Beatbox->setToolTip("Percussion Tableau");
     PicX->place(3, 23, 26, 209);
     MusicBox->place(29, 25, 498, 208);
     Pic1->place(32, 232, 477, 58);
@@ -157,9 +138,8 @@ void Picmain::makeLegend() {
     Pt1->setObjectName("Pt1");
     Pt1->setGeometry(15, 232, 16, 70);
     for (int k = 0; k < 8; ++k) {
-        auto* chip = new Chip(Pt1, legendColors[static_cast<std::size_t>(k)]);
+        auto* chip = new LaneChip(Pt1, legendColors[static_cast<std::size_t>(k)]);
         chip->setObjectName(indexed("Label8", k));
-        chip->setToolTip(QString("Ch %1 Polyphonics").arg(k + 1));
         chip->setGeometry(1, 7 * k + 1, 12, 6);
         Label8[static_cast<std::size_t>(k)] = chip;
     }
@@ -180,18 +160,6 @@ void Picmain::makeScrollBars() {
     VScroll1->setValue(61);
     for (QScrollBar* bar : {HScroll1, VScroll1})
         bar->setFocusPolicy(Qt::TabFocus);
-}
-
-void Picmain::nameForReaders() {
-    MusicBox->setAccessibleName("Music Tableau");
-    Beatbox->setAccessibleName("Percussion Tableau");
-    Pic1->setAccessibleName("Polyphonics Tableau");
-    PicX->setAccessibleName("Octave; Note");
-    TopBarOverlay->setAccessibleName("Bar numbers");
-    HScroll1->setAccessibleName("Columns");
-    VScroll1->setAccessibleName("Pitches");
-    for (QWidget* chip : Label8)
-        chip->setAccessibleName(chip->toolTip());
 }
 
 void Picmain::paintEvent(QPaintEvent* event) {

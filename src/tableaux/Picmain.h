@@ -51,7 +51,6 @@ private:
     void makeTableaux();
     void makeLegend();
     void makeScrollBars();
-    void nameForReaders();
 };
 
 } // namespace velorin

@@ -167,14 +167,21 @@ void PictureBox::mouseReleaseEvent(QMouseEvent* event) {
 
 void PictureBox::focusInEvent(QFocusEvent* event) {
     QWidget::focusInEvent(event);
-    hasRing_ = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    // A window that becomes active again, or a menu that closes, leaves the ring as it was.
+    const Qt::FocusReason reason = event->reason();
+    const bool comesBack = reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
+    const bool isTab = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
+    hasRing_ = comesBack ? hadRing_ : isTab;
+    update();
     if (onGotFocus)
         onGotFocus();
 }
 
 void PictureBox::focusOutEvent(QFocusEvent* event) {
     QWidget::focusOutEvent(event);
+    hadRing_ = hasRing_;
     hasRing_ = false;
+    update();
     if (onLostFocus)
         onLostFocus();
 }

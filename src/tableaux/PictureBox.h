@@ -79,6 +79,7 @@ private:
     int pointer_ = pointerDefault;
     bool paints_ = true;
     bool hasRing_ = false; ///< the focus came by a key
+    bool hadRing_ = false; ///< it had the ring when it last lost the focus
     QCursor ownCursor_{Qt::CrossCursor};
 };
 

@@ -1,6 +1,7 @@
 // The lanes of chord marks under the music tableau.
 #include "tableaux/PolyTableau.h"
 
+#include "controls/ControlTable.h"
 #include "platform/Text.h"
 #include "score/Studio.h"
 #include "tableaux/MouseDrag.h"
@@ -133,7 +134,7 @@ void PolyTableau::wipeMark(double snapped, double y) {
 // at rest drops out.
 void PolyTableau::Pic1_MouseMove(int button, int /*shift*/, double x, double y) {
     if (const auto lane = platform::toInt16(y / 8.0))
-        area_.Pic1->setToolTip(QStringLiteral("Draw Channel %1 Polyphonics").arg(*lane + 1));
+        area_.Pic1->setToolTip(QString::fromLatin1(laneTip).arg(*lane + 1));
     double& difference = studio_.drag.PolyDrag;
     difference = std::abs(x - difference);
     if (difference <= 1.0)

@@ -11,8 +11,6 @@ StepLabel::StepLabel(const QString& caption, QWidget* parent) : QLabel(caption, 
     setTextFormat(Qt::PlainText);
     setProperty("role", "step");
     setProperty("hot", false);
-    setToolTip(QStringLiteral("Click to perform this step"));
-    setAccessibleName(caption);
     setFocusPolicy(Qt::TabFocus);
     setMouseTracking(true);
 }

@@ -1,6 +1,7 @@
 // `Wiz`, the Tutorial Wizard: its load, its end and its handlers.
 #include "tutorial/Wiz.h"
 
+#include "controls/DescribedControls.h"
 #include "platform/Settings.h"
 #include "platform/Text.h"
 #include "score/Studio.h"
@@ -37,8 +38,10 @@ Wiz::Wiz(TutorialWizard& owner, Studio& studio, WizardDesk& wizardDesk, ToolDesk
     for (int lesson = 0; lesson < lessonCount; ++lesson)
         makeLesson(lesson);
     makeFoot();
+    describeControls(*this, face.name);
     onClose = [this] { imgTitleClose_Click(); };
     onActivate = [this] { Form_Activate(); };
+    desk_.addKeys(*this);
     connect(Check1, &QCheckBox::toggled, this, &Wiz::Check1_Click);
 }
 

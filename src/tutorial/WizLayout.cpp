@@ -84,6 +84,7 @@ void Wiz::makeLesson(int lesson) {
     auto* const picture = new QLabel(panel);
     picture->setPixmap(faded(QStringLiteral(":/look/%1.svg").arg(QLatin1String(lessonIcons[index])),
                              pictureSide, devicePixelRatioF()));
+    picture->setAccessibleName(QLatin1String(table.title));
     picture->setGeometry(470, 190, pictureSide, pictureSide);
     QLabel* const heading =
         makeLabel(panel, QRect(16, 10, 602, 24), QLatin1String(table.title), "lesson");

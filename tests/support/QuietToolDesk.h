@@ -15,6 +15,7 @@ struct QuietToolDesk final : velorin::ToolDesk {
     velorin::FrameState state;
     std::vector<std::unique_ptr<QWidget>> gone;
 
+    void addKeys(velorin::ToolFrame&) override {}
     void noteActiveToolbar(const char*) override {}
     velorin::FrameState& frames() override { return state; }
     void destroyLater(std::unique_ptr<QWidget> window) override {

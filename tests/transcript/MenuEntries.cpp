@@ -3,8 +3,8 @@
 
 #include "Answers.h"
 #include "Session.h"
+#include "controls/MenuTable.h"
 #include "program/Form1.h"
-#include "shell/Menus.h"
 
 namespace transcript {
 
@@ -14,7 +14,7 @@ bool isMenuLoaded(Session& session) {
 
 Lines menuEntry(Session& session, const Address& address) {
     velorin::Frmmenu& menus = session.form1().menus;
-    const velorin::MenuEntry* entry = velorin::findMenuEntry(address.control);
+    const velorin::MenuText* entry = velorin::findMenuText(address.control);
     if (entry == nullptr)
         throw CommandError("no such control: " + address.whole);
     menus.load();

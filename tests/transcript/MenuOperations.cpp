@@ -1,9 +1,9 @@
 // Operations of the popup menus' owner, `Frmmenu`, and of the hint window.
 #include "Operations.h"
 #include "Session.h"
+#include "controls/MenuTable.h"
 #include "program/Form1.h"
 #include "program/Program.h"
-#include "shell/Menus.h"
 
 namespace transcript {
 
@@ -25,8 +25,8 @@ Operations menuOperations() {
         operation("frminfo.Timer1_Timer", hints, &frminfo::Timer1_Timer),
     };
     for (int number = 1; number <= 5; ++number) {
-        for (const MenuEntry& entry : popupTable(number).entries) {
-            if (*entry.caption == '\0')
+        for (const MenuText& entry : menuTexts(number).entries) {
+            if (entry.isSeparator())
                 continue;
             const std::string name = entry.name;
             all.push_back({"Frmmenu." + name + "_Click",

@@ -2,9 +2,9 @@
 #include "ControlNames.h"
 #include "Operations.h"
 #include "Session.h"
+#include "controls/ControlTable.h"
 #include "program/Form1.h"
 #include "program/Program.h"
-#include "shell/Hints.h"
 
 namespace transcript {
 
@@ -45,9 +45,10 @@ Lines getinfo(Session& session, Arguments& arguments) {
     arguments.expectEnd();
     const bool isButton = name == "Cmd2";
     QWidget& control = controlOf(session, isButton ? "Cmd2(" + std::to_string(index) + ")" : name);
-    const char* text = isButton         ? toolbarHint(index)
-                       : name == "PicX" ? noteNamesHint
-                                        : barNumbersHint;
+    const bool isNames = name == "PicX";
+    const char* text = controlHint(isButton  ? control.objectName().toStdString()
+                                   : isNames ? name
+                                             : "TopBarOverlay");
     session.form1().Getinfo(control, QString::fromLatin1(text), x, y);
     return {};
 }

@@ -49,9 +49,6 @@ struct RecordingCommands final : EditCommands {
     void FunctionBut_Click(int index) override {
         log.push_back("FunctionBut_Click " + std::to_string(index));
     }
-    void pressEditButton(int button) override {
-        log.push_back("pressEditButton " + std::to_string(button));
-    }
     void setText3(const std::string& text) override { text3 = text; }
     void setText4(const std::string& text) override { text4 = text; }
     void setText5(const std::string& text) override { text5 = text; }

@@ -1,6 +1,5 @@
 // The help: its links, its search, its keys, and its window.
 #include "shell/HelpWindow.h"
-#include "shell/Shortcuts.h"
 
 #include <gtest/gtest.h>
 
@@ -59,17 +58,6 @@ TEST(HelpTest, EveryPageCanBeReachedFromTheFirst) {
     const QStringList links = captured(book().pages().front().html, "href=\"([^\"#]*)");
     for (std::size_t i = 1; i < book().pages().size(); ++i)
         EXPECT_TRUE(links.contains(book().pages()[i].file)) << book().pages()[i].file.toStdString();
-}
-
-TEST(HelpTest, KeysOfTheMainWindowAreAllTold) {
-    const HelpPage* const keys = book().page("keys.html");
-    ASSERT_NE(keys, nullptr);
-    for (const Shortcut& shortcut : shortcuts)
-        EXPECT_TRUE(keys->html.contains("<b>" + QString::fromLatin1(shortcut.keys) + "</b>"))
-            << shortcut.keys;
-    for (const Shortcut& shortcut : editShortcuts)
-        EXPECT_TRUE(keys->html.contains("<b>" + QString::fromLatin1(shortcut.keys) + "</b>"))
-            << shortcut.keys;
 }
 
 TEST(HelpTest, SearchFindsPagesThatHaveAllWords) {

@@ -42,6 +42,7 @@ public:
     void noteActiveToolbar(const char* name) override {
         log.push_back(std::string("active ") + name);
     }
+    void addKeys(ToolFrame&) override {}
     FrameState& frames() override { return frames_; }
     void destroyLater(std::unique_ptr<QWidget> window) override {
         gone.push_back(std::move(window));

@@ -2,7 +2,6 @@
 // user.
 #include "shell/frminfo.h"
 
-#include "shell/Hints.h"
 #include "support/ScriptedPlatform.h"
 
 #include <gtest/gtest.h>
@@ -127,24 +126,6 @@ TEST_F(frminfoTest, TheEndOfTheProgramEndsALesson) {
     info.showLesson("step", 0.0F, 0.0F);
     EXPECT_FALSE(shown());
     EXPECT_FALSE(info.isLessonOpen());
-}
-
-TEST(Hints, EveryButtonHasAHintAndTheirLinesEndInCarriageReturnAndLineFeed) {
-    for (int index = 1; index <= 14; ++index) {
-        EXPECT_STRNE(toolbarHint(index), "") << index;
-    }
-    EXPECT_STREQ(toolbarHint(0), "");
-    EXPECT_STREQ(toolbarHint(15), "");
-    EXPECT_STREQ(toolbarHint(5), "Rewinds the staff to the beginning of the composition. If the "
-                                 "staff has scrolled beyond the first visible section, \r\n"
-                                 "it scrolls all the way back to Note 1.");
-}
-
-TEST(Hints, EveryRightClickModeHasItsTip) {
-    EXPECT_STREQ(rightClickTip(0), "Erase note on right-click");
-    EXPECT_STREQ(rightClickTip(1), "Menu on right-click");
-    EXPECT_STREQ(rightClickTip(2), "Set Polynotes on right-click");
-    EXPECT_STREQ(rightClickTip(3), "");
 }
 
 } // namespace

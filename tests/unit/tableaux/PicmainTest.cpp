@@ -137,5 +137,8 @@ TEST(PictureBox, FocusByAKeyShowsARingAndByTheMouseNone) {
     };
     EXPECT_EQ(corner(Qt::TabFocusReason), rgb(68, 204, 255));
     EXPECT_EQ(box.picture.pixel(1, 20), rgb(255, 255, 255));
+    QFocusEvent out(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
+    QApplication::sendEvent(&box, &out);
+    EXPECT_EQ(corner(Qt::ActiveWindowFocusReason), rgb(68, 204, 255));
     EXPECT_EQ(corner(Qt::MouseFocusReason), rgb(255, 255, 255));
 }

@@ -1,14 +1,10 @@
 // The help tells of every control: whatever a tool tip or a screen reader names stands in it.
-#include "program/Form1.h"
-#include "program/Program.h"
-#include "resources/HelpPages.h"
-#include "resources/Look.h"
-#include "shell/Menus.h"
-#include "support/ScriptedPlatform.h"
+#include "WholeProgram.h"
+#include "controls/ControlTable.h"
+#include "controls/MenuTable.h"
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QTabBar>
 #include <QTextDocumentFragment>
 #include <QToolButton>
@@ -44,18 +40,26 @@ QStringList namesIn(const QWidget& window) {
 } // namespace
 
 TEST(HelpEntriesTest, EveryControlOfEveryWindowHasAnEntry) {
-    applyLook(*qApp);
-    scripted::ScriptedPlatform host;
-    Program program(host.platform);
-    ASSERT_TRUE(program.start());
+    WholeProgram whole;
     const QString help = wholeHelp();
-    for (const char* const name : {"Form1", "Form2", "Form3", "Record", "Wiz"}) {
-        const QWidget* const window = program.window(QString::fromLatin1(name), true);
-        if (window == nullptr)
-            continue; // a window that is not built has no controls
+    for (const QWidget* const window : whole.windows())
         for (const QString& control : namesIn(*window))
             EXPECT_TRUE(help.contains(control, Qt::CaseInsensitive))
-                << name << ": " << control.toStdString();
-    }
-    program.Command3_Click();
+                << window->objectName().toStdString() << ": " << control.toStdString();
+}
+
+TEST(HelpEntriesTest, EveryModeOfTheRightClickHasAnEntry) {
+    const QString help = wholeHelp();
+    for (int mode = 0; mode < 3; ++mode)
+        EXPECT_TRUE(help.contains(rightClickTip(mode))) << rightClickTip(mode);
+}
+
+// But that which only closes the menu.
+TEST(HelpEntriesTest, EveryEntryOfEveryMenuStandsInTheHelp) {
+    const QString help = wholeHelp();
+    for (int menu = 1; menu <= 5; ++menu)
+        for (const MenuText& entry : menuTexts(menu).entries)
+            if (std::string_view(entry.name) != "mnuCancel") {
+                EXPECT_TRUE(help.contains(entry.caption, Qt::CaseInsensitive)) << entry.caption;
+            }
 }

@@ -1,0 +1,27 @@
+// The five popup menus: their entries in their order, and what stands on them.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+namespace velorin {
+
+struct MenuText {
+    const char* name;
+    const char* caption; ///< empty for a separator
+
+    [[nodiscard]] constexpr bool isSeparator() const { return *caption == '\0'; }
+};
+
+struct MenuTexts {
+    const char* name;
+    std::span<const MenuText> entries;
+};
+
+/// Popup `number` [1, 5].
+[[nodiscard]] MenuTexts menuTexts(int number);
+
+/// The entry of that name in any of the menus; null if there is none.
+[[nodiscard]] const MenuText* findMenuText(std::string_view name);
+
+} // namespace velorin

@@ -1,0 +1,23 @@
+// A chip of the legend beside the chord lanes.
+#include "tableaux/LaneChip.h"
+
+#include "tableaux/Stamp.h"
+
+#include <QPainter>
+
+namespace velorin {
+
+LaneChip::LaneChip(QWidget* parent, Colour colour)
+    : QWidget(parent), colour_(QColor::fromRgb(toPixel(colour))) {
+    setProperty("backColor", colour_);
+}
+
+void LaneChip::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colour_);
+    painter.drawRoundedRect(QRectF(rect()), 2, 2);
+}
+
+} // namespace velorin
