@@ -1,0 +1,89 @@
+// A user who presses, drags, scrolls and types wherever the windows let him, one event a
+// millisecond, also while songs play and recordings run inside the handlers of what he has pressed
+// before.
+#pragma once
+
+#include "Chance.h"
+#include "RealHost.h"
+#include "ScoreWatch.h"
+#include "Tally.h"
+
+#include <QEvent>
+#include <QObject>
+#include <QPoint>
+#include <QPointer>
+#include <QWidget>
+
+#include <optional>
+
+class QFileDialog;
+
+namespace randomly {
+
+class RandomUser : public QObject {
+public:
+    /// Ends the program by its exit command after `events` more events, or where handlers lie too
+    /// deep inside one another.
+    RandomUser(RealHost& host, Chance& chance, Tally& tally, long events);
+
+    void begin();
+
+private:
+    /// A place in a window.
+    struct Place {
+        QWidget* window = nullptr;
+        QPoint point;
+        QWidget* hit = nullptr; ///< the control there, or the window
+    };
+
+    void planTick();
+    void tick();
+    void act();
+    void actInPopup(QWidget& popup);
+    void actInDialog(QWidget& dialog);
+    void answer(QFileDialog& dialog);
+    void actOnWindows();
+
+    [[nodiscard]] QWidget* anyWindow();
+    [[nodiscard]] Place anyPlace();
+    [[nodiscard]] QPoint anyPointOf(QWidget& window);
+    [[nodiscard]] QWidget* anyControlOf(QWidget& window);
+    [[nodiscard]] bool wouldEnd(const QWidget* control);
+
+    void press();
+    void drag();
+    void release();
+    void hover();
+    void turnWheel();
+    void typeKey(QWidget& window);
+    void resize();
+    void sendMouse(QEvent::Type type, QWidget& window, QPoint point, Qt::MouseButton button);
+    void sendKey(QWidget& window, int key, Qt::KeyboardModifiers modifiers);
+
+    [[nodiscard]] bool isOnMusicBox(const Place& place) const;
+    [[nodiscard]] QPoint inMusicBox(const QWidget& window, QPoint point) const;
+    /// From here to the end of the event the grids are watched.
+    void expect(std::optional<Grids> grids, const char* what);
+    void compare();
+    void look();
+
+    RealHost& host_;
+    Chance& chance_;
+    Tally& tally_;
+    long last_;
+    bool ended_ = false;
+    int depth_ = 0;
+    long ticks_ = 0;
+    int timestamp_ = 0;
+
+    QPointer<QWidget> heldIn_; ///< the window of the press, until its release
+    QPoint heldAt_;
+    Qt::MouseButton held_ = Qt::NoButton;
+    bool heldOnMusicBox_ = false;
+    std::optional<DrawnNote> drawn_;
+
+    std::optional<Grids> expected_;
+    const char* what_ = "";
+};
+
+} // namespace randomly

@@ -1,0 +1,146 @@
+// A song that loops for hours: every note falls where the arithmetic of the stopwatch puts it, no
+// memory is taken, and the last steps of all passes are made. VELORIN_LOOP_HOURS says how long; a
+// day takes some seconds.
+#include "AllocationCount.h"
+#include "playback/NoDesk.h"
+
+#include "playback/NoteSounding.h"
+#include "playback/Sequencer.h"
+#include "playback/StopWatch.h"
+#include "score/PlainSetup.h"
+#include "score/Studio.h"
+#include "support/ScriptedPlatform.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdlib>
+
+namespace velorin {
+namespace {
+
+using scripted::Nanoseconds;
+
+constexpr int columnsOfAPass = 4; ///< 0 to 3
+constexpr int notesOfAPass = 2;   ///< in columns 0 and 2
+
+Nanoseconds loopTime() {
+    const char* hours = std::getenv("VELORIN_LOOP_HOURS");
+    return static_cast<Nanoseconds>((hours != nullptr ? std::atof(hours) : 0.5) * 3600e9);
+}
+
+/// The moments of the columns, told once more: a wait ends where its beginning and the time of a
+/// column, both in single precision, add up to in single precision.
+class ColumnTimes {
+public:
+    explicit ColumnTimes(float columnSeconds) : columnSeconds_(columnSeconds) {}
+
+    void startWatch() { start_ = now_; }
+    Nanoseconds next() {
+        const auto begin = static_cast<float>(static_cast<double>(now_ - start_) / 1e9);
+        const float end = begin + columnSeconds_;
+        now_ = start_ + static_cast<Nanoseconds>(std::ceil(static_cast<double>(end) * 1e9));
+        return now_;
+    }
+
+private:
+    float columnSeconds_;
+    Nanoseconds start_ = 0;
+    Nanoseconds now_ = 0;
+};
+
+/// Counts the notes, and the first one that does not fall where it is to.
+class TimedMidi final : public platform::MidiOut {
+public:
+    TimedMidi(scripted::VirtualTime& time, float columnSeconds, bool eachPassStartsTheWatch)
+        : time_(time), columns_(columnSeconds), eachPassStarts_(eachPassStartsTheWatch) {}
+
+    int midiOutGetNumDevs() override { return 1; }
+    std::string midiOutGetDevCapsA(int) override { return {}; }
+    std::uint32_t midiOutOpen(platform::MidiOutHandle&, int) override { return 0; }
+    std::uint32_t midiOutClose(platform::MidiOutHandle) override { return 0; }
+    std::uint32_t midiOutShortMsg(platform::MidiOutHandle, std::uint32_t message) override {
+        if ((message & 0xF0U) == 0x90U)
+            takeNote();
+        return 0;
+    }
+
+    long notes = 0;
+    long firstWrong = -1;
+    Nanoseconds last = 0;
+
+private:
+    void takeNote() {
+        if (notes % notesOfAPass == 0 && eachPassStarts_)
+            columns_.startWatch();
+        last = columns_.next();
+        if (last != time_.now() && firstWrong < 0)
+            firstWrong = notes;
+        columns_.next(); // the rest behind it
+        ++notes;
+    }
+
+    scripted::VirtualTime& time_;
+    ColumnTimes columns_;
+    bool eachPassStarts_;
+};
+
+class ALoop : public testing::TestWithParam<std::tuple<bool, int>> {
+protected:
+    [[nodiscard]] bool hasMarker() const { return std::get<0>(GetParam()); }
+    [[nodiscard]] int tempo() const { return std::get<1>(GetParam()); }
+    [[nodiscard]] float columnSeconds() const { return static_cast<float>(300.0 / tempo() * 0.04); }
+};
+
+TEST_P(ALoop, OfHoursKeepsItsTimeAndTakesNoMemory) {
+    scripted::ScriptedPlatform host;
+    TimedMidi midi(host.time, columnSeconds(), hasMarker());
+    platform::Platform platform{host.time,    host.time,  midi,       host.mci,
+                                host.dialogs, host.boxes, host.files, host.settings,
+                                host.desktop, host.menus, host.time,  host.systemFiles,
+                                host.encoder, {}};
+    PlainSetup setup;
+    Studio studio(platform, setup);
+    NoDesk desk;
+    NoteSounding sounding(studio, desk);
+    StopWatch watch(host.time, host.time);
+    Sequencer sequencer(studio, sounding, watch, desk);
+    sequencer.PlayTimer = watch.StopWatchNew();
+    studio.score.Tempo = static_cast<std::int16_t>(tempo());
+    studio.score.NoteArray.write(0, 0, 60);
+    studio.score.NoteArray.write(0, 2, 64);
+    studio.run.ShowNotePosition = hasMarker() ? flagSet : flagClear;
+    studio.run.LoopSong = flagSet;
+    studio.run.RecordToolbarOpen = flagSet;
+
+    long settled = 0;
+    long atEnd = 0;
+    host.time.plan(loopTime() / 10, [&] { settled = allocationCount(); });
+    host.time.plan(loopTime(), [&] {
+        atEnd = allocationCount();
+        studio.run.LoopSong = flagClear;
+    });
+    sequencer.PlayAndStop_Click(0);
+
+    EXPECT_EQ(midi.firstWrong, -1);
+    EXPECT_EQ(atEnd, settled);
+    EXPECT_NEAR(static_cast<double>(midi.notes),
+                static_cast<double>(loopTime()) / 1e9 / columnSeconds() * notesOfAPass /
+                    columnsOfAPass,
+                0.03 * static_cast<double>(midi.notes));
+    // Every pass but the first lies inside another one, and each waits the time of a column.
+    const long passes = hasMarker() ? midi.notes / notesOfAPass : 1;
+    const double end =
+        static_cast<double>(midi.last) / 1e9 + columnSeconds() * (1.0 + 1.0 * passes);
+    // Behind a day the numbers of single precision lie 7.8 ms apart, behind some hours 2 ms.
+    EXPECT_NEAR(static_cast<double>(host.time.now()) / 1e9, end,
+                0.008 + 0.01 * columnSeconds() * static_cast<double>(passes));
+    EXPECT_EQ(studio.run.ProgressCount, 0);
+    EXPECT_EQ(studio.run.IsPlaying, flagClear);
+}
+
+INSTANTIATE_TEST_SUITE_P(WithAndWithoutTheMarker, ALoop,
+                         testing::Combine(testing::Bool(), testing::Values(20, 100, 300)));
+
+} // namespace
+} // namespace velorin
