@@ -11,6 +11,9 @@ import tempfile
 
 HERE = pathlib.Path(__file__).resolve().parent
 LIMIT_S = 600  # for one test program; what runs longer hangs
+RANDOM_EVENTS = 3000
+# What has threads of its own besides the one of the windows.
+THREADED = ["host/unit_host", "host/unit_host_kept", "host/unit_host_qt", "convert/unit_convert"]
 
 
 def environment(build):
@@ -25,6 +28,7 @@ def environment(build):
     values.setdefault("ASAN_OPTIONS", "detect_leaks=1")
     # Font look-up keeps its caches until the process ends.
     values.setdefault("LSAN_OPTIONS", f"suppressions={HERE}/leaks-of-libraries.txt:print_suppressions=0")
+    values.setdefault("TSAN_OPTIONS", f"suppressions={HERE}/races-of-libraries.txt:halt_on_error=1")
     return values
 
 
@@ -64,6 +68,11 @@ def listens(script):
     return "import listen" in script.read_text("utf-8")
 
 
+def threaded_jobs(build, env):
+    for name in THREADED:
+        yield True, lambda p=build / "tests/unit" / name: unit_tests(p, env)
+
+
 def jobs(build, end_to_end, env):
     """(may run beside others, what to call) for every test."""
     for program in sorted(build.glob("tests/unit/*/unit_*")):
@@ -74,6 +83,8 @@ def jobs(build, end_to_end, env):
         name = f"transcript {transcript.relative_to(HERE / 'transcripts')}"
         yield True, lambda n=name, t=transcript: one(n, [str(runner), str(t)], env)
     yield True, lambda: one("house", [sys.executable, str(HERE / "house_test.py")], env)
+    session = [str(build / "bin" / "velorin-random"), "--events", str(RANDOM_EVENTS)]
+    yield True, lambda: one("random session", session, env)
     if end_to_end:
         for script in [*sorted((HERE / "e2e").glob("*_test.py")), *sorted((HERE / "packaging").glob("*_test.py"))]:
             name = f"{script.parent.name} {script.stem}"
@@ -84,11 +95,13 @@ def main():
     arguments = argparse.ArgumentParser(description=__doc__)
     arguments.add_argument("build", type=pathlib.Path)
     arguments.add_argument("--end-to-end", choices=["yes", "no"], default="yes")
+    arguments.add_argument("--threaded", action="store_true", help="only what has threads of its own")
     options = arguments.parse_args()
     build = options.build.resolve()
 
     passed = failed = 0
-    work = list(jobs(build, options.end_to_end == "yes", environment(build)))
+    env = environment(build)
+    work = list(threaded_jobs(build, env) if options.threaded else jobs(build, options.end_to_end == "yes", env))
     with concurrent.futures.ThreadPoolExecutor(max_workers=2) as pool:
         beside = [pool.submit(call) for parallel, call in work if parallel]
         results = [done.result() for done in beside]

@@ -75,8 +75,9 @@ void RandomUser::compare() {
     if (!expected_)
         return;
     ++tally_.checks;
-    if (!(gridsOf(host_.program.studio().score) == *expected_))
-        tally_.trouble = std::string("the grids are not as foretold behind ") + what_;
+    const std::string wrong = differences(gridsOf(host_.program.studio().score), *expected_);
+    if (!wrong.empty())
+        tally_.trouble = std::string("behind ") + what_ + wrong;
     expected_.reset();
 }
 

@@ -24,6 +24,12 @@ bool isNote(int cell) {
            (cell >= 1000 && cell <= 1000 + mostPitch);
 }
 
+/// A Setup Toolbar that was closed comes back with the next read of one of its boxes, and lays the
+/// window out anew, with other lines at other places.
+bool staysAsItIs(const Studio& studio) {
+    return studio.run.IsPlaying == 0 && studio.run.EditMode == 0 && studio.run.Form3Open != 0;
+}
+
 bool isFlag(int value) {
     return value == 0 || value == -1;
 }
@@ -31,6 +37,20 @@ bool isFlag(int value) {
 std::string at(const char* grid, int row, int column, int value) {
     return std::string(grid) + "(" + std::to_string(row) + ", " + std::to_string(column) + ") is " +
            std::to_string(value);
+}
+
+template <typename Grid>
+void addDifferences(std::string& text, const char* name, const Grid& actual, const Grid& expected) {
+    int left = 3;
+    for (int row = 0; row < Grid::rows; ++row) {
+        for (int column = 0; column < Grid::columns && left > 0; ++column) {
+            if (actual.at(row, column) == expected.at(row, column))
+                continue;
+            text += "; " + at(name, row, column, actual.at(row, column)) + ", not " +
+                    std::to_string(expected.at(row, column));
+            --left;
+        }
+    }
 }
 
 std::string wrongCell(const Score& score) {
@@ -75,6 +95,14 @@ Grids gridsOf(const Score& score) {
     return {score.NoteArray, score.InstrumentArray, score.PolyArray};
 }
 
+std::string differences(const Grids& actual, const Grids& expected) {
+    std::string text;
+    addDifferences(text, "NoteArray", actual.notes, expected.notes);
+    addDifferences(text, "InstrumentArray", actual.instruments, expected.instruments);
+    addDifferences(text, "PolyArray", actual.marks, expected.marks);
+    return text;
+}
+
 std::string wrongValue(const Studio& studio) {
     const Score& score = studio.score;
     const Run& run = studio.run;
@@ -117,9 +145,7 @@ bool comesBackFromItsFile(const Score& score) {
 }
 
 std::optional<DrawnNote> DrawnNote::pressed(const Studio& studio, int x, int y) {
-    const bool draws =
-        studio.score.CurrentRow < 8 && studio.run.IsPlaying == 0 && studio.run.EditMode == 0;
-    if (!draws)
+    if (studio.score.CurrentRow >= 8 || !staysAsItIs(studio))
         return std::nullopt;
     DrawnNote note;
     note.row_ = studio.score.CurrentRow;
@@ -129,9 +155,8 @@ std::optional<DrawnNote> DrawnNote::pressed(const Studio& studio, int x, int y) 
 }
 
 bool DrawnNote::isStillIn(const Studio& studio) const {
-    return studio.score.CurrentRow == row_ && studio.run.IsPlaying == 0 &&
-           studio.run.EditMode == 0 && studio.drag.MouseLine == line_ &&
-           studio.drag.DragStart == column_;
+    return studio.score.CurrentRow == row_ && staysAsItIs(studio) &&
+           studio.drag.MouseLine == line_ && studio.drag.DragStart == column_;
 }
 
 // The head, the cells that go on with it, and behind them the rest of an overwritten note, which
@@ -154,8 +179,8 @@ Grids DrawnNote::released(const Studio& studio, Grids before, int x) const {
 }
 
 std::optional<Grids> erased(const Studio& studio, int x, int y) {
-    const bool erases = studio.score.CurrentRow < 8 && studio.run.IsPlaying == 0 &&
-                        studio.run.EditMode == 0 && studio.run.RightClickMode == 0;
+    const bool erases =
+        studio.score.CurrentRow < 8 && staysAsItIs(studio) && studio.run.RightClickMode == 0;
     if (!erases || y < 0)
         return std::nullopt;
     Grids grids = gridsOf(studio.score);

@@ -18,11 +18,13 @@ struct Grids {
     velorin::NoteGrid notes;
     velorin::NoteGrid instruments;
     velorin::PolyGrid marks;
-
-    bool operator==(const Grids&) const = default;
 };
 
 [[nodiscard]] Grids gridsOf(const velorin::Score& score);
+
+/// The first cells in which two differ, "NoteArray(0, 4) is 57, not -1"; empty if they are the
+/// same.
+[[nodiscard]] std::string differences(const Grids& actual, const Grids& expected);
 
 /// What is wrong with the values of the studio; empty if nothing is.
 [[nodiscard]] std::string wrongValue(const velorin::Studio& studio);
