@@ -28,6 +28,9 @@ public:
 
     void begin();
 
+    /// Watches the tableau for what reaches it.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     /// A place in a window.
     struct Place {
@@ -80,6 +83,8 @@ private:
     QPoint heldAt_;
     Qt::MouseButton held_ = Qt::NoButton;
     bool heldOnMusicBox_ = false;
+    bool needsArrival_ = false;
+    bool hasArrived_ = false; ///< the press or release in hand, at the tableau
     std::optional<DrawnNote> drawn_;
 
     std::optional<Grids> expected_;

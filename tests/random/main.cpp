@@ -89,10 +89,10 @@ void report(const Tally& tally, std::size_t runs) {
     std::printf("%ld events in %zu runs of the program: %ld presses, %ld moves, %ld releases, "
                 "%ld keys, %ld turns of the wheel, %ld choices, %ld sizes\n"
                 "%ld while a song played, %ld while it was recorded; %d handlers deep; "
-                "%ld times every cell as foretold\n",
+                "%ld times every cell as foretold, %ld times not there\n",
                 tally.events, runs, tally.presses, tally.moves, tally.releases, tally.keys,
                 tally.turns, tally.choices, tally.sizes, tally.whilePlaying, tally.whileRecording,
-                tally.deepest, tally.checks);
+                tally.deepest, tally.checks, tally.lost);
 }
 
 int session(const Wanted& wanted, const std::filesystem::path& folder) {
