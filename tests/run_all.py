@@ -83,7 +83,7 @@ def jobs(build, end_to_end, env):
         name = f"transcript {transcript.relative_to(HERE / 'transcripts')}"
         yield True, lambda n=name, t=transcript: one(n, [str(runner), str(t)], env)
     yield True, lambda: one("house", [sys.executable, str(HERE / "house_test.py")], env)
-    session = [str(build / "bin" / "velorin-random"), "--events", str(RANDOM_EVENTS)]
+    session = [str(build / "bin" / "velorin-random"), "--events", str(RANDOM_EVENTS), "--seed", "1"]
     yield True, lambda: one("random session", session, env)
     if end_to_end:
         for script in [*sorted((HERE / "e2e").glob("*_test.py")), *sorted((HERE / "packaging").glob("*_test.py"))]:

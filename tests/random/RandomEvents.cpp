@@ -2,7 +2,7 @@
 // take.
 #include "RandomUser.h"
 
-#include "shell/Form1.h"
+#include "program/Form1.h"
 
 #include <QApplication>
 #include <QComboBox>

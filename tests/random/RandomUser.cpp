@@ -1,8 +1,8 @@
 // The course of a session: one event after the other, and a look at the score between them.
 #include "RandomUser.h"
 
+#include "program/Form1.h"
 #include "score/Studio.h"
-#include "shell/Form1.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -85,14 +85,14 @@ void RandomUser::expect(std::optional<Grids> grids, const char* what) {
 void RandomUser::compare() {
     if (!expected_)
         return;
-    // A press between two others may be the second of a double click, and a window that opens in
-    // the middle of a drag takes its release.
-    if (needsArrival_ && !hasArrived_) {
+    // A window that opens in the middle of a drag takes its release, and nothing is drawn.
+    const Grids actual = gridsOf(host_.program.studio().score);
+    if (needsArrival_ && (!hasArrived_ || differences(actual, before_).empty())) {
         ++tally_.lost;
         return;
     }
     ++tally_.checks;
-    const std::string wrong = differences(gridsOf(host_.program.studio().score), *expected_);
+    const std::string wrong = differences(actual, *expected_);
     if (!wrong.empty())
         tally_.trouble = std::string("behind ") + what_ + wrong;
     expected_.reset();
@@ -170,6 +170,7 @@ void RandomUser::press() {
         } else if (button == Qt::RightButton) {
             expect(erased(studio, cell.x(), cell.y()), "a right press on the tableau");
             needsArrival_ = true;
+            before_ = gridsOf(studio.score);
         }
     }
     held_ = button;
@@ -193,6 +194,7 @@ void RandomUser::release() {
     const bool draws = held_ == Qt::LeftButton && drawn_ && studio.drag.MouseHeld == flagSet &&
                        drawn_->isStillIn(studio);
     needsArrival_ = draws;
+    before_ = gridsOf(studio.score);
     if (draws)
         expect(drawn_->released(studio, gridsOf(studio.score), inMusicBox(*heldIn_, heldAt_).x()),
                "the release of a drawn note");

@@ -88,6 +88,7 @@ private:
     std::optional<DrawnNote> drawn_;
 
     std::optional<Grids> expected_;
+    Grids before_; ///< of a gesture that needs to arrive
     const char* what_ = "";
 };
 

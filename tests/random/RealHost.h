@@ -17,8 +17,8 @@
 #include "host/QtTimers.h"
 #include "host/StreamRest.h"
 #include "platform/Platform.h"
+#include "program/Program.h"
 #include "shell/HelpWindow.h"
-#include "shell/Program.h"
 
 #include <QPoint>
 

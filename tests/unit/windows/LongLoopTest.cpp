@@ -2,9 +2,9 @@
 // of every pass take no memory. VELORIN_LOOP_HOURS says how long; a day takes some minutes.
 #include "windows/ToolWindows.h"
 
+#include "program/Form1.h"
+#include "program/Program.h"
 #include "resources/Look.h"
-#include "shell/Form1.h"
-#include "shell/Program.h"
 #include "support/ScriptedPlatform.h"
 
 #include <gtest/gtest.h>
