@@ -50,14 +50,6 @@ std::filesystem::path workFolder() {
     return folder;
 }
 
-/// The score that a desktop hands over when its user opens one there; empty if there is none. The
-/// path is whole, since the program changes its folder when it starts.
-std::string scoreHandedOver() {
-    const QStringList arguments = QCoreApplication::arguments();
-    return arguments.size() > 1 ? QFileInfo(arguments[1]).absoluteFilePath().toStdString()
-                                : std::string();
-}
-
 /// The user's folder for the settings of this program.
 std::filesystem::path configFolder() {
     return QFileInfo(velorin::host::QtSettings::defaultFile()).absolutePath().toStdString();
@@ -68,7 +60,6 @@ constexpr int firstPaintMs = 50;
 int runProgram(velorin::host::EndSignals& signals) {
     using namespace velorin;
     const std::filesystem::path folder = workFolder();
-    const std::string score = scoreHandedOver();
     host::HostSound sound(QCoreApplication::applicationDirPath().toStdString(),
                           (folder / "Songs").string());
     host::QtMessageLoop loop(sound.clock());
@@ -103,8 +94,6 @@ int runProgram(velorin::host::EndSignals& signals) {
     if (program.start([&program] { addToolWindows(program); }) && !program.hasEnded()) {
         // The windows are painted first: opening the sound would take the processor from them.
         QTimer::singleShot(firstPaintMs, &session, [&sound] { sound.begin(); });
-        if (!score.empty())
-            program.form1().files.openChosen(score);
         QApplication::exec();
     }
     // The desktop can close the application without its exit command.

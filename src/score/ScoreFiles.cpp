@@ -53,11 +53,7 @@ void ScoreFiles::Command33_Click() {
     const auto answer = studio_.platform.dialogs.GetOpenFileNameA(openRequest);
     if (!answer)
         return;
-    openChosen(answer->name);
-}
-
-void ScoreFiles::openChosen(const std::string& chosen) {
-    const std::string name = platform::trimBlanks(chosen);
+    const std::string name = platform::trimBlanks(answer->name);
     if (name.empty() || !FileExists(studio_.platform, name))
         return;
     studio_.score.CurrentFileName = platform::lowerCase(name);

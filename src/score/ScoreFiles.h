@@ -20,10 +20,6 @@ public:
     void Command34_Click(); ///< "Save" from the menus
     void mSaveAs_Click();   ///< "Save": dialog, then a score file or a MIDI file
 
-    /// What "Open" does with the name that its dialog gave. A file that does not exist is passed
-    /// over.
-    void openChosen(const std::string& chosen);
-
     void OpenFile(const std::string& name);     ///< a score without its chord marks
     void OpenPoliFile(const std::string& name); ///< a score of any stage, chord marks included
     void SaveScoreFile(const std::string& name);
