@@ -145,9 +145,9 @@ class Desk:
 
     # The program
 
-    def launch(self, *arguments):
+    def launch(self):
         """Starts the program; `main_window` waits for its window."""
-        program = Program(self, *arguments)
+        program = Program(self)
         self.programs.append(program)
         return program
 

@@ -37,10 +37,10 @@ class Program:
     KNOWN_LINES = ("QStandardPaths: ",)
     PREFIX = ()  # of the command
 
-    def __init__(self, desk, *arguments):
+    def __init__(self, desk):
         self.desk = desk
         self.errors = desk.folder / f"errors-{len(desk.programs)}.txt"
-        self.process = desk.start([*self.PREFIX, str(desk.program_folder / "velorin"), *arguments],
+        self.process = desk.start([*self.PREFIX, str(desk.program_folder / "velorin")],
                                   stderr=open(self.errors, "wb"), cwd=desk.folder)
 
     def main_window(self):
