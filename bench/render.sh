@@ -1,5 +1,5 @@
 #!/bin/sh
-# Rendering a score to WAV beside the peer's rendering of the MIDI file of the same score:
+# Rendering a score to WAV beside the peers' rendering of the MIDI file of the same score:
 #   bench/render.sh [BIN] [SCORE] [SOUNDFONT]
 # Wall time and peak memory of five runs each, in turn, and the ratio of the medians.
 set -e
@@ -11,11 +11,14 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 "$bin/velorin-convert" "$score" -o "$work/song.mid"
 python3 - "$bin" "$score" "$font" "$work" <<'PY'
-import os, statistics, subprocess, sys, time
+import os, shutil, statistics, subprocess, sys, time
 
 bin, score, font, work = sys.argv[1:]
 ours = [bin + "/velorin-convert", score, "--soundfont", font, "--rate", "44100", "-o", work + "/a.wav"]
-peer = ["fluidsynth", "-q", "-ni", "-F", work + "/b.wav", "-T", "wav", "-r", "44100", font, work + "/song.mid"]
+peers = {"fluidsynth -F": ["fluidsynth", "-q", "-ni", "-F", work + "/b.wav", "-T", "wav", "-r", "44100", font, work + "/song.mid"]}
+if shutil.which("timidity"):
+    peers["timidity"] = ["timidity", "-Ow", "-s", "44100", "-x", "soundfont " + font, "-o", work + "/c.wav",
+                         work + "/song.mid"]
 
 
 def run(command):
@@ -31,15 +34,16 @@ def seconds(wav):
     return (os.path.getsize(wav) - 44) / 4 / 44100
 
 
-rows = {"velorin-convert": [], "fluidsynth -F": []}
+commands = {"velorin-convert": ours, **peers}
+rows = {name: [] for name in commands}
 for _ in range(5):
-    rows["velorin-convert"].append(run(ours))
-    rows["fluidsynth -F"].append(run(peer))
-for (name, runs), wav in zip(rows.items(), ("a.wav", "b.wav")):
+    for name, command in commands.items():
+        rows[name].append(run(command))
+for (name, runs), wav in zip(rows.items(), ("a.wav", "b.wav", "c.wav")):
     wall, memory, cpu = (statistics.median(column) for column in zip(*runs))
     length = seconds(os.path.join(work, wav))
     print(f"{name:16} wall {wall:.3f} s  cpu {cpu:.3f} s  peak {memory:.1f} MiB  "
           f"sound {length:.1f} s  {length / wall:.0f} x real time")
-a, b = (statistics.median(r[0] for r in runs) for runs in rows.values())
-print(f"wall, ours / peer: {a / b:.3f}")
+medians = [statistics.median(r[0] for r in runs) for runs in rows.values()]
+print(f"wall, ours / peer: {medians[0] / medians[1]:.3f}")
 PY
