@@ -87,12 +87,14 @@ void RandomUser::compare() {
         return;
     // A window that opens in the middle of a drag takes its release, and nothing is drawn.
     const Grids actual = gridsOf(host_.program.studio().score);
-    if (needsArrival_ && (!hasArrived_ || differences(actual, before_).empty())) {
+    const std::string wrong = differences(actual, *expected_);
+    if (!wrong.empty() && needsArrival_ && (!hasArrived_ || differences(actual, before_).empty())) {
         ++tally_.lost;
         return;
     }
     ++tally_.checks;
-    const std::string wrong = differences(actual, *expected_);
+    if (needsArrival_ && !differences(*expected_, before_).empty())
+        ++tally_.changes;
     if (!wrong.empty())
         tally_.trouble = std::string("behind ") + what_ + wrong;
     expected_.reset();

@@ -17,6 +17,7 @@ struct Tally {
     long whilePlaying = 0;
     long whileRecording = 0;
     long checks = 0;     ///< gestures after which every cell was as foretold
+    long changes = 0;    ///< those of them that changed cells
     long lost = 0;       ///< gestures foretold that did not reach the tableau
     int deepest = 0;     ///< handlers that ran one inside the other
     std::string trouble; ///< empty as long as all is well
