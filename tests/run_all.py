@@ -13,7 +13,7 @@ HERE = pathlib.Path(__file__).resolve().parent
 LIMIT_S = 600  # for one test program; what runs longer hangs
 RANDOM_EVENTS = 3000
 # What has threads of its own besides the one of the windows.
-THREADED = ["host/unit_host", "host/unit_host_kept", "host/unit_host_qt", "convert/unit_convert"]
+THREADED = ["host/unit_host", "host/unit_host_kept", "host/unit_host_qt", "host/unit_host_signals", "convert/unit_convert"]
 
 
 def environment(build):

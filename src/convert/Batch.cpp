@@ -64,7 +64,8 @@ std::vector<bool> repeatedTargets(const std::vector<Task>& tasks) {
     return repeated;
 }
 
-Result convertOne(const Task& task, const Options& options, bool isRepeated, bool showsProgress) {
+Result convertOne(const Task& task, const Options& options, bool isRepeated, bool showsProgress,
+                  const std::function<bool()>& isBrokenOff) {
     Result result{task.score, task.target, Outcome::failed, {}, 0.0};
     if (isRepeated) {
         result.reason = task.score + " would replace the output of another score";
@@ -80,7 +81,8 @@ Result convertOne(const Task& task, const Options& options, bool isRepeated, boo
     if (!task.target.parent_path().empty() && (options.makesFolder || task.isResumable))
         fs::create_directories(task.target.parent_path(), ignored);
     ProgressLine line(task.score, showsProgress);
-    result.reason = convert(task, options, [&line](double share) { line.show(share); });
+    const auto progress = [&line](double share) { line.show(share); };
+    result.reason = convert(task, options, {progress, isBrokenOff});
     result.outcome = result.reason.empty() ? Outcome::converted : Outcome::failed;
     const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
     result.seconds = elapsed.count();
@@ -89,7 +91,8 @@ Result convertOne(const Task& task, const Options& options, bool isRepeated, boo
 
 } // namespace
 
-std::vector<Result> convertAll(const Options& options, int jobs, const TakeResult& take) {
+std::vector<Result> convertAll(const Options& options, int jobs, const TakeResult& take,
+                               const std::function<bool()>& isBrokenOff) {
     const std::vector<Task>& tasks = options.tasks;
     const std::vector<bool> repeated = repeatedTargets(tasks);
     std::vector<Result> results(tasks.size());
@@ -97,7 +100,9 @@ std::vector<Result> convertAll(const Options& options, int jobs, const TakeResul
     std::mutex taking;
     const auto work = [&] {
         for (std::size_t i = next++; i < tasks.size(); i = next++) {
-            results[i] = convertOne(tasks[i], options, repeated[i], jobs == 1);
+            if (isBrokenOff && isBrokenOff())
+                return;
+            results[i] = convertOne(tasks[i], options, repeated[i], jobs == 1, isBrokenOff);
             const std::lock_guard lock(taking);
             take(results[i]);
         }

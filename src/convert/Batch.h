@@ -24,9 +24,11 @@ struct Result {
 using TakeResult = std::function<void(const Result& result)>;
 
 /// Converts the tasks of the options, none of which is a folder, `jobs` at a time. Returns the
-/// results in the order of the tasks.
+/// results in the order of the tasks. Once `isBrokenOff` is true the conversions that run fail, and
+/// no other begins; it is asked from any thread and may be empty.
 [[nodiscard]] std::vector<Result> convertAll(const Options& options, int jobs,
-                                             const TakeResult& take);
+                                             const TakeResult& take,
+                                             const std::function<bool()>& isBrokenOff = {});
 
 /// The results as JSON, for other programs.
 [[nodiscard]] std::string reportOf(const std::vector<Result>& results);

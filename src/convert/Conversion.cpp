@@ -52,17 +52,41 @@ std::string checkTarget(const fs::path& target) {
     return {};
 }
 
-std::string makeSound(const Task& task, const Options& options,
-                      const std::function<void(double)>& progress) {
+/// A target that can be broken off at each write.
+class BreakableTarget final : public SoundTarget {
+public:
+    BreakableTarget(std::unique_ptr<SoundTarget> target, const std::function<bool()>& isBrokenOff)
+        : target_(std::move(target)), isBrokenOff_(isBrokenOff) {}
+
+    bool write(const std::int16_t* stereo, int frames) override {
+        broken_ = broken_ || isBrokenOff_();
+        return !broken_ && target_->write(stereo, frames);
+    }
+    std::string finish() override { return target_->finish(); }
+    std::string whyFailed() const override {
+        return broken_ ? "was broken off" : target_->whyFailed();
+    }
+
+private:
+    std::unique_ptr<SoundTarget> target_;
+    const std::function<bool()>& isBrokenOff_;
+    bool broken_ = false;
+};
+
+std::string makeSound(const Task& task, const Options& options, const Attendant& attendant) {
     WholeFile whole(task.target);
     bool begun = false; // until then the source is to blame
-    const MakeTarget make = [&](int rateHz, int channels, std::string& reason) {
+    const MakeTarget make = [&](int rateHz, int channels,
+                                std::string& reason) -> std::unique_ptr<SoundTarget> {
         begun = true;
         const SoundParameters parameters{rateHz, channels, options.bitrate, options.quality};
-        return task.kind == Kind::mp3 ? makeMp3(whole.part(), parameters, reason)
-                                      : makeWav(whole.part(), parameters, reason);
+        auto target = task.kind == Kind::mp3 ? makeMp3(whole.part(), parameters, reason)
+                                             : makeWav(whole.part(), parameters, reason);
+        if (!target || !attendant.isBrokenOff)
+            return target;
+        return std::make_unique<BreakableTarget>(std::move(target), attendant.isBrokenOff);
     };
-    const SoundRequest request{task.score, options.soundFont, options.rateHz, progress};
+    const SoundRequest request{task.score, options.soundFont, options.rateHz, attendant.progress};
     std::string problem;
     switch (sourceKindOf(task.score)) {
     case Kind::mid:
@@ -93,8 +117,7 @@ std::string makeFromScore(const Task& task) {
 
 } // namespace
 
-std::string convert(const Task& task, const Options& options,
-                    const std::function<void(double)>& progress) {
+std::string convert(const Task& task, const Options& options, const Attendant& attendant) {
     if (!canMake(sourceKindOf(task.score), task.kind))
         return about(task.score, "cannot be turned into this kind of file");
     if (const std::string problem = checkTarget(task.target); !problem.empty())
@@ -103,7 +126,7 @@ std::string convert(const Task& task, const Options& options,
     if (!options.mayReplaceScore && fs::equivalent(task.score, task.target, failed))
         return about(task.score, "would be replaced by itself; name the output with -o");
     if (task.kind == Kind::wav || task.kind == Kind::mp3)
-        return makeSound(task, options, progress);
+        return makeSound(task, options, attendant);
     return makeFromScore(task);
 }
 

@@ -8,9 +8,15 @@
 
 namespace velorin::convert {
 
-/// Why it failed, beginning with the name of the file concerned; empty if it went well. `progress`
-/// as `WavRequest` has it.
+/// What a conversion tells and asks while it runs, in its own thread; either may be empty.
+struct Attendant {
+    std::function<void(double)> progress; ///< gets the share done [0, 1] now and then
+    std::function<bool()> isBrokenOff;    ///< true: it ends as one that failed
+};
+
+/// Why it failed, beginning with the name of the file concerned; empty if it went well. What was
+/// there before a failure stays.
 [[nodiscard]] std::string convert(const Task& task, const Options& options,
-                                  const std::function<void(double)>& progress);
+                                  const Attendant& attendant);
 
 } // namespace velorin::convert

@@ -3,9 +3,11 @@
 #include "convert/Batch.h"
 #include "convert/Options.h"
 #include "convert/WholeFile.h"
+#include "host/BreakOff.h"
 #include "host/SoundFonts.h"
 
 #include <algorithm>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -47,16 +49,19 @@ int jobsFor(const Options& options) {
     return options.jobs > 0 ? options.jobs : cores;
 }
 
-int run(Options& options) {
+int run(Options& options, const velorin::host::BreakOff& breakOff) {
     std::vector<LeftOut> leftOut;
     options.tasks = withoutFolders(options.tasks, leftOut);
     if (options.soundFont.empty() &&
         std::any_of(options.tasks.begin(), options.tasks.end(), isRendered))
         options.soundFont = firstSoundFont();
-    std::vector<Result> results = convertAll(options, jobsFor(options), [](const Result& result) {
+    const auto tell = [](const Result& result) {
         if (result.outcome == Outcome::failed)
             say(result.reason);
-    });
+    };
+    std::vector<Result> results =
+        convertAll(options, jobsFor(options), tell, [&breakOff] { return breakOff.isWanted(); });
+    breakOff.endIfWanted();
     bool allWell = std::none_of(results.begin(), results.end(), [](const Result& result) {
         return result.outcome == Outcome::failed;
     });
@@ -87,5 +92,8 @@ int main(int count, char** arguments) {
         say(options.problem + " (see --help)");
         return badUsage;
     }
-    return run(options);
+    const velorin::host::BreakOff breakOff; // before the first thread
+    // Nobody may be there to read what fails; the files are made all the same.
+    std::signal(SIGPIPE, SIG_IGN);
+    return run(options, breakOff);
 }

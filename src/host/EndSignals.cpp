@@ -1,25 +1,17 @@
 // Signals as readable events: they are held back from every thread, and read from a descriptor.
 #include "host/EndSignals.h"
 
+#include "host/SignalSet.h"
+
 #include <QSocketNotifier>
 
 #include <pthread.h>
 #include <sys/signalfd.h>
 #include <unistd.h>
 
-#include <initializer_list>
-
 namespace velorin::host {
 
-// A signal that whoever started the program has switched off stays off.
-EndSignals::EndSignals() {
-    sigemptyset(&taken_);
-    for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
-        struct sigaction present {};
-        if (sigaction(number, nullptr, &present) == 0 && present.sa_handler != SIG_IGN)
-            sigaddset(&taken_, number);
-    }
-    pthread_sigmask(SIG_BLOCK, &taken_, nullptr);
+EndSignals::EndSignals() : taken_(holdBackEndSignals()) {
     descriptor_ = signalfd(-1, &taken_, SFD_CLOEXEC | SFD_NONBLOCK);
     if (descriptor_ < 0)
         letThrough();

@@ -1,4 +1,4 @@
-// The signals by which the system, or a terminal, asks a program to end.
+// The wish to end, for a program with an event loop.
 #pragma once
 
 #include <csignal>
@@ -24,7 +24,7 @@ public:
 private:
     void letThrough();
 
-    sigset_t taken_{};
+    sigset_t taken_;
     int descriptor_ = -1;
     std::unique_ptr<QSocketNotifier> notifier_;
 };

@@ -96,6 +96,15 @@ protected:
         return reader ? static_cast<double>(reader->frames()) / reader->rateHz() : -1.0;
     }
 
+    [[nodiscard]] std::vector<std::string> filesThere() const {
+        std::vector<std::string> names;
+        for (const auto& entry : fs::directory_iterator(folder_)) {
+            if (entry.is_regular_file())
+                names.push_back(entry.path().filename().string());
+        }
+        return names;
+    }
+
     std::vector<Result> convertFolder() {
         options_.tasks = {{(folder_ / "in").string(), folder_ / "out", Kind::mp3, true}};
         std::vector<LeftOut> leftOut;
@@ -176,10 +185,7 @@ TEST_F(ASoundConversion, OntoADiskThatFillsSaysWhyAndLeavesNothing) {
     }
     EXPECT_FALSE(fs::exists(folder_ / "a.wav"));
     EXPECT_EQ(fs::file_size(folder_ / "a.mp3"), 5U) << "what was there before stays";
-    std::size_t files = 0;
-    for (const auto& entry : fs::directory_iterator(folder_))
-        files += entry.is_regular_file() ? 1 : 0;
-    EXPECT_EQ(files, 1U);
+    EXPECT_THAT(filesThere(), testing::ElementsAre("a.mp3"));
 }
 
 TEST_F(ASoundConversion, OfAFolderGoesOnAfterABadFileAndSkipsWhatIsDone) {
@@ -199,6 +205,23 @@ TEST_F(ASoundConversion, OfAFolderGoesOnAfterABadFileAndSkipsWhatIsDone) {
     results = convertFolder();
     EXPECT_EQ(results[0].outcome, Outcome::skipped);
     EXPECT_EQ(results[2].outcome, Outcome::skipped);
+}
+
+// The target is begun, and broken off at its third piece of sound.
+TEST_F(ASoundConversion, ThatIsBrokenOffLeavesWhatWasThereAndBeginsNoOther) {
+    write("a.mp3", "older");
+    options_.tasks = {{(folder_ / "in/a.sng").string(), folder_ / "a.mp3", Kind::mp3},
+                      {(folder_ / "in/a.sng").string(), folder_ / "b.mp3", Kind::mp3}};
+    int asked = 0;
+    std::vector<std::string> told;
+    const std::vector<Result> results = convertAll(
+        options_, 1, [&](const Result& result) { told.push_back(result.reason); },
+        [&] { return ++asked > 3; });
+    EXPECT_THAT(told, testing::ElementsAre((folder_ / "a.mp3").string() + " was broken off"));
+    EXPECT_EQ(results[0].outcome, Outcome::failed);
+    EXPECT_EQ(results[1].outcome, Outcome::failed);
+    EXPECT_EQ(fs::file_size(folder_ / "a.mp3"), 5U) << "what was there before stays";
+    EXPECT_THAT(filesThere(), testing::ElementsAre("a.mp3"));
 }
 
 TEST(AReport, CountsAndQuotes) {

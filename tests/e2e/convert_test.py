@@ -1,0 +1,60 @@
+"""A conversion that is broken off leaves no part of a file, and what was there before; the shell sees the signal."""
+
+import pathlib
+import signal
+import subprocess
+import tempfile
+
+from desk import check, run, wait_until
+from score_text import Score
+from waiting import PATIENCE_S
+
+# Tempo 1 makes a column 12 seconds long: three hours of sound, which take a while.
+LONG_SONG_TEMPO = 1
+LAST_COLUMN = 900
+OLDER = b"what was there before"
+
+
+def start(build, folder, ignored=()):
+    """Begins the conversion, and waits until it writes. Signals are as a terminal leaves them."""
+    def signals():
+        for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
+            signal.signal(number, signal.SIG_IGN if number in ignored else signal.SIG_DFL)
+
+    command = [build.resolve() / "bin" / "velorin-convert", "long.sng", "-o", "long.wav", "--rate", "8000"]
+    process = subprocess.Popen(command, cwd=folder, stderr=subprocess.PIPE, preexec_fn=signals)
+    wait_until(lambda: parts(folder) or process.poll() is not None, "the beginning of the file")
+    check(process.poll() is None, f"the conversion ended by itself with status {process.returncode}")
+    return process
+
+
+def parts(folder):
+    return [path.name for path in folder.iterdir() if path.name.endswith(".part") and path.stat().st_size > 10_000]
+
+
+def check_ends_by(process, folder, number):
+    process.send_signal(number)
+    _, complaint = process.communicate(timeout=PATIENCE_S)
+    check(process.returncode == -number, f"status {process.returncode} after signal {number}")
+    check(complaint == b"velorin-convert: long.wav was broken off\n", f"it says {complaint}")
+    there = sorted(path.name for path in folder.iterdir())
+    check(there == ["long.sng", "long.wav"], f"after signal {number} there are {there}")
+    check((folder / "long.wav").read_bytes() == OLDER, "the older file is not whole")
+
+
+def test(build):
+    with tempfile.TemporaryDirectory(prefix="velorin-convert-") as name:
+        folder = pathlib.Path(name)
+        song = Score(LONG_SONG_TEMPO)
+        song.note(0, LAST_COLUMN, 57, 1, 0)
+        (folder / "long.sng").write_bytes(song.text())
+        (folder / "long.wav").write_bytes(OLDER)
+        for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
+            check_ends_by(start(build, folder), folder, number)
+        # As under nohup: the terminal goes, the conversion stays.
+        process = start(build, folder, ignored=[signal.SIGHUP])
+        process.send_signal(signal.SIGHUP)
+        check_ends_by(process, folder, signal.SIGTERM)
+
+
+run(test)

@@ -1,0 +1,70 @@
+// The signals that ask a program without windows to end.
+#include "host/BreakOff.h"
+
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <thread>
+
+namespace velorin::host {
+namespace {
+
+// What is told to the whole process, as a terminal does it.
+void breakOffBy(int signal, const BreakOff& breakOff) {
+    kill(getpid(), signal);
+    while (!breakOff.isWanted())
+        std::this_thread::yield();
+}
+
+class ABreakOff : public testing::Test {
+protected:
+    ABreakOff() { testing::FLAGS_gtest_death_test_style = "threadsafe"; }
+};
+
+TEST_F(ABreakOff, IsNotWantedUntilASignalComes) {
+    const auto work = [] {
+        const BreakOff breakOff;
+        breakOff.endIfWanted();
+        std::_Exit(breakOff.isWanted() ? 1 : 0);
+    };
+    EXPECT_EXIT(work(), testing::ExitedWithCode(0), "");
+}
+
+TEST_F(ABreakOff, EndsTheProcessByItsSignalWhenThatIsAskedFor) {
+    const auto work = [] {
+        const BreakOff breakOff;
+        breakOffBy(SIGTERM, breakOff);
+        breakOff.endIfWanted();
+    };
+    EXPECT_EXIT(work(), testing::KilledBySignal(SIGTERM), "");
+}
+
+TEST_F(ABreakOff, ThatComesTwiceEndsTheProcessAtOnce) {
+    const auto work = [] {
+        const BreakOff breakOff;
+        breakOffBy(SIGINT, breakOff);
+        kill(getpid(), SIGINT);
+        while (true)
+            std::this_thread::yield();
+    };
+    EXPECT_EXIT(work(), testing::KilledBySignal(SIGINT), "");
+}
+
+TEST_F(ABreakOff, LeavesASignalAloneThatWasSwitchedOff) {
+    const auto work = [] {
+        for (const int signal : {SIGTERM, SIGINT, SIGHUP})
+            std::signal(signal, SIG_IGN);
+        {
+            const BreakOff breakOff;
+            kill(getpid(), SIGHUP);
+            breakOff.endIfWanted();
+        }
+        std::_Exit(0);
+    };
+    EXPECT_EXIT(work(), testing::ExitedWithCode(0), "");
+}
+
+} // namespace
+} // namespace velorin::host
