@@ -12,6 +12,7 @@ import tempfile
 HERE = pathlib.Path(__file__).resolve().parent
 LIMIT_S = 600  # for one test program; what runs longer hangs
 RANDOM_EVENTS = 3000
+FAILURES = "What failed:"  # from here to the last line
 # What has threads of its own besides the one of the windows.
 THREADED = ["host/unit_host", "host/unit_host_kept", "host/unit_host_qt", "host/unit_host_signals", "convert/unit_convert"]
 
@@ -106,11 +107,12 @@ def main():
         beside = [pool.submit(call) for parallel, call in work if parallel]
         results = [done.result() for done in beside]
     results += [call() for parallel, call in work if not parallel]
-    for good, bad, text in results:
+    for good, bad, _ in results:
         passed += good
         failed += bad
-        if text:
-            print(text)
+    if failed:
+        print(FAILURES)
+        print(*[text for _, _, text in results if text], sep="\n")
     if passed + failed == 0:
         print("no test was found")
         failed = 1
