@@ -39,13 +39,16 @@ QtMessageLoop::QtMessageLoop(platform::Clock& clock) : clock_(clock) {
 }
 
 void QtMessageLoop::Yield() {
-    if (!ending_)
-        QCoreApplication::processEvents();
+    if (ending_)
+        return;
+    const HeldPainting::Yielding yielding(painting_);
+    QCoreApplication::processEvents();
 }
 
 void QtMessageLoop::waitUntil(std::int64_t counter) {
     if (ending_ || nanosecondsTo(counter) <= 0)
         return;
+    const HeldPainting::Waiting waiting(painting_);
     QAbstractEventDispatcher* dispatcher = QAbstractEventDispatcher::instance();
     if (dispatcher == nullptr || dispatcher->processEvents(QEventLoop::AllEvents) || ending_)
         return;

@@ -1,6 +1,7 @@
 // The message loop on Qt: lets events through, and sleeps to a deadline between them.
 #pragma once
 
+#include "host/HeldPainting.h"
 #include "platform/MessageLoop.h"
 
 #include <QTimer>
@@ -13,7 +14,8 @@ namespace velorin::host {
 
 /// For the user-interface thread alone, which has a QApplication. A wait sleeps in the window
 /// system's own wait until shortly before its deadline and in the clock's for the rest, so that it
-/// ends well within a millisecond of it and costs next to nothing.
+/// ends well within a millisecond of it and costs next to nothing. Windows are painted in waits; a
+/// yield leaves that to the next wait, for 20 ms at most.
 class QtMessageLoop final : public platform::MessageLoop {
 public:
     explicit QtMessageLoop(platform::Clock& clock);
@@ -29,6 +31,7 @@ private:
     [[nodiscard]] std::int64_t nanosecondsTo(std::int64_t counter);
 
     platform::Clock& clock_;
+    HeldPainting painting_;
     QTimer wake_;
     bool woken_ = false;
     bool ending_ = false;

@@ -8,13 +8,18 @@ namespace velorin::host {
 
 namespace {
 
-// Sound cards differ from the clock by up to some 100 parts in a million. Following at 1000 moves
-// two onsets 120 ms apart by 0.12 ms at most.
-constexpr double followRate = 0.001;
+// Sound cards differ from the clock by up to some 100 parts in a million. Following at 500 moves
+// two onsets one second apart by half a millisecond at most.
+constexpr double followRate = 0.0005;
 
-// A line that is wrong by more than this is not a card's drift: the server has taken several
-// buffers at once, or the stream stood still.
-constexpr double jumpNs = 5e6;
+// Pulls that come this much before the line are no card's drift: the server has taken several
+// buffers at once, and what is due by the old line would fall into frames that are made already.
+constexpr double earlyJumpNs = 5e6;
+
+// Behind the line the stream is after each buffer that the server did not get in time. Messages
+// wait that much longer then, and the line makes it up slowly: a jump would put two onsets too near
+// to each other, in a recording too. A wait of more than this would be felt by who plays.
+constexpr double lateJumpNs = 40e6;
 constexpr double stallNs = 100e6;
 
 } // namespace
@@ -47,7 +52,8 @@ void StreamClock::observe(std::int64_t nowNs, std::int64_t frame) {
 
     const double error = lowest() - offsetNs_;
     const double step = elapsed * followRate;
-    offsetNs_ += std::abs(error) > jumpNs ? error : std::clamp(error, -step, step);
+    const bool jumps = error < -earlyJumpNs || error > lateJumpNs;
+    offsetNs_ += jumps ? error : std::clamp(error, -step, step);
 }
 
 std::int64_t StreamClock::dueFrame(std::int64_t stampNs) const {

@@ -118,7 +118,6 @@ void StatusLabel::setCaption(const QString& caption) {
     if (pause_.isActive() || caption_ == text())
         return;
     setText(caption_);
-    repaint();
     pause_.start(paintPauseMs, this);
 }
 

@@ -8,9 +8,13 @@
 #include <gmock/gmock.h>
 
 #include <QCoreApplication>
+#include <QEvent>
+#include <QEventLoop>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTimer>
+
+#include <memory>
 
 using testing::ElementsAre;
 
@@ -18,6 +22,16 @@ namespace velorin::host {
 namespace {
 
 constexpr std::int64_t oneMs = 1'000'000;
+
+/// Stands for a window that asks to be painted.
+struct Painted : QObject {
+    int times = 0;
+    void ask() { QCoreApplication::postEvent(this, new QEvent(QEvent::UpdateRequest)); }
+    bool event(QEvent* event) override {
+        times += event->type() == QEvent::UpdateRequest ? 1 : 0;
+        return QObject::event(event);
+    }
+};
 
 struct QtHostTest : testing::Test {
     int argc = 1;
@@ -42,6 +56,62 @@ TEST_F(QtHostTest, AWaitReturnsWhenAnEventHasBeenServed) {
     while (!served)
         loop.waitUntil(end);
     EXPECT_LT(clock.QueryPerformanceCounter(), end);
+}
+
+TEST_F(QtHostTest, AYieldLeavesPaintingToTheWaitBehindIt) {
+    Painted window;
+    bool served = false;
+    QTimer::singleShot(0, [&served] { served = true; });
+    window.ask();
+    loop.Yield();
+    EXPECT_TRUE(served) << "all else passes";
+    EXPECT_EQ(window.times, 0);
+    loop.waitUntil(clock.QueryPerformanceCounter() + 1000 * oneMs);
+    EXPECT_EQ(window.times, 1);
+}
+
+TEST_F(QtHostTest, WhoNeverWaitsIsPaintedAllTheSame) {
+    Painted window;
+    window.ask();
+    while (window.times == 0)
+        loop.Yield();
+    EXPECT_EQ(window.times, 1);
+}
+
+TEST_F(QtHostTest, ADialogOpenedInAYieldIsPainted) {
+    Painted window;
+    int seenInDialog = 0;
+    QTimer::singleShot(0, [&] {
+        QEventLoop dialog;
+        window.ask();
+        QTimer::singleShot(0, &dialog, &QEventLoop::quit);
+        dialog.exec();
+        seenInDialog = window.times;
+    });
+    loop.Yield();
+    EXPECT_EQ(seenInDialog, 1);
+}
+
+TEST_F(QtHostTest, AWaitInAHandlerThatAYieldHasLetThroughPaints) {
+    Painted window;
+    int seenInWait = 0;
+    window.ask();
+    QTimer::singleShot(0, [&] {
+        window.ask();
+        loop.waitUntil(clock.QueryPerformanceCounter() + 1000 * oneMs);
+        seenInWait = window.times;
+    });
+    loop.Yield();
+    EXPECT_GT(seenInWait, 0);
+}
+
+TEST_F(QtHostTest, AWindowThatIsGoneBeforeItsPaintingIsForgotten) {
+    auto window = std::make_unique<Painted>();
+    window->ask();
+    QTimer::singleShot(0, [&window] { window.reset(); });
+    loop.Yield();
+    EXPECT_EQ(window, nullptr);
+    loop.waitUntil(clock.QueryPerformanceCounter() + oneMs);
 }
 
 TEST_F(QtHostTest, NoWaitLastsAfterTheEnd) {

@@ -63,6 +63,31 @@ TEST(TheStreamClock, FollowsACardThatRunsFast) {
     EXPECT_NEAR(static_cast<double>(clock.dueFrame(now)), 2000 * 441, 12);
 }
 
+TEST(TheStreamClock, KeepsDistancesOverABufferThatCameTooLate) {
+    StreamClock clock(44100, 320);
+    std::int64_t before = 0;
+    for (int buffer = 0; buffer < 4000; ++buffer) {
+        const std::int64_t lost =
+            buffer < 500 ? 0 : 12'000'000; // the server has been silent so long
+        const std::int64_t now = second + buffer * tenMs + lost;
+        clock.observe(now, buffer * 441);
+        const std::int64_t due = clock.dueFrame(now);
+        if (buffer > 0 && buffer != 500) {
+            EXPECT_NEAR(static_cast<double>(due - before), 441, 1);
+        }
+        before = due;
+    }
+    EXPECT_NEAR(static_cast<double>(before), 3999 * 441 + 320, 2) << "made up for in the end";
+}
+
+TEST(TheStreamClock, FollowsAtOnceWhenPullsComeMuchEarlier) {
+    StreamClock clock(44100, 0);
+    clock.observe(second, 0);
+    clock.observe(second + tenMs, 441);
+    clock.observe(second + tenMs, 882);
+    EXPECT_EQ(clock.dueFrame(second + tenMs), 882);
+}
+
 TEST(TheStreamClock, StartsAnewAfterAStall) {
     StreamClock clock(44100, 0);
     clock.observe(second, 0);
