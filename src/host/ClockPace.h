@@ -10,8 +10,9 @@ class ClockPace {
 public:
     /// Sleeps until the time of all frames counted so far has gone by since the first call, and
     /// counts `frames` more. Every deadline is counted from the start, so nothing adds up; after a
-    /// stall the calls return at once until they have caught up.
-    void wait(int frames);
+    /// stall the calls return at once until they have caught up. Returns the deadline, in
+    /// nanoseconds of the steady clock.
+    std::int64_t wait(int frames);
 
 private:
     std::chrono::steady_clock::time_point start_;

@@ -15,13 +15,14 @@ ClockSink::~ClockSink() {
     thread_.join();
 }
 
-// After a stall the thread pulls what it owes without a pause.
+// After a stall the thread pulls what it owes without a pause, each buffer for the moment at which
+// it was due: what was sent during the stall still falls where it belongs.
 void ClockSink::run() {
     std::vector<float> unheard(2 * static_cast<std::size_t>(bufferFrames_));
     ClockPace pace;
     while (!ending_) {
-        pace.wait(bufferFrames_);
-        pull_(unheard.data(), bufferFrames_);
+        const std::int64_t dueNs = pace.wait(bufferFrames_);
+        pull_(unheard.data(), bufferFrames_, dueNs);
     }
 }
 

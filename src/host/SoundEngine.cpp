@@ -50,12 +50,6 @@ bool keepsPace(SdlSink& card) {
     return false;
 }
 
-std::int64_t nowNs() {
-    return std::chrono::duration_cast<std::chrono::nanoseconds>(
-               std::chrono::steady_clock::now().time_since_epoch())
-        .count();
-}
-
 } // namespace
 
 SoundEngine::SoundEngine() = default;
@@ -64,9 +58,12 @@ SoundEngine::~SoundEngine() {
     sink_.reset();
 }
 
+PullStream SoundEngine::pulling() {
+    return [this](float* stereo, int frames, std::int64_t atNs) { pull(stereo, frames, atNs); };
+}
+
 std::unique_ptr<SdlSink> SoundEngine::openCard(std::string& reason) {
-    return SdlSink::open([this](float* stereo, int frames) { pull(stereo, frames, nowNs()); },
-                         bufferFrames, reason);
+    return SdlSink::open(pulling(), bufferFrames, reason);
 }
 
 void SoundEngine::start() {
@@ -82,8 +79,7 @@ void SoundEngine::start() {
         return;
     }
     noCard_.say("no sound card (" + reason + "); what plays is not heard");
-    sink_ = std::make_unique<ClockSink>(
-        [this](float* stereo, int frames) { pull(stereo, frames, nowNs()); }, bufferFrames);
+    sink_ = std::make_unique<ClockSink>(pulling(), bufferFrames);
     onClock_ = true;
 }
 
@@ -198,9 +194,9 @@ void SoundEngine::countQuiet() {
                        std::memory_order_relaxed);
 }
 
-void SoundEngine::pull(float* stereo, int frames, std::int64_t now) {
+void SoundEngine::pull(float* stereo, int frames, std::int64_t atNs) {
     takeOrders();
-    clock_.observe(now, madeFrames_ - left_);
+    clock_.observe(atNs, madeFrames_ - left_);
     while (frames > 0) {
         if (left_ == 0)
             makeBlock();

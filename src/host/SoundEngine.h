@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/Complaint.h"
+#include "host/SoundSink.h"
 #include "host/SoundSource.h"
 #include "host/StreamClock.h"
 
@@ -19,7 +20,6 @@
 namespace velorin::host {
 
 class SdlSink;
-class SoundSink;
 class SoundTap;
 
 /// Sources and taps come and go on one thread, the control thread; the stream is pulled on another.
@@ -70,9 +70,9 @@ public:
     void add(std::shared_ptr<SoundTap> tap);
     void remove(SoundTap* tap);
 
-    /// Makes the next `frames` frames, asked for at `nowNs`. Called by the sink, or by a test in
-    /// its stead.
-    void pull(float* stereo, int frames, std::int64_t nowNs);
+    /// Makes the next `frames` frames, asked for at `atNs` of the steady clock. Called by the sink,
+    /// or by a test in its stead.
+    void pull(float* stereo, int frames, std::int64_t atNs);
 
     static constexpr std::size_t mostSources = 16;
     static constexpr int quietBlocksToRest = 10 * streamRateHz / blockFrames;
@@ -84,6 +84,7 @@ private:
         bool isAdding = false;
     };
 
+    [[nodiscard]] PullStream pulling();
     [[nodiscard]] std::unique_ptr<SdlSink> openCard(std::string& reason);
     void give(const Order& order);
     void collectReleased();

@@ -18,7 +18,7 @@ class StreamClock {
 public:
     StreamClock(double rateHz, int delayFrames) : rateHz_(rateHz), delayFrames_(delayFrames) {}
 
-    /// Frame number `frame` is about to be pulled at `nowNs`.
+    /// Frame number `frame` is about to be pulled, for the moment `nowNs`, which never goes back.
     void observe(std::int64_t nowNs, std::int64_t frame);
 
     /// The frame at which a message stamped `stampNs` takes effect: the constant delay behind the

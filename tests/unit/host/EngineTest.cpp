@@ -140,7 +140,7 @@ TEST(ATap, ThatIsNotReadLosesWhatFindsNoRoom) {
 TEST(TheClockWithoutACard, PullsNeverFasterThanRealTime) {
     std::atomic<std::int64_t> frames{0};
     const auto start = std::chrono::steady_clock::now();
-    ClockSink sink([&](float*, int count) { frames += count; }, 256);
+    ClockSink sink([&](float*, int count, std::int64_t) { frames += count; }, 256);
     while (frames < 20 * 256) {
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
@@ -148,6 +148,26 @@ TEST(TheClockWithoutACard, PullsNeverFasterThanRealTime) {
     // The twentieth buffer is pulled when 19 have gone by: 110 ms.
     EXPECT_GE(elapsed.count(), 19 * 256 / 44100.0);
     EXPECT_FALSE(sink.hasCard());
+}
+
+TEST(TheClockWithoutACard, PullsAfterAStallForTheMomentsThatItHasMissed) {
+    std::vector<std::int64_t> moments;
+    std::atomic<bool> enough{false};
+    ClockSink sink(
+        [&](float*, int, std::int64_t atNs) {
+            if (moments.size() < 20)
+                moments.push_back(atNs);
+            enough = moments.size() == 20;
+            if (moments.size() == 5)
+                std::this_thread::sleep_for(std::chrono::milliseconds(50)); // some eight buffers
+        },
+        256);
+    while (!enough) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    for (std::size_t i = 1; i < 20; ++i) {
+        EXPECT_NEAR(static_cast<double>(moments[i] - moments[i - 1]), 256e9 / 44100, 2);
+    }
 }
 
 TEST(AWorker, DoesItsJobsInOrder) {
