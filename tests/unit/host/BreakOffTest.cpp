@@ -5,17 +5,24 @@
 
 #include <unistd.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <thread>
 
 namespace velorin::host {
 namespace {
 
+// Whoever runs the tests in the background may have switched some of the signals off.
+void takeSignals() {
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP})
+        std::signal(signal, SIG_DFL);
+}
+
 // What is told to the whole process, as a terminal does it.
 void breakOffBy(int signal, const BreakOff& breakOff) {
     kill(getpid(), signal);
     while (!breakOff.isWanted())
-        std::this_thread::yield();
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
 }
 
 class ABreakOff : public testing::Test {
@@ -25,6 +32,7 @@ protected:
 
 TEST_F(ABreakOff, IsNotWantedUntilASignalComes) {
     const auto work = [] {
+        takeSignals();
         const BreakOff breakOff;
         breakOff.endIfWanted();
         std::_Exit(breakOff.isWanted() ? 1 : 0);
@@ -34,6 +42,7 @@ TEST_F(ABreakOff, IsNotWantedUntilASignalComes) {
 
 TEST_F(ABreakOff, EndsTheProcessByItsSignalWhenThatIsAskedFor) {
     const auto work = [] {
+        takeSignals();
         const BreakOff breakOff;
         breakOffBy(SIGTERM, breakOff);
         breakOff.endIfWanted();
@@ -43,11 +52,12 @@ TEST_F(ABreakOff, EndsTheProcessByItsSignalWhenThatIsAskedFor) {
 
 TEST_F(ABreakOff, ThatComesTwiceEndsTheProcessAtOnce) {
     const auto work = [] {
+        takeSignals();
         const BreakOff breakOff;
         breakOffBy(SIGINT, breakOff);
         kill(getpid(), SIGINT);
         while (true)
-            std::this_thread::yield();
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
     };
     EXPECT_EXIT(work(), testing::KilledBySignal(SIGINT), "");
 }
