@@ -47,12 +47,18 @@ def told(command, **options):
     return text
 
 
-def ordinary_user():
-    """How to start a program as somebody who is not root."""
+def ordinary_user(folder):
+    """How to start a program as somebody who is not root and gets into a folder; as oneself where that cannot be:
+    not every machine lets root become another user, or has a folder for temporary files that is open to all."""
     if os.geteuid() != 0:
         return {}
     nobody = pwd.getpwnam("nobody")
-    return {"user": nobody.pw_uid, "group": nobody.pw_gid, "extra_groups": []}
+    user = {"user": nobody.pw_uid, "group": nobody.pw_gid, "extra_groups": []}
+    try:
+        done = subprocess.run(["test", "-x", str(folder)], check=False, **user)
+    except OSError:
+        return {}
+    return user if done.returncode == 0 else {}
 
 
 def install(build, folder):
@@ -102,6 +108,7 @@ class InstalledDesk(Desk):
     def __init__(self, build, installed):
         super().__init__(build)
         self.installed = installed
+        self.user = {}
 
     def furnish(self):
         super().furnish()
@@ -111,18 +118,18 @@ class InstalledDesk(Desk):
         self.environment["HOME"] = str(self.home)
         self.songs = self.home / ".local/share/velorin/Songs"
         self.folder.chmod(0o755)
-        user = ordinary_user()
-        if user:
+        self.user = ordinary_user(self.installed)
+        if self.user:
             for own in (self.home, self.run_folder):
-                os.chown(own, user["user"], user["group"])
+                os.chown(own, self.user["user"], self.user["group"])
 
     def start(self, command, **options):
         if command[0].startswith(str(self.installed)):
-            options.update(ordinary_user())
+            options.update(self.user)
         return super().start(command, **options)
 
     def convert(self, *words):
-        told([self.installed / "bin/velorin-convert", *words], env=self.environment, cwd=self.home, **ordinary_user())
+        told([self.installed / "bin/velorin-convert", *words], env=self.environment, cwd=self.home, **self.user)
 
 
 def check_converter(desk):
@@ -180,6 +187,7 @@ def check_package(build, folder):
 
 
 def test(build):
+    os.umask(0o022)  # of whoever installs for all
     with tempfile.TemporaryDirectory(prefix="velorin-package-") as made:
         folder = pathlib.Path(made)
         folder.chmod(0o755)
