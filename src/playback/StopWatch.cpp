@@ -35,17 +35,25 @@ float StopWatch::StopWatchElapsed(int number) {
     if (!watch.running || frequency_ <= 0)
         return 0.0F;
     const std::int64_t ticks = clock_.QueryPerformanceCounter() - watch.start - overhead_;
+    return toSeconds(ticks);
+}
+
+float StopWatch::toSeconds(std::int64_t ticks) const {
     return static_cast<float>(static_cast<double>(ticks) / static_cast<double>(frequency_));
 }
 
-// The counter at which the stopwatch first shows `reading`. One that does not run never shows it.
+// The tick nearest to the reading, so that a moment that lies a hair's breadth behind the reading
+// comes behind it. Where a reading has more digits than the counter has ticks, the next tick shows
+// it. A stopwatch that does not run never does.
 std::int64_t StopWatch::counterAt(int number, float reading) const {
     const bool runs = has(number) && watches_[static_cast<std::size_t>(number) - 1].running;
     if (!runs || frequency_ <= 0)
         return std::numeric_limits<std::int64_t>::max();
-    const double ticks = std::ceil(static_cast<double>(reading) * static_cast<double>(frequency_));
-    return watches_[static_cast<std::size_t>(number) - 1].start + overhead_ +
-           static_cast<std::int64_t>(ticks);
+    auto ticks = static_cast<std::int64_t>(
+        std::round(static_cast<double>(reading) * static_cast<double>(frequency_)));
+    if (toSeconds(ticks) < reading)
+        ++ticks;
+    return watches_[static_cast<std::size_t>(number) - 1].start + overhead_ + ticks;
 }
 
 void StopWatch::WaitSeconds(int number, float seconds) {

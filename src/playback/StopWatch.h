@@ -39,6 +39,7 @@ private:
     [[nodiscard]] bool has(int number) const {
         return number >= 1 && static_cast<std::size_t>(number) <= watches_.size();
     }
+    [[nodiscard]] float toSeconds(std::int64_t ticks) const;
     [[nodiscard]] std::int64_t counterAt(int number, float reading) const;
 
     platform::Clock& clock_;

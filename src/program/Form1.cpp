@@ -57,7 +57,7 @@ Form1::Form1(Program& program)
       files(studio_, *this),
       edits(studio_, *this, *this),
       duplicate(studio_, edits, commands, *this, *this),
-      samples(studio_, watch),
+      samples(studio_),
       menus(studio_, *this),
       frame(*this, FrameKind::main, mainWindowEllipse, program.frames),
       place(*this),

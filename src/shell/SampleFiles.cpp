@@ -3,8 +3,8 @@
 #include "shell/SampleFiles.h"
 
 #include "platform/Files.h"
-#include "playback/StopWatch.h"
 #include "resources/Samples.h"
+#include "score/FileHelpers.h"
 #include "score/Studio.h"
 
 #include <ostream>
@@ -12,17 +12,11 @@
 namespace velorin {
 
 bool SampleFiles::FileExists(const std::string& name) {
-    return studio_.platform.files.canRead(name);
+    return velorin::FileExists(studio_.platform, name);
 }
 
 void SampleFiles::p_DestroyFile(const std::string& name) {
-    // Opened and closed first, so that a file in use elsewhere is let go of before it is deleted.
-    studio_.platform.files.openForBinary(name).reset();
-    studio_.platform.files.remove(name);
-    if (timer_ == 0)
-        timer_ = watch_.StopWatchNew();
-    watch_.StopWatchStart(timer_);
-    watch_.WaitSeconds(timer_, 0.2F);
+    velorin::p_DestroyFile(studio_.platform, name);
 }
 
 void SampleFiles::ExtractSamples() {

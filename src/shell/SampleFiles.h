@@ -8,12 +8,11 @@
 
 namespace velorin {
 
-class StopWatch;
 struct Studio;
 
 class SampleFiles {
 public:
-    SampleFiles(Studio& studio, StopWatch& watch) : studio_(studio), watch_(watch) {}
+    explicit SampleFiles(Studio& studio) : studio_(studio) {}
 
     /// True if the file can be opened for input.
     [[nodiscard]] bool FileExists(const std::string& name);
@@ -41,8 +40,6 @@ public:
 
 private:
     Studio& studio_;
-    StopWatch& watch_;
-    int timer_ = 0; ///< stopwatch number, got at the first wait
 };
 
 } // namespace velorin

@@ -30,6 +30,11 @@ std::optional<Lines> hiddenPictureProperty(Session& session, const Address& addr
         return std::nullopt;
     if (address.property == "visible")
         return Lines{"0"};
+    if (address.property == "color") {
+        const velorin::Colour ground = picture->ground();
+        return Lines{std::to_string(ground & 0xFF) + "," + std::to_string((ground >> 8) & 0xFF) +
+                     "," + std::to_string((ground >> 16) & 0xFF)};
+    }
     if (address.property != "rect")
         return std::nullopt;
     // They lie behind the music tableau, from its upper left corner on.

@@ -39,7 +39,7 @@ public:
     Nanoseconds next() {
         const auto begin = static_cast<float>(static_cast<double>(now_ - start_) / 1e9);
         const float end = begin + columnSeconds_;
-        now_ = start_ + static_cast<Nanoseconds>(std::ceil(static_cast<double>(end) * 1e9));
+        now_ = start_ + static_cast<Nanoseconds>(std::round(static_cast<double>(end) * 1e9));
         return now_;
     }
 

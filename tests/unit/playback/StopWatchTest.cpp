@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace velorin {
 namespace {
 
@@ -95,6 +97,39 @@ TEST_F(StopWatches, AWaitCountsFromItsOwnBeginning) {
     time.hold(250);
     watch.WaitSeconds(number, 0.5F);
     EXPECT_EQ(time.now(), 750'000'000);
+}
+
+// 0.04 in single precision is 0.03999999910593, less than a nanosecond before the round moment.
+TEST_F(StopWatches, AWaitEndsAtTheTickNearestToItsSum) {
+    const int number = watch.StopWatchNew();
+    watch.StopWatchStart(number);
+    int served = 0;
+    time.plan(40'000'000, [&] { ++served; });
+    watch.WaitSeconds(number, 0.04F);
+    time.Yield();
+    EXPECT_EQ(served, 0);
+    EXPECT_EQ(time.now(), 39'999'999);
+}
+
+// At a thousand ticks a second 0.0004 lies between two of them, and the first does not show it.
+TEST_F(StopWatches, AWaitFinerThanATickEndsAtTheNextOne) {
+    struct Loop final : platform::MessageLoop {
+        SteppingClock& clock;
+        explicit Loop(SteppingClock& ticking) : clock(ticking) {}
+        void Yield() override {}
+        void waitUntil(std::int64_t counter) override {
+            clock.counter = std::max(clock.counter, counter);
+        }
+        [[nodiscard]] bool isEnding() const override { return false; }
+        void end() override {}
+    };
+    SteppingClock clock;
+    Loop loop(clock);
+    StopWatch coarse(clock, loop);
+    const int number = coarse.StopWatchNew();
+    coarse.StopWatchStart(number);
+    coarse.WaitSeconds(number, 0.0004F);
+    EXPECT_EQ(clock.counter, 1);
 }
 
 TEST_F(StopWatches, AWaitOfNothingDoesNotYield) {
