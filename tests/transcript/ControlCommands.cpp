@@ -71,6 +71,8 @@ Lines key(Session& session, const Words& words) {
         throw CommandError("no such key: " + words[1]);
     QWidget& control = controlOf(session, words[0]);
     session.program().focus.give(&control);
+    // One that was disabled meanwhile has lost the keyboard to another, not the focus.
+    control.setFocus(Qt::OtherFocusReason);
     pressKey(control, keys[0]);
     return {};
 }
