@@ -3,9 +3,10 @@
 
 #include <QAbstractButton>
 #include <QAccessibleWidget>
-#include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPointer>
+#include <QTimer>
 
 namespace velorin {
 
@@ -47,6 +48,13 @@ bool isPressed(ControlKind kind) {
            kind == ControlKind::option || kind == ControlKind::checkBox;
 }
 
+/// Straight to the control: the application would look for a shortcut of the active window first,
+/// and the space bar plays the song there.
+void giveSpace(QObject& control, QEvent::Type type) {
+    QKeyEvent space(type, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "));
+    control.event(&space);
+}
+
 /// Its kind is the widget's property, so that one class serves all of them.
 class ReadControl final : public QAccessibleWidget, public QAccessibleValueInterface {
 public:
@@ -86,10 +94,12 @@ public:
     void doAction(const QString& name) override {
         if (name != pressAction())
             return QAccessibleWidget::doAction(name);
-        for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-            QKeyEvent space(type, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "));
-            QApplication::sendEvent(widget(), &space);
-        }
+        // The reader has its answer first: what is pressed may last as long as a song.
+        QTimer::singleShot(0, widget(), [control = QPointer<QWidget>(widget())] {
+            for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease})
+                if (control && control->isEnabled())
+                    giveSpace(*control, type);
+        });
     }
 
     void* interface_cast(QAccessible::InterfaceType type) override {

@@ -8,7 +8,7 @@ class QWidget;
 namespace velorin {
 
 /// From now on a reader takes the control for one of that kind. What a reader presses is pressed
-/// as by the space bar.
+/// as by the space bar, once the reader has got its answer, whichever window is active.
 void showToReaders(QWidget& control, ControlKind kind);
 
 /// A button that shows by its picture whether something is on.

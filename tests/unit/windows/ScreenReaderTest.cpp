@@ -36,6 +36,12 @@ void visitAllTabs(QWidget& window, const std::function<void(Node*)>& visit) {
     }
 }
 
+/// The control is pressed when the messages that wait are served.
+void press(Node& control) {
+    control.actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    QCoreApplication::processEvents();
+}
+
 /// What only holds other things needs no name, nor does a text that is empty at present.
 bool needsName(const Node& node) {
     switch (node.role()) {
@@ -130,9 +136,35 @@ TEST_F(ScreenReaderTest, PressOfAReaderSelectsARow) {
     Node* const row = readerOf(setup, "TrackSel(3)");
     EXPECT_EQ(row->text(QAccessible::Name), "Channel 4");
     EXPECT_FALSE(row->state().checked);
-    row->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    press(*row);
     EXPECT_TRUE(row->state().checked);
     EXPECT_EQ(whole.program.studio().score.CurrentRow, 3);
+}
+
+TEST_F(ScreenReaderTest, PressOfAReaderIsNoKeyOfTheActiveWindow) {
+    Node* const row = readerOf(window("Form3"), "TrackSel(5)");
+    QWidget* const mainWindow = window("Form1");
+    mainWindow->activateWindow();
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(mainWindow->isActiveWindow()); // where the space bar plays the song
+    press(*row);
+    EXPECT_TRUE(row->state().checked);
+}
+
+TEST_F(ScreenReaderTest, ReaderHasItsAnswerBeforeWhatItPressesIsDone) {
+    Node* const row = readerOf(window("Form3"), "TrackSel(2)");
+    row->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_FALSE(row->state().checked);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(row->state().checked);
+}
+
+TEST_F(ScreenReaderTest, PressOfAReaderOnADisabledButtonDoesNothing) {
+    Node* const row = readerOf(window("Form3"), "TrackSel(2)");
+    row->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    static_cast<QWidget*>(row->object())->setEnabled(false);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(row->state().checked);
 }
 
 TEST_F(ScreenReaderTest, DisabledControlSaysSo) {
