@@ -1,6 +1,7 @@
 // Moving and shaping windows that have no frame of the desktop's.
 #include "shell/WindowDrag.h"
 
+#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QRegion>
 #include <QWidget>
@@ -9,6 +10,15 @@
 #include <cmath>
 
 namespace velorin {
+
+namespace {
+
+/// Everywhere but on Wayland, where the desktop alone knows where windows stand.
+bool placesItsWindows() {
+    return !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+}
+
+} // namespace
 
 void SetTopMost(QWidget& window, bool topmost) {
     if (isTopMost(window) == topmost) {
@@ -59,26 +69,46 @@ bool WindowDrag::DragWindow(Qt::MouseButtons buttons, QPoint place) {
     if (buttons.testFlag(Qt::RightButton) || !buttons.testFlag(Qt::LeftButton)) {
         return false;
     }
-    QWindow* const handle = window_->windowHandle();
-    following_ = handle == nullptr || !handle->startSystemMove();
+    following_ = true;
     grip_ = place - window_->pos();
+    if (!placesItsWindows()) {
+        QWindow* const handle = window_->windowHandle();
+        following_ = handle == nullptr || !handle->startSystemMove();
+    }
     return true;
 }
 
+void WindowDrag::follow(const QMouseEvent& pointer) {
+    if (following_ && !window_->isMaximized()) {
+        window_->move(pointer.globalPosition().toPoint() - grip_);
+    }
+}
+
 bool WindowDrag::eventFilter(QObject* watched, QEvent* event) {
-    const auto type = event->type();
-    if (type == QEvent::MouseButtonPress) {
-        const auto* mouse = static_cast<QMouseEvent*>(event);
-        if (mouse->button() == Qt::LeftButton) {
-            DragWindow(mouse->buttons(), mouse->globalPosition().toPoint());
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+        if (const auto* press = static_cast<QMouseEvent*>(event);
+            press->button() == Qt::LeftButton) {
+            DragWindow(press->buttons(), press->globalPosition().toPoint());
         }
-    } else if (type == QEvent::MouseMove && following_) {
-        const auto* mouse = static_cast<QMouseEvent*>(event);
-        if (mouse->buttons().testFlag(Qt::LeftButton)) {
-            window_->move(mouse->globalPosition().toPoint() - grip_);
+        break;
+    case QEvent::MouseMove: {
+        const auto& move = *static_cast<QMouseEvent*>(event);
+        // The release may have gone to somebody else, a dialog that came up meanwhile.
+        following_ = following_ && move.buttons().testFlag(Qt::LeftButton);
+        follow(move);
+        break;
+    }
+    case QEvent::MouseButtonRelease:
+        if (const auto& release = *static_cast<QMouseEvent*>(event);
+            release.button() == Qt::LeftButton) {
+            follow(release); // a busy program may get no move before it
+            following_ = false;
         }
-    } else if (type == QEvent::MouseButtonRelease) {
-        following_ = false;
+        break;
+    default:
+        break;
     }
     return QObject::eventFilter(watched, event);
 }

@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QPoint>
 
+class QMouseEvent;
 class QWidget;
 
 namespace velorin {
@@ -19,9 +20,10 @@ void SetTopMost(QWidget& window, bool topmost);
 /// compositor sees the smooth edge, and a desktop without one the dark outline.
 void ApplyWindowRegion(QWidget& window, int ellipse);
 
-/// Moves a window by presses on the widgets it watches. The desktop is asked to move the window;
-/// where there is nobody to ask, the window follows the pointer by itself until the button is
-/// released.
+/// Moves a window by presses on the widgets it watches. The window follows the pointer by itself
+/// until the button is up: a desktop that is asked to move it takes hold of the pointer a moment
+/// later, and never learns of a release that came before. Only where the program cannot place its
+/// windows the desktop is asked all the same. A maximised window stays.
 class WindowDrag : public QObject {
     Q_OBJECT
 
@@ -39,6 +41,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void follow(const QMouseEvent& pointer);
+
     QWidget* window_;
     bool following_ = false;
     QPoint grip_; ///< the pointer's place in the window, while it follows

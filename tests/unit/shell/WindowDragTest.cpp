@@ -37,6 +37,50 @@ TEST(WindowDrag, TheWindowFollowsThePointerWhereNobodyElseMovesIt) {
     EXPECT_EQ(window.pos(), QPoint(130, 90));
 }
 
+/// A title and its window at (100, 100), and the mouse on it.
+struct Title {
+    Title() {
+        window.move(100, 100);
+        makeDragHandle(label);
+    }
+    void send(QEvent::Type type, QPoint place, Qt::MouseButton button, Qt::MouseButtons buttons) {
+        QMouseEvent event(type, QPointF(2, 2), QPointF(place), button, buttons, Qt::NoModifier);
+        QCoreApplication::sendEvent(&label, &event);
+    }
+    QWidget window;
+    QWidget label{&window};
+};
+
+TEST(WindowDrag, ADragEndsWhereTheButtonIsReleased) {
+    Title title;
+    title.send(QEvent::MouseButtonPress, {110, 105}, Qt::LeftButton, Qt::LeftButton);
+    title.send(QEvent::MouseButtonRelease, {160, 125}, Qt::LeftButton, Qt::NoButton);
+    EXPECT_EQ(title.window.pos(), QPoint(150, 120));
+}
+
+TEST(WindowDrag, ADragHasEndedWhenTheButtonIsFoundUp) {
+    Title title;
+    title.send(QEvent::MouseButtonPress, {110, 105}, Qt::LeftButton, Qt::LeftButton);
+    title.send(QEvent::MouseMove, {300, 300}, Qt::NoButton, Qt::MiddleButton);
+    title.send(QEvent::MouseMove, {400, 400}, Qt::NoButton, Qt::LeftButton);
+    EXPECT_EQ(title.window.pos(), QPoint(100, 100));
+}
+
+TEST(WindowDrag, TheSecondPressOfADoubleClickDragsToo) {
+    Title title;
+    title.send(QEvent::MouseButtonDblClick, {110, 105}, Qt::LeftButton, Qt::LeftButton);
+    title.send(QEvent::MouseMove, {120, 105}, Qt::NoButton, Qt::LeftButton);
+    EXPECT_EQ(title.window.pos(), QPoint(110, 100));
+}
+
+TEST(WindowDrag, AMaximisedWindowStays) {
+    Title title;
+    title.window.setWindowState(Qt::WindowMaximized);
+    title.send(QEvent::MouseButtonPress, {110, 105}, Qt::LeftButton, Qt::LeftButton);
+    title.send(QEvent::MouseMove, {200, 200}, Qt::NoButton, Qt::LeftButton);
+    EXPECT_EQ(title.window.pos(), QPoint(100, 100));
+}
+
 TEST(WindowDrag, TopMostComesAndGoesAndKeepsThePlace) {
     QWidget window;
     window.move(40, 50);
