@@ -10,6 +10,7 @@
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QSizeGrip>
+#include <QWindow>
 
 namespace velorin {
 
@@ -68,7 +69,7 @@ void HelpBrowser::doSetSource(const QUrl& name, QTextDocument::ResourceType type
 }
 
 HelpWindow::HelpWindow(std::vector<HelpPage> pages)
-    : ToolFrame({"Help", "Help", "main-13-help.svg", firstSize}, frames_, {}),
+    : ToolFrame({"Help", "Help", "main-13-help.svg", firstSize}, frames_),
       book_(std::move(pages)),
       grip_(new QSizeGrip(this)) {
     setWindowFlag(Qt::Tool, false);
@@ -132,9 +133,22 @@ void HelpWindow::openFirstPage() {
         browser->setFocus();
     }
     openPage(book_.pages().front().file);
+    setAbove(true);
     show();
     raise();
     activateWindow();
+}
+
+/// The flag of the window itself: it changes without taking the window off the screen.
+void HelpWindow::setAbove(bool above) {
+    if (QWindow* const handle = windowHandle())
+        handle->setFlag(Qt::WindowStaysOnTopHint, above);
+}
+
+void HelpWindow::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::ActivationChange)
+        setAbove(isActiveWindow());
+    ToolFrame::changeEvent(event);
 }
 
 void HelpWindow::openPage(const QString& file) {

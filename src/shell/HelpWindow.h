@@ -26,7 +26,8 @@ private:
     const HelpBook& book_;
 };
 
-/// It can be sized, does not stay above other windows, and closes by hiding. All of it works with
+/// It can be sized, and closes by hiding. The tool windows are always above others, so it opens
+/// above all of them and stays there for as long as it is the active window. All of it works with
 /// the keyboard: Ctrl+F to the search, Alt+Left to the page before, Esc to close.
 class HelpWindow : public ToolFrame {
     Q_OBJECT
@@ -47,11 +48,13 @@ public:
     QPushButton* back;
 
 protected:
+    void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void makeKeys();
+    void setAbove(bool above);
     void fillContents();
     void fillHits();
     void markCurrent(const QString& file);

@@ -6,6 +6,7 @@
 #include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
+#include <QWindow>
 
 #include <algorithm>
 
@@ -119,6 +120,22 @@ TEST(HelpTest, EscapeClosesTheWindow) {
     window.openFirstPage();
     QTest::keyClick(&window, Qt::Key_Escape);
     EXPECT_FALSE(window.isVisible());
+}
+
+TEST(HelpTest, WindowIsAboveTheToolWindowsWhileItIsTheActiveOne) {
+    QWidget tool;
+    tool.show();
+    HelpWindow window(helpPages());
+    const auto isAbove = [&window] {
+        return window.windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint);
+    };
+    window.openFirstPage();
+    EXPECT_TRUE(isAbove());
+    tool.activateWindow();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(isAbove());
+    window.openFirstPage();
+    EXPECT_TRUE(isAbove());
 }
 
 TEST(HelpTest, HelpWithoutPagesOpensNoWindow) {

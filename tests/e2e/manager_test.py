@@ -1,0 +1,106 @@
+"""Uses the windows where a window manager has them: a drag ends with its button, and the help lies above the tool windows."""
+
+import contextlib
+import re
+import signal
+
+from desk import Desk, check, run, wait_until
+
+TITLE_PLACE = (300, 12)  # of the main window, where nothing else takes the press
+TOOL_TITLE_PLACE = (250, 14)
+TOOL_FOOT = (250, 248)  # of the Setup Toolbar, below the help
+HELP = "Velorin Help"
+
+
+@contextlib.contextmanager
+def busy(program):
+    """The program hears of nothing before the end of what is done inside."""
+    program.process.send_signal(signal.SIGSTOP)
+    try:
+        yield
+    finally:
+        program.process.send_signal(signal.SIGCONT)
+
+
+def move(place, by):
+    return place[0] + by[0], place[1] + by[1], *place[2:]
+
+
+def stands_at(desk, window, place, what):
+    """Also when the pointer has gone on elsewhere."""
+    wait_until(lambda: desk.place_of(window) == place, what)
+    desk.point(700, 860)
+    desk.point(720, 870)
+    check(desk.settled(window) == place, f"{what}: it has gone on with the pointer to {desk.place_of(window)}")
+
+
+def click_title(desk, program, window, title):
+    """A click that is over before the program hears of it moves nothing."""
+    place = desk.settled(window)
+    with busy(program):
+        desk.click(place[0] + title[0], place[1] + title[1])
+        desk.point(place[0] + title[0] + 200, place[1] + title[1] + 50)
+    stands_at(desk, window, place, "a window whose title was clicked")
+
+
+def drag_title(desk, window, title, by):
+    place = desk.settled(window)
+    start = (place[0] + title[0], place[1] + title[1])
+    desk.drag([start, move(start, (4, 3)), move(start, by)])
+    stands_at(desk, window, move(place, by), "a window that was dragged")
+
+
+def flick_title(desk, program, window, title, by):
+    """A whole drag before the program hears of the press."""
+    place = desk.settled(window)
+    start = (place[0] + title[0], place[1] + title[1])
+    with busy(program):
+        desk.drag([start, move(start, by)])
+    stands_at(desk, window, move(place, by), "a window that was dragged in a moment")
+
+
+def stacking(desk):
+    """The windows from the lowest to the highest, by their titles."""
+    numbers = re.findall(r"0x[0-9a-f]+", desk.told(["xprop", "-root", "_NET_CLIENT_LIST_STACKING"]))
+    return [" ".join(desk.tool("getwindowname", number)) for number in numbers]
+
+
+def is_highest(desk, title):
+    order = stacking(desk)
+    return bool(order) and order[-1] == title
+
+
+def open_help(desk, program):
+    """By the button in the main window's title."""
+    x, y, width, _ = program.place
+    desk.click(x + width - 111, y + 13)
+
+
+def read_help(desk, program):
+    """It opens above the tool windows, and leaves them above itself when they are used again."""
+    open_help(desk, program)
+    desk.settled(desk.window(HELP))
+    wait_until(lambda: is_highest(desk, HELP), "the help above all windows")
+    desk.click(*program.place_in("Setup Toolbar", TOOL_FOOT))
+    wait_until(lambda: is_highest(desk, "Setup Toolbar"), "the tool window above the help")
+    open_help(desk, program)
+    wait_until(lambda: is_highest(desk, HELP), "the help above all windows again")
+    desk.key("Escape")
+    desk.no_window(HELP)
+
+
+def test(build):
+    with Desk(build, manager=True) as desk:
+        program = desk.launch()
+        program.main_window()
+        setup = desk.window("Setup Toolbar")
+        for window, title in ((program.window, TITLE_PLACE), (setup, TOOL_TITLE_PLACE)):
+            click_title(desk, program, window, title)
+            drag_title(desk, window, title, (-40, -20))
+            flick_title(desk, program, window, title, (30, 15))
+        program.place = desk.settled(program.window)
+        read_help(desk, program)
+        program.end()
+
+
+run(test)
