@@ -5,7 +5,7 @@ namespace velorin {
 
 namespace {
 
-constexpr std::array windowKeys{nextWindowKey, previousWindowKey, menuKey};
+constexpr std::array windowKeys{nextWindowKey, previousWindowKey, menuKey, helpKey};
 
 constexpr std::array controlKeys{
     Key{"Tab, Shift+Tab", "Goes to the next control, or back. A blue frame shows where you are."},

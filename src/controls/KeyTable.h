@@ -47,6 +47,7 @@ constexpr Key previousWindowKey{"Shift+F6", "Goes to the window before"};
 
 /// In the main window and in the tool windows.
 constexpr Key menuKey{"Shift+F10", "Opens the menu of commands, in select mode that of editing"};
+constexpr Key helpKey{"F1", "Opens the help"};
 
 /// A part of the list of keys.
 struct KeySection {

@@ -253,6 +253,7 @@ private:
     void pressMainKey(const Key& key);
     void pressEditKey(const Key& key);
     void openMenuByKey(const Key& key);
+    void openHelpByKey(const Key& key);
     bool pressTypedKey(const QKeyEvent& event);
     void nameMaxRestore(const char* face);
     void connectToolbar();

@@ -29,6 +29,7 @@ void Form1::addShortcuts(QWidget& window, bool typedToo) {
     for (const Key& key : editKeys)
         add(key, &Form1::pressEditKey);
     add(menuKey, &Form1::openMenuByKey);
+    add(helpKey, &Form1::openHelpByKey);
 }
 
 void Form1::addKeys(ToolFrame& window) {
@@ -71,6 +72,11 @@ void Form1::openMenuByKey(const Key&) {
         popupCommand2();
     else
         popupCommand1();
+}
+
+void Form1::openHelpByKey(const Key&) {
+    if (studio_.run.LoadingMain == flagClear)
+        Cmdhelp_Click();
 }
 
 void Form1::keyPressEvent(QKeyEvent* event) {

@@ -57,7 +57,7 @@ struct KeysTest : testing::Test {
 TEST_F(KeysTest, EveryKeyOfTheTableIsAKeyOfTheMainWindow) {
     std::vector<Key> all(mainKeys.begin(), mainKeys.end());
     all.insert(all.end(), editKeys.begin(), editKeys.end());
-    all.insert(all.end(), {nextWindowKey, previousWindowKey, menuKey});
+    all.insert(all.end(), {nextWindowKey, previousWindowKey, menuKey, helpKey});
     for (const Key& key : all)
         EXPECT_NE(shortcutIn(window("Form1"), key.keys), nullptr) << key.keys;
     EXPECT_EQ(window("Form1").findChildren<QShortcut*>().size(),
@@ -111,6 +111,16 @@ TEST_F(KeysTest, MenuKeyOpensTheMenuOfTheMode) {
     ASSERT_EQ(whole.host.menus.log.size(), 2U);
     EXPECT_TRUE(whole.host.menus.log[0].starts_with("mnupopup2;Clear All;File"));
     EXPECT_TRUE(whole.host.menus.log[1].starts_with("mnupopup;Clear All;-;Cut selection"));
+}
+
+TEST_F(KeysTest, HelpKeyOpensTheHelpFromEveryWindow) {
+    for (const char* const name : {"Form1", "Form2", "Form3", "Record", "Wiz"}) {
+        QShortcut* const keys = shortcutIn(window(name), helpKey.keys);
+        ASSERT_NE(keys, nullptr) << name;
+        whole.host.desktop.programs.clear();
+        Q_EMIT keys->activated();
+        EXPECT_EQ(whole.host.desktop.programs.size(), 1U) << name;
+    }
 }
 
 TEST_F(KeysTest, CloseButtonOfAToolWindowComesLastWithTab) {
