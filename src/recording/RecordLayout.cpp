@@ -75,6 +75,7 @@ void Record::makeRecordPanel(QWidget* page) {
 
 void Record::makePlayer(QWidget* page) {
     Picture7 = makePanel(page, "Picture7", QRect(8, 122, 150, 44));
+    Picture7->setProperty("role", "strip");
     struct Place {
         const char* picture;
         int left;

@@ -9,7 +9,6 @@
 #include <QLinearGradient>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
 #include <QStyle>
 #include <QTimerEvent>
 
@@ -21,6 +20,13 @@ namespace {
 
 constexpr double trackRadius = 6.0;
 constexpr int paintPauseMs = 30;
+
+void paintTrack(QPainter& painter, const QRect& track, const QBrush& fill) {
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(look::line, 1.0));
+    painter.setBrush(fill);
+    painter.drawRoundedRect(QRectF(track).adjusted(0.5, 0.5, -0.5, -0.5), trackRadius, trackRadius);
+}
 
 QIcon pictureNamed(const char* name) {
     QIcon icon;
@@ -132,10 +138,7 @@ ProgressTrack::ProgressTrack(QWidget* parent) : QWidget(parent) {}
 
 void ProgressTrack::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(look::ink900);
-    painter.drawRoundedRect(rect(), trackRadius, trackRadius);
+    paintTrack(painter, rect(), look::ink900);
 }
 
 ProgressBar::ProgressBar(ProgressTrack* track) : QLabel(track) {
@@ -153,14 +156,11 @@ void ProgressBar::paintEvent(QPaintEvent*) {
     if (width() <= 1)
         return;
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    QPainterPath track;
-    track.addRoundedRect(QRectF(parentWidget()->rect()), trackRadius, trackRadius);
-    painter.setClipPath(track);
     QLinearGradient fill(0, 0, 0, height());
     fill.setColorAt(0, QColor(110, 220, 255));
     fill.setColorAt(1, QColor(40, 160, 214));
-    painter.fillRect(rect(), fill);
+    // The whole track, of which the bar shows its part: so their round ends are one.
+    paintTrack(painter, parentWidget()->rect(), fill);
 }
 
 } // namespace velorin

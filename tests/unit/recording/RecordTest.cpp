@@ -47,6 +47,17 @@ TEST_F(RecordWindow, BeginsEveryRunWithTheEighthFormat) {
     EXPECT_EQ(setting("WAV format"), "2");
 }
 
+TEST_F(RecordWindow, TrackHasALineAroundItAndTheBarFillsItsPart) {
+    toolbar.form().L2->setBarWidth(126);
+    const QImage shown = toolbar.form().P2->grab().toImage();
+    const QRgb line = qRgb(68, 74, 134);
+    EXPECT_EQ(shown.pixel(60, 0), line);
+    EXPECT_EQ(shown.pixel(200, 0), line);
+    EXPECT_EQ(shown.pixel(200, 6), qRgb(25, 28, 64));
+    EXPECT_GT(qBlue(shown.pixel(60, 6)), 200);
+    EXPECT_EQ(shown.pixel(126, 6), qRgb(25, 28, 64));
+}
+
 TEST_F(RecordWindow, WritesBothBoxesUnderOneKey) {
     toolbar.form().Check2->setChecked(false);
     toolbar.unload();
