@@ -32,11 +32,12 @@ def go_first():
 
 
 def put_first_of_all(process):
-    """As a desktop does for its sound server, where the system lets it."""
-    try:
-        os.sched_setscheduler(process.pid, os.SCHED_RR, os.sched_param(4))
-    except OSError:
-        pass
+    """As a desktop does for its sound server, where the system lets it: all its threads, a sink has one of its own."""
+    for thread in os.listdir(f"/proc/{process.pid}/task"):
+        try:
+            os.sched_setscheduler(int(thread), os.SCHED_RR, os.sched_param(4))
+        except OSError:
+            pass
 
 
 class Desk:
