@@ -10,7 +10,6 @@
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QSizeGrip>
-#include <QWindow>
 
 namespace velorin {
 
@@ -133,21 +132,15 @@ void HelpWindow::openFirstPage() {
         browser->setFocus();
     }
     openPage(book_.pages().front().file);
-    setAbove(true);
+    SetTopMost(*this, true);
     show();
     raise();
     activateWindow();
 }
 
-/// The flag of the window itself: it changes without taking the window off the screen.
-void HelpWindow::setAbove(bool above) {
-    if (QWindow* const handle = windowHandle())
-        handle->setFlag(Qt::WindowStaysOnTopHint, above);
-}
-
 void HelpWindow::changeEvent(QEvent* event) {
     if (event->type() == QEvent::ActivationChange)
-        setAbove(isActiveWindow());
+        SetTopMost(*this, isActiveWindow());
     ToolFrame::changeEvent(event);
 }
 

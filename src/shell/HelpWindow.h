@@ -54,7 +54,6 @@ protected:
 
 private:
     void makeKeys();
-    void setAbove(bool above);
     void fillContents();
     void fillHits();
     void markCurrent(const QString& file);

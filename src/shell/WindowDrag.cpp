@@ -24,13 +24,15 @@ void SetTopMost(QWidget& window, bool topmost) {
     if (isTopMost(window) == topmost) {
         return;
     }
-    // Changing the flag takes the window off the screen; it comes back where it was.
-    const bool shown = !window.isHidden();
-    const QPoint place = window.pos();
-    window.setWindowFlag(Qt::WindowStaysOnTopHint, topmost);
-    window.move(place);
-    if (shown) {
-        window.show();
+    // By way of the widget the window would be made anew: it would blink, and lose the keyboard.
+    Qt::WindowFlags flags = window.windowFlags();
+    flags.setFlag(Qt::WindowStaysOnTopHint, topmost);
+    window.overrideWindowFlags(flags);
+    if (QWindow* const handle = window.windowHandle()) {
+        handle->setFlag(Qt::WindowStaysOnTopHint, topmost);
+    }
+    if (topmost && window.isVisible()) {
+        window.raise();
     }
 }
 

@@ -10,8 +10,8 @@ class QWidget;
 
 namespace velorin {
 
-/// Puts a window above all others, or among them again. It keeps its place and its size, and does
-/// not take the focus.
+/// Puts a window above all others, or among them again. It stays on the screen with its place and
+/// its size, and neither takes the focus nor loses it.
 void SetTopMost(QWidget& window, bool topmost);
 [[nodiscard]] bool isTopMost(const QWidget& window);
 

@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QMouseEvent>
 #include <QWidget>
+#include <QWindow>
 
 namespace velorin {
 namespace {
@@ -89,6 +90,21 @@ TEST(WindowDrag, TopMostComesAndGoesAndKeepsThePlace) {
     SetTopMost(window, false);
     EXPECT_FALSE(isTopMost(window));
     EXPECT_EQ(window.pos(), QPoint(40, 50));
+}
+
+TEST(WindowDrag, TopMostChangesWhileTheWindowIsShownAndHasTheKeyboard) {
+    QWidget window;
+    window.show();
+    window.activateWindow();
+    QCoreApplication::processEvents();
+    const WId number = window.winId();
+    for (const bool topmost : {true, false}) {
+        SetTopMost(window, topmost);
+        EXPECT_EQ(window.windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint), topmost);
+        EXPECT_EQ(window.winId(), number);
+        EXPECT_TRUE(window.isVisible());
+        EXPECT_TRUE(window.isActiveWindow());
+    }
 }
 
 TEST(WindowDrag, TheRegionLeavesOutTheCornersOnly) {
