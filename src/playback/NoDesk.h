@@ -29,7 +29,7 @@ struct NoDesk : PlaybackDesk {
     void enableTableaux(bool) override {}
     void enableWizard(bool) override {}
     void enableToolbars() override {}
-    void showProgress(float, const std::string*) override {}
+    void showProgress(double, const std::string*) override {}
     void endProgress() override {}
     void Recordcontrol() override {}
     std::string Instxt() override { return {}; }

@@ -68,8 +68,8 @@ void Sequencer::showProgress() {
     const int last = studio_.score.LastColumn;
     if (run.ProgressCount < std::numeric_limits<std::int32_t>::max())
         ++run.ProgressCount;
-    const float share = last == 0 ? 0.0F : playedShare(run.ProgressCount, last);
-    const bool counts = std::floor(share) <= 1.0F;
+    const double share = last == 0 ? 0.0 : static_cast<double>(run.ProgressCount) / last;
+    const bool counts = std::floor(share) <= 1.0;
     const std::string caption = counts ? percentCaption(share) : std::string();
     desk_.showProgress(share, counts ? &caption : nullptr);
 }

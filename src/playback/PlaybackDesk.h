@@ -24,7 +24,7 @@ public:
 
     /// The `L2` bar of `Record` as a share of its track, [0, 1] and above, and its caption, if
     /// there is a new one.
-    virtual void showProgress(float ratio, const std::string* caption) = 0;
+    virtual void showProgress(double ratio, const std::string* caption) = 0;
     virtual void endProgress() = 0;   ///< the bar back to a width of 1, no caption
     virtual void Recordcontrol() = 0; ///< ends the recording that the song was played for
 

@@ -19,8 +19,8 @@ std::string fixed(double number, int places) {
 
 } // namespace
 
-std::string percentCaption(float share) {
-    const double percent = platform::roundHalfEven(static_cast<double>(share) * 100.0);
+std::string percentCaption(double share) {
+    const double percent = platform::roundHalfEven(share * 100.0);
     std::string caption;
     if (percent != 0.0)
         caption = fixed(percent, 0);

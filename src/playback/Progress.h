@@ -6,13 +6,14 @@
 
 namespace velorin {
 
-/// The share in single precision; no number at all where `length` is 0.
-[[nodiscard]] inline float playedShare(double position, double length) {
-    return static_cast<float>(position / length);
+/// The share of a WAV or MID file, cut to single precision; no number at all where `length` is 0.
+[[nodiscard]] inline double playedShare(double position, double length) {
+    return static_cast<double>(static_cast<float>(position / length));
 }
 
-/// "42 %"; halves go to even, and a share of nothing has no digits: " %".
-[[nodiscard]] std::string percentCaption(float share);
+/// "42 %", computed in double precision; halves go to even, and a share of nothing has no digits: "
+/// %".
+[[nodiscard]] std::string percentCaption(double share);
 
 /// At least two digits: "07".
 [[nodiscard]] std::string twoDigits(std::int64_t number);

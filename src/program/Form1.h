@@ -111,7 +111,7 @@ public:
     void enableTableaux(bool enabled) override;
     void enableWizard(bool enabled) override;
     void enableToolbars() override;
-    void showProgress(float ratio, const std::string* caption) override;
+    void showProgress(double ratio, const std::string* caption) override;
     void endProgress() override;
     void Recordcontrol() override;
     std::string Instxt() override;

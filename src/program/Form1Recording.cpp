@@ -8,7 +8,7 @@
 
 namespace velorin {
 
-void Form1::showProgress(float ratio, const std::string* caption) {
+void Form1::showProgress(double ratio, const std::string* caption) {
     if (recording != nullptr)
         recording->showProgress(ratio, caption);
 }

@@ -155,20 +155,20 @@ void FilePlayer::pollWav() {
 
 void FilePlayer::Soundstatus() {
     studio_.run.SoundFinished = flagClear;
-    float share = 0.0F;
+    double share = 0.0;
     const double length = ask("status sound length");
     if (length != 0.0) {
         share = playedShare(ask("status sound position"), length);
         desk_.setCaption(RecordCaption::Status, percentCaption(share));
         desk_.setL2Share(share);
     }
-    if (share >= 1.0F) {
+    if (share >= 1.0) {
         studio_.run.SoundFinished = flagSet;
         desk_.emptyL2();
         desk_.setCaption(RecordCaption::Status, "");
         send("stop sound");
         send("close sound");
-    } else if (share < 0.0F) {
+    } else if (share < 0.0) {
         desk_.setCaption(RecordCaption::Status, "");
     }
 }
@@ -224,18 +224,18 @@ void FilePlayer::midipos() {
     const double length = ask("status midi length");
     if (length == 0.0)
         return;
-    const float share = playedShare(ask("status midi position"), length);
+    const double share = playedShare(ask("status midi position"), length);
     desk_.setCaption(RecordCaption::Status, percentCaption(share));
     desk_.setL2Share(share);
     studio_.platform.loop.Yield();
     if (studio_.platform.loop.isEnding())
         return;
-    if (share >= 1.0F) {
+    if (share >= 1.0) {
         studio_.run.RecordingFlag = flagClear;
         studio_.run.SoundFinished = flagSet;
         clearProgress();
         commands_.Command32_Click();
-    } else if (share < 0.0F) {
+    } else if (share < 0.0) {
         desk_.setCaption(RecordCaption::Status, "");
     }
 }

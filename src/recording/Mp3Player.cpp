@@ -101,7 +101,7 @@ void Mp3Player::UpdateMp3Position() {
 
 // What would be divided by 0 keeps what it showed.
 void Mp3Player::showPosition() {
-    const float share = length_ == 0 ? 0.0F : playedShare(position_, length_);
+    const double share = length_ == 0 ? 0.0 : static_cast<double>(position_) / length_;
     if (length_ != 0)
         desk_.setCaption(RecordCaption::Status, percentCaption(share));
     if (framesPerSecond_.value_or(0) != 0)

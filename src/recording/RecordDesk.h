@@ -47,7 +47,7 @@ public:
     virtual void showPicture5(bool shown) = 0;
 
     /// The bar's width is its track's width times `share`; a share below 0 leaves the bar.
-    virtual void setL2Share(float share) = 0;
+    virtual void setL2Share(double share) = 0;
     virtual void emptyL2() = 0; ///< a width of 1
 
     /// Starts the five seconds, unless they run.

@@ -140,8 +140,8 @@ void RecordingToolbar::showPicture5(bool shown) {
     form().Picture5->setVisible(shown);
 }
 
-void RecordingToolbar::setL2Share(float share) {
-    const double width = platform::roundHalfEven(static_cast<double>(share) * form().P2->width());
+void RecordingToolbar::setL2Share(double share) {
+    const double width = platform::roundHalfEven(share * form().P2->width());
     if (width >= 0.0)
         form().L2->setBarWidth(static_cast<int>(std::min(width, widestBar)));
 }
@@ -177,7 +177,7 @@ std::int32_t RecordingToolbar::picMP3Handle() {
     return static_cast<std::int32_t>(reinterpret_cast<std::uintptr_t>(form().picMP3) & 0x7FFFFFFF);
 }
 
-void RecordingToolbar::showProgress(float share, const std::string* caption) {
+void RecordingToolbar::showProgress(double share, const std::string* caption) {
     setL2Share(share);
     if (caption != nullptr)
         setCaption(RecordCaption::Status, *caption);

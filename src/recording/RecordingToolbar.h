@@ -52,7 +52,7 @@ public:
     void enablePanel(RecordPanel panel, bool enabled) override;
     void showRec(RecordPicture picture) override;
     void showPicture5(bool shown) override;
-    void setL2Share(float share) override;
+    void setL2Share(double share) override;
     void emptyL2() override;
     void enableTimer10() override;
     void disableTimer10() override;
@@ -60,7 +60,7 @@ public:
     std::int32_t picMP3Handle() override;
 
     // RecordingLink
-    void showProgress(float share, const std::string* caption) override;
+    void showProgress(double share, const std::string* caption) override;
     void endProgress() override;
     void Recordcontrol() override;
 

@@ -11,7 +11,7 @@ public:
     virtual ~RecordingLink() = default;
 
     /// The bar as a share of its track, and a caption, if there is a new one.
-    virtual void showProgress(float share, const std::string* caption) = 0;
+    virtual void showProgress(double share, const std::string* caption) = 0;
     virtual void endProgress() = 0;   ///< the bar back to a width of 1, no caption
     virtual void Recordcontrol() = 0; ///< ends the recording that the song was played for
 };

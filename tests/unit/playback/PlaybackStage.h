@@ -54,7 +54,7 @@ public:
     }
     void enableWizard(bool enabled) override { note(enabled ? "enable Wiz" : "disable Wiz"); }
     void enableToolbars() override { note("enable toolbars"); }
-    void showProgress(float ratio, const std::string* caption) override {
+    void showProgress(double ratio, const std::string* caption) override {
         note("progress " + std::to_string(ratio) + (caption ? " \"" + *caption + "\"" : ""));
     }
     void endProgress() override { note("end progress"); }

@@ -7,17 +7,23 @@ namespace velorin {
 namespace {
 
 TEST(ProgressCaption, IsAPercentageWithoutADigitForNothing) {
-    EXPECT_EQ(percentCaption(0.0F), " %");
-    EXPECT_EQ(percentCaption(0.42F), "42 %");
-    EXPECT_EQ(percentCaption(1.0F), "100 %");
-    EXPECT_EQ(percentCaption(12.0F), "1200 %");
-    EXPECT_EQ(percentCaption(-0.5F), "-50 %");
+    EXPECT_EQ(percentCaption(0.0), " %");
+    EXPECT_EQ(percentCaption(0.42), "42 %");
+    EXPECT_EQ(percentCaption(1.0), "100 %");
+    EXPECT_EQ(percentCaption(12.0), "1200 %");
+    EXPECT_EQ(percentCaption(-0.5), "-50 %");
 }
 
 TEST(ProgressCaption, RoundsHalvesToEven) {
-    EXPECT_EQ(percentCaption(0.125F), "12 %");
-    EXPECT_EQ(percentCaption(0.375F), "38 %");
-    EXPECT_EQ(percentCaption(0.005F), " %"); // single precision: a little below a half
+    EXPECT_EQ(percentCaption(0.125), "12 %");
+    EXPECT_EQ(percentCaption(0.375), "38 %");
+    EXPECT_EQ(percentCaption(0.005), " %");
+}
+
+// In single precision 0.025 lies a little above a half.
+TEST(ProgressCaption, OfAShareInSinglePrecisionIsThatOfItsExactValue) {
+    EXPECT_EQ(percentCaption(0.025), "2 %");
+    EXPECT_EQ(percentCaption(playedShare(25, 1000)), "3 %");
 }
 
 TEST(ProgressCaption, OfAnEncodingHasTwoDigitsOnEachSide) {

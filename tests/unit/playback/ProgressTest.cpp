@@ -38,13 +38,12 @@ TEST_F(Progress, OfHalfAPercentGoesToTheEvenNumber) {
     EXPECT_EQ(lines[2], "progress 0.375000 \"38 %\"");
 }
 
-// 29 of 200 are 14.5 %, and the share in single precision lies below it.
-TEST_F(Progress, IsRoundedFromTheShareInSinglePrecision) {
-    studio.run.ProgressCount = 28;
-    studio.score.NoteArray.write(0, 199, 60);
+// 1 of 40 is 2.5 %; in single precision the share would lie above it.
+TEST_F(Progress, IsRoundedFromTheShareInDoublePrecision) {
+    studio.score.NoteArray.write(0, 39, 60);
     at(0.15, [this] { sequencer.PlayAndStop_Click(1); });
     play();
-    EXPECT_EQ(shown()[0], "progress 0.145000 \"14 %\"");
+    EXPECT_EQ(shown()[0], "progress 0.025000 \"2 %\"");
 }
 
 TEST_F(Progress, OfNothingHasNoDigits) {

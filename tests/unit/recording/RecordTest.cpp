@@ -107,12 +107,12 @@ TEST_F(RecordWindow, ShowsItsImagePressedWhileItIsHeld) {
 
 TEST_F(RecordWindow, MovesTheBarInItsTrack) {
     const std::string caption = "50 %";
-    toolbar.showProgress(0.5F, &caption);
+    toolbar.showProgress(0.5, &caption);
     EXPECT_EQ(toolbar.form().L2->width(), 150);
     EXPECT_EQ(toolbar.caption(RecordCaption::Status), "50 %");
-    toolbar.showProgress(2.0F, nullptr);
+    toolbar.showProgress(2.0, nullptr);
     EXPECT_EQ(toolbar.form().L2->width(), 600);
-    toolbar.setL2Share(-1.0F);
+    toolbar.setL2Share(-1.0);
     EXPECT_EQ(toolbar.form().L2->width(), 600);
     toolbar.endProgress();
     EXPECT_EQ(toolbar.form().L2->width(), 1);

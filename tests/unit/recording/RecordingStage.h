@@ -69,7 +69,7 @@ struct PlainRecordDesk final : RecordDesk {
     void enablePanel(RecordPanel panel, bool enabled) override { panels[panel] = enabled; }
     void showRec(RecordPicture picture) override { rec = picture; }
     void showPicture5(bool shown) override { picture5 = shown; }
-    void setL2Share(float share) override { barWidth = 300.0 * static_cast<double>(share); }
+    void setL2Share(double share) override { barWidth = 300.0 * share; }
     void emptyL2() override { barWidth = 1.0; }
     void enableTimer10() override { timer10 = true; }
     void disableTimer10() override { timer10 = false; }
