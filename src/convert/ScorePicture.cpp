@@ -17,7 +17,6 @@ namespace {
 
 constexpr int cellPx = 12;
 constexpr int marginLines = 2;
-constexpr int lastPitch = 127;
 
 struct PitchRange {
     int highest = 60; ///< as indices, so the highest sound has the lowest number

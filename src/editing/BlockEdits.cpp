@@ -57,7 +57,7 @@ void BlockEdits::copyIt() {
     if (studio_.score.SelectStart < 0)
         return;
     CopySelectedArea();
-    dropSelection();
+    studio_.score.dropSelection();
     redraw();
 }
 
@@ -68,7 +68,7 @@ void BlockEdits::CutBut_Click() {
     CopySelectedArea();
     const int width = clip.ClipLength + 1;
     forOpenRows(studio_.setup, [&](int row) { closeGap(row, width); });
-    dropSelection();
+    studio_.score.dropSelection();
     redraw();
 }
 
@@ -122,11 +122,6 @@ void BlockEdits::InsertColumns(std::int16_t n) {
         blank(score, row, score.StartColumn, end - 1);
         startIfHeld(score.NoteArray, row, end);
     });
-}
-
-void BlockEdits::dropSelection() {
-    studio_.score.SelectStart = -1;
-    studio_.score.SelectEnd = -1;
 }
 
 void BlockEdits::redraw() {

@@ -33,7 +33,6 @@ public:
 private:
     void closeGap(int row, int width);
     void redraw();
-    void dropSelection();
 
     Studio& studio_;
     ScoreDesk& scoreDesk_;

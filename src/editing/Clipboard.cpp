@@ -41,10 +41,4 @@ void Clipboard::giveMark(Score& score, int row, int column, int clipColumn) cons
     copyCell(ClipPoly, row, clipColumn, score.PolyArray, column);
 }
 
-void startIfHeld(NoteGrid& notes, int row, int column) {
-    const auto cell = notes.read(row, column);
-    if (cell && isHeld(*cell))
-        notes.write(row, column, static_cast<std::int16_t>(*cell - heldOffset));
-}
-
 } // namespace velorin

@@ -31,7 +31,4 @@ struct Clipboard {
     void giveMark(Score& score, int row, int column, int clipColumn) const;
 };
 
-/// A held cell becomes a start: the rest of a note whose head is gone goes on as a note of its own.
-void startIfHeld(NoteGrid& notes, int row, int column);
-
 } // namespace velorin

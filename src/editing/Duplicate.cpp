@@ -42,7 +42,7 @@ void Duplicate::CopyNotes(int firstRow, int lastRow) {
     score.SelectEnd = std::max(numberIn(desk_.Text5()), shortestPatternEnd);
     edits_.clip.ClipLength = static_cast<std::int16_t>(score.SelectEnd - score.SelectStart);
     takePattern(firstRow, lastRow);
-    dropSelection();
+    studio_.score.dropSelection();
 
     const bool repeats = layCopies(firstRow, lastRow);
     redraw();
@@ -65,7 +65,7 @@ void Duplicate::Command6_Click() {
         }
     });
     clip.startAtLeftEdge(0, scoreRows - 1);
-    dropSelection();
+    studio_.score.dropSelection();
     commands_.Command4_Click();
     edits_.PasteBut_Click();
     redraw();
@@ -117,11 +117,6 @@ void Duplicate::layCopy(int firstRow, int lastRow) {
 
 void Duplicate::hintAtRepeat() {
     desk_.showHint("Repeat starts at 1: with 0 there is nothing to lay a second copy at.");
-}
-
-void Duplicate::dropSelection() {
-    studio_.score.SelectStart = -1;
-    studio_.score.SelectEnd = -1;
 }
 
 void Duplicate::redraw() {

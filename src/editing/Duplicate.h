@@ -28,7 +28,6 @@ private:
     void layCopy(int firstRow, int lastRow);
     void takePattern(int firstRow, int lastRow);
     void hintAtRepeat();
-    void dropSelection();
     void redraw();
 
     Studio& studio_;

@@ -18,8 +18,6 @@ namespace {
 constexpr ToolFrame::Face face{"Form2", "Editing Toolbar", "main-10-editing.svg", QSize(692, 122)};
 constexpr const char* settingsSection = "Settings";
 constexpr int firstSelectButton = 12; ///< this button and those behind it are dead in draw mode
-constexpr int drawMode = 0;           ///< of the tableaux
-constexpr int selectMode = 2;
 
 std::string textOf(const QLineEdit& box) {
     return box.text().toStdString();
@@ -110,7 +108,7 @@ void Form2::placeWindow() {
 }
 
 void Form2::Form_QueryUnload() {
-    commands_.FunctionBut_Click(drawMode);
+    commands_.FunctionBut_Click(editMode::draw);
 }
 
 void Form2::Form_Unload() {
@@ -191,7 +189,7 @@ void Form2::duplicate() {
 void Form2::toggleMode() {
     EditToolbarMode = EditToolbarMode == 1 ? 0 : 1;
     showMode();
-    commands_.FunctionBut_Click(EditToolbarMode == 1 ? drawMode : selectMode);
+    commands_.FunctionBut_Click(EditToolbarMode == 1 ? editMode::draw : editMode::select);
 }
 
 void Form2::showMode() {

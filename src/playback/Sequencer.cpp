@@ -257,8 +257,7 @@ void Sequencer::finish(Pass pass) {
 // A song that has run out takes the selection and the marker with it; a block keeps them.
 void Sequencer::clearMarks() {
     Score& score = studio_.score;
-    score.SelectStart = -1;
-    score.SelectEnd = -1;
+    score.dropSelection();
     score.StartColumn = 0;
     studio_.run.PlayBlockStart = 0;
     studio_.run.PlayBlockEnd = 0;

@@ -31,7 +31,7 @@ void Form1::closeEvent(QCloseEvent* event) {
 void Form1::mousePressEvent(QMouseEvent* event) {
     if (childAt(event->position().toPoint()) != nullptr)
         return;
-    if (event->button() == Qt::RightButton && studio_.run.RightClickMode == 1)
+    if (event->button() == Qt::RightButton && studio_.run.RightClickMode == rightClick::menu)
         popupCommand1();
     else
         drag_->DragWindow(event->buttons(), event->globalPosition().toPoint());

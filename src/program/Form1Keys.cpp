@@ -65,10 +65,9 @@ void Form1::pressEditKey(const Key& key) {
 
 /// The menus of the right mouse button.
 void Form1::openMenuByKey(const Key&) {
-    constexpr int selectMode = 2;
     if (studio_.run.LoadingMain != flagClear)
         return;
-    if (studio_.run.EditMode == selectMode)
+    if (studio_.run.EditMode == editMode::select)
         popupCommand2();
     else
         popupCommand1();

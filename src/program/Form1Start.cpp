@@ -132,8 +132,7 @@ void Form1::setStartView() {
     view.ColumnScrollBias = 20;
     view.RowScrollBias = 6;
     view.TopPitch = 55;
-    studio_.score.SelectStart = -1;
-    studio_.score.SelectEnd = -1;
+    studio_.score.dropSelection();
     studio_.score.Tempo = 100;
     studio_.score.CurrentRow = 0;
     view.ChannelColor = channelColors;

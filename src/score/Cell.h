@@ -35,6 +35,9 @@ constexpr int pitchOf(int cell) {
     return cell % heldOffset;
 }
 
+/// The pitch index of the bottom line.
+constexpr int lastPitch = 127;
+
 /// The held cell of a pitch index.
 constexpr std::int16_t heldCell(int pitch) {
     return static_cast<std::int16_t>(heldOffset + pitch);
@@ -42,7 +45,7 @@ constexpr std::int16_t heldCell(int pitch) {
 
 /// The MIDI key of a pitch index: the tableau counts down from key 127, the device counts up.
 constexpr int PitchToKey(int pitch) {
-    return 127 - pitch;
+    return lastPitch - pitch;
 }
 
 // Instruments: 0..127 are General MIDI programs (0-based), 128..174 the sounds of the General MIDI
@@ -71,6 +74,7 @@ constexpr int lastGridColumn = 1000;
 constexpr int lastShownColumn = 999; ///< the grid has column 1000, no view reaches it
 
 constexpr int firstPercussionRow = 8;
+constexpr int rowWithoutVolume = 9; ///< has no volume box, and no place among the others
 constexpr bool isMusicRow(int row) {
     return row < firstPercussionRow;
 }

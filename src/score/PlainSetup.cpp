@@ -17,7 +17,7 @@ bool isChordRow(int r) {
     return r >= 0 && isMusicRow(r);
 }
 bool hasVolumeBox(int r) {
-    return isRow(r) && r != 9;
+    return isRow(r) && r != rowWithoutVolume;
 }
 
 } // namespace

@@ -8,6 +8,20 @@
 
 namespace velorin {
 
+/// What the left button does on a tableau, `EditMode`.
+namespace editMode {
+constexpr int draw = 0;
+constexpr int marker = 1;
+constexpr int select = 2;
+} // namespace editMode
+
+/// What the right button does while `EditMode` draws, `RightClickMode`.
+namespace rightClick {
+constexpr int erase = 0;
+constexpr int menu = 1;
+constexpr int polynotes = 2;
+} // namespace rightClick
+
 struct Run {
     Flag IsPlaying = flagClear; ///< the song runs; clearing it ends the loop at the next column
     Flag PauseFlag = flagClear; ///< asked to pause; also read at the next start
@@ -32,11 +46,11 @@ struct Run {
     Flag WizOpen = flagClear;
     Flag LoadingMain = flagClear; ///< the start-up is not over: the toolbar buttons do nothing
 
-    std::int16_t EditMode = 0; ///< left button on a tableau: 0 draws, 1 sets the marker, 2 selects
-    std::int16_t RightClickMode = 0; ///< right button: 0 erases, 1 opens a menu, 2 sets polynotes
-    std::string SongsFolder;         ///< full path of the default place for scores
-    std::string WavFileName;         ///< the file in hand: the WAV recorded, or the file chosen
-    std::string MixerPath;           ///< the system's sound mixer
+    std::int16_t EditMode = editMode::draw;
+    std::int16_t RightClickMode = rightClick::erase;
+    std::string SongsFolder; ///< full path of the default place for scores
+    std::string WavFileName; ///< the file in hand: the WAV recorded, or the file chosen
+    std::string MixerPath;   ///< the system's sound mixer
 };
 
 } // namespace velorin

@@ -21,6 +21,11 @@ void Score::ClearPolies() {
     }
 }
 
+void Score::dropSelection() {
+    SelectStart = -1;
+    SelectEnd = -1;
+}
+
 // The comparison is with `LastColumn` before it is raised, so a row whose last cell lies exactly on
 // the end found so far does not lengthen the song, and a score with notes in column 0 alone has the
 // end 0.
@@ -35,6 +40,12 @@ void Score::FindLastColumn(RowOptions& rows) {
         if (column > LastColumn)
             LastColumn = static_cast<std::int16_t>(column + 1);
     }
+}
+
+void startIfHeld(NoteGrid& notes, int row, int column) {
+    const auto cell = notes.read(row, column);
+    if (cell && isHeld(*cell))
+        notes.write(row, column, static_cast<std::int16_t>(*cell - heldOffset));
 }
 
 } // namespace velorin

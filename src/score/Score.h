@@ -13,7 +13,7 @@ namespace velorin {
 class RowOptions;
 
 using NoteGrid = Grid<scoreRows, scoreColumns>;
-using PolyGrid = Grid<9, scoreColumns>;
+using PolyGrid = Grid<musicRows + 1, scoreColumns>;
 
 /// Exists once, for the whole run. Whoever changes cells calls the drawing itself; there is no
 /// notification.
@@ -45,8 +45,14 @@ struct Score {
     /// Every chord mark (1..8, 0..1000) to 0.
     void ClearPolies();
 
+    void dropSelection(); ///< no column is selected; the marker stays
+
     /// Sets `LastColumn` over the rows that are not hidden; see the source for its two edges.
     void FindLastColumn(RowOptions& rows);
 };
+
+/// A held cell becomes a start: the rest of a note whose head is gone goes on as a note of its own.
+/// Any other cell stays, and a place outside the grid is skipped.
+void startIfHeld(NoteGrid& notes, int row, int column);
 
 } // namespace velorin

@@ -10,6 +10,8 @@ namespace velorin {
 namespace {
 
 constexpr int startTempo = 100;
+constexpr const char* fullVolume = "127";
+constexpr int activeBeatboxHeightPx = 48; ///< four lines of beats
 
 /// Selecting an option that is set already would run no handler; the clear commands need it run,
 /// and run once.
@@ -22,12 +24,11 @@ void selectRow(SetupControls& setup, int row) {
 
 void resetVolumes(SetupControls& setup) {
     for (int row = 0; row < scoreRows; ++row)
-        setup.setVol(row, "127");
+        setup.setVol(row, fullVolume);
 }
 
-void clearSelection(Score& score) {
-    score.SelectStart = -1;
-    score.SelectEnd = -1;
+void clearMarks(Score& score) {
+    score.dropSelection();
     score.StartColumn = 0;
 }
 
@@ -49,7 +50,7 @@ void scrollToStart(Studio& studio, ScoreDesk& desk) {
 void ScoreCommands::Command4_Click() {
     Score& score = studio_.score;
     score.CurrentFileName.clear();
-    clearSelection(score);
+    clearMarks(score);
     score.ClearNoteArrays();
 
     if (studio_.run.Form3Open != flagClear) {
@@ -58,7 +59,7 @@ void ScoreCommands::Command4_Click() {
         for (int row = 0; row < scoreRows; ++row) {
             setup.setCh(row, false);
             setup.setChkstrum(row, false);
-            setup.setVol(row, "127");
+            setup.setVol(row, fullVolume);
         }
         setup.showFirstTab();
         setup.setTempoBar(startTempo);
@@ -75,9 +76,9 @@ void ScoreCommands::Command4_Click() {
 
 // It leaves the tempo and the chord boxes alone, unlike the clear above.
 void ScoreCommands::CmdBeatactivate() {
-    desk_.setBeatboxHeight(48);
+    desk_.setBeatboxHeight(activeBeatboxHeightPx);
     Score& score = studio_.score;
-    clearSelection(score);
+    clearMarks(score);
     score.CurrentFileName.clear();
     score.ClearNoteArrays();
 

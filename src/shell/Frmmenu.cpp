@@ -46,9 +46,9 @@ void Frmmenu::Command4_Click() {
 
 void Frmmenu::Command5_Click() {
     load();
-    check("mnuerase", studio_.run.RightClickMode == 0);
-    check("mnuMenu", studio_.run.RightClickMode == 1);
-    check("mnuPoli", studio_.run.RightClickMode == 2);
+    check("mnuerase", studio_.run.RightClickMode == rightClick::erase);
+    check("mnuMenu", studio_.run.RightClickMode == rightClick::menu);
+    check("mnuPoli", studio_.run.RightClickMode == rightClick::polynotes);
     popup(5);
 }
 

@@ -34,7 +34,7 @@ public:
     void toggleForm3();
     void toggleBeatbox();
     void togglePoly();
-    void setRightClick(int mode); ///< 0 erases, 1 opens a menu, 2 sets polynotes
+    void setRightClick(int mode); ///< one of `rightClick`
 
 private:
     void popup(int number);

@@ -1,6 +1,7 @@
 // What each entry of the popup menus does.
 #include "shell/Menus.h"
 
+#include "score/Run.h"
 #include "shell/Frmmenu.h"
 #include "shell/MenuDesk.h"
 
@@ -43,9 +44,9 @@ constexpr std::array actions{
     NamedAction{"mnuSetupToolBar", [](Frmmenu& menu) { menu.toggleForm3(); }},
     NamedAction{"mnuPercussion", [](Frmmenu& menu) { menu.toggleBeatbox(); }},
     NamedAction{"mnuPolyphonics", [](Frmmenu& menu) { menu.togglePoly(); }},
-    NamedAction{"mnuerase", [](Frmmenu& menu) { menu.setRightClick(0); }},
-    NamedAction{"mnuMenu", [](Frmmenu& menu) { menu.setRightClick(1); }},
-    NamedAction{"mnuPoli", [](Frmmenu& menu) { menu.setRightClick(2); }},
+    NamedAction{"mnuerase", [](Frmmenu& menu) { menu.setRightClick(rightClick::erase); }},
+    NamedAction{"mnuMenu", [](Frmmenu& menu) { menu.setRightClick(rightClick::menu); }},
+    NamedAction{"mnuPoli", [](Frmmenu& menu) { menu.setRightClick(rightClick::polynotes); }},
 };
 
 } // namespace

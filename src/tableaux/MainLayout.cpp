@@ -19,7 +19,6 @@ namespace {
 constexpr int cell = 12;
 constexpr int frameLeft = 26;
 constexpr int frameTop = 25;
-constexpr int lastPitch = 127;
 
 /// A move with a negative size is refused whole.
 void place(QWidget& widget, int x, int y, int widthPx, int heightPx) {

@@ -117,10 +117,7 @@ bool writeHeldCells(Studio& studio) {
 void repairBehindNote(Studio& studio) {
     Score& score = studio.score;
     const int column = scoreColumn(studio, studio.drag.MouseColumn) + 1;
-    const auto cell = score.NoteArray.read(score.CurrentRow, column);
-    if (cell && isHeld(*cell))
-        score.NoteArray.write(score.CurrentRow, column,
-                              static_cast<std::int16_t>(*cell - heldOffset));
+    startIfHeld(score.NoteArray, score.CurrentRow, column);
 }
 
 void walkToHead(Studio& studio, const std::function<void()>& passed) {

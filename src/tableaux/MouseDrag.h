@@ -16,20 +16,6 @@ struct Studio;
 
 constexpr int cellPx = 12; ///< a column is as wide as a line is high
 
-/// What the left button does, `EditMode`.
-namespace editMode {
-constexpr int draw = 0;
-constexpr int marker = 1;
-constexpr int select = 2;
-} // namespace editMode
-
-/// What the right button does while `EditMode` draws, `RightClickMode`.
-namespace rightClick {
-constexpr int erase = 0;
-constexpr int menu = 1;
-constexpr int polynotes = 2;
-} // namespace rightClick
-
 /// The screen column or line of a place in pixels: rounded to a whole pixel, halves to even, then
 /// divided by 12 towards zero, so that -11..11 is 0. No value outside 16 bits.
 [[nodiscard]] std::optional<std::int16_t> pixelToCell(double pixel);

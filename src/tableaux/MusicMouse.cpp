@@ -17,11 +17,6 @@ namespace {
 
 constexpr Colour selectionBlue = rgb(0, 0, 255);
 
-void clearSelection(Score& score) {
-    score.SelectStart = -1;
-    score.SelectEnd = -1;
-}
-
 } // namespace
 
 // Press.
@@ -63,7 +58,7 @@ void MusicMouse::selectMusicGroup() {
 }
 
 void MusicMouse::pressInDrawMode(int button) {
-    clearSelection(studio_.score);
+    studio_.score.dropSelection();
     studio_.score.StartColumn = 0;
     pressToDraw(
         studio_, desk_, button, [this] { beginNote(); }, [this] { eraseOrMark(); });
@@ -127,7 +122,7 @@ void MusicMouse::pressInSelectMode(int button) {
         beginSelection();
     } else if (button == rightButton) {
         desk_.popupCommand2();
-        clearSelection(score);
+        score.dropSelection();
         score.StartColumn = 0;
         tableau_.DrawNoteArray();
     }
@@ -225,7 +220,7 @@ void MusicMouse::MusicBox_MouseUp(int button, int /*shift*/, double x, double /*
 }
 
 void MusicMouse::releaseInDrawMode(int button, double x) {
-    clearSelection(studio_.score);
+    studio_.score.dropSelection();
     studio_.score.StartColumn = 0;
     store(studio_.drag.MouseColumn, pixelToCell(x));
     if (button == rightButton)

@@ -102,8 +102,7 @@ void PercussionTableau::pressInSelectMode(int button) {
         if (column && (*column < score.SelectStart || score.SelectStart == -1))
             score.SelectStart = *column;
     } else if (button == rightButton) {
-        score.SelectStart = -1;
-        score.SelectEnd = -1;
+        score.dropSelection();
         DrawBeatArray();
     }
 }
