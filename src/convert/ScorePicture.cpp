@@ -3,6 +3,7 @@
 
 #include "score/SetupControls.h"
 #include "score/Studio.h"
+#include "tableaux/CellGrid.h"
 #include "tableaux/MusicTableau.h"
 #include "tableaux/NoteTables.h"
 #include "tableaux/Picture.h"
@@ -15,7 +16,6 @@ namespace velorin {
 
 namespace {
 
-constexpr int cellPx = 12;
 constexpr int marginLines = 2;
 
 struct PitchRange {

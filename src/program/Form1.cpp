@@ -4,13 +4,11 @@
 #include "controls/DescribedControls.h"
 #include "platform/Text.h"
 #include "program/Program.h"
-#include "resources/InstrumentNames.h"
 #include "score/Studio.h"
 #include "shell/WindowKeys.h"
 
 #include <QIcon>
 #include <QPainter>
-#include <QSignalBlocker>
 
 namespace velorin {
 
@@ -135,9 +133,7 @@ void Form1::makeHiddenControls() {
     for (int row = 0; row < scoreRows; ++row) {
         auto* option = hidden(new QRadioButton(this), element("TrackSel", row));
         const Colour colour = channelColors[static_cast<std::size_t>(row)];
-        option->setProperty("backColor", QColor(static_cast<int>(colour & 0xFF),
-                                                static_cast<int>((colour >> 8) & 0xFF),
-                                                static_cast<int>((colour >> 16) & 0xFF)));
+        option->setProperty("backColor", toQColor(colour));
         TrackSel[static_cast<std::size_t>(row)] = option;
     }
     TrackSel[0]->setChecked(true);
@@ -204,7 +200,6 @@ void Form1::connectTableaux() {
     program_.focus.onGot(area->MusicBox, [this] { musicMouse.MusicBox_GotFocus(); });
     program_.focus.onGot(area->Beatbox, [this] { percussion.Beatbox_GotFocus(); });
     program_.focus.onLost(area->Beatbox, [this] { percussion.Beatbox_LostFocus(); });
-    area->MusicBox->onRescaled = [this] { Form_Resize(); };
 }
 
 void Form1::connectHandles() {

@@ -61,7 +61,9 @@ public:
     explicit Form1(Program& program);
     ~Form1() override;
 
-    /// The start of the main window, after its controls are made: steps 1 to 21 of the start.
+    /// Reads the settings, fills the lists, opens the sound and shows the window, in the one order
+    /// of the start; the controls are made by then. Yields, so the program may have ended on
+    /// return.
     void Form_Load();
     /// Last sounds off, settings saved, sample files removed.
     void Form_Unload();

@@ -4,6 +4,7 @@
 #include "program/Form1.h"
 #include "program/Program.h"
 #include "score/Studio.h"
+#include "tableaux/CellGrid.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -39,7 +40,7 @@ void Form1::Cmd2_Click(int index) {
         return;
     switch (index) {
     case 1:
-        setBeatboxHeight(12);
+        setBeatboxHeight(cellPx);
         commands.Command4_Click();
         commands.Comm2_Click();
         DrawPolyTableau();

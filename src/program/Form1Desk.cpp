@@ -2,7 +2,6 @@
 // to whoever does it.
 #include "program/Form1.h"
 #include "program/Program.h"
-#include "resources/InstrumentNames.h"
 #include "score/Studio.h"
 
 namespace velorin {

@@ -33,7 +33,7 @@ void InkLabel::setCaption(const QString& caption) {
 void InkLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setFont(font_);
-    painter.setPen(QColor::fromRgb(toPixel(colour_)));
+    painter.setPen(toQColor(colour_));
     painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter, text());
 }
 

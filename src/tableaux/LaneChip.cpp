@@ -7,8 +7,7 @@
 
 namespace velorin {
 
-LaneChip::LaneChip(QWidget* parent, Colour colour)
-    : QWidget(parent), colour_(QColor::fromRgb(toPixel(colour))) {
+LaneChip::LaneChip(QWidget* parent, Colour colour) : QWidget(parent), colour_(toQColor(colour)) {
     setProperty("backColor", colour_);
 }
 

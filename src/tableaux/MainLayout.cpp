@@ -4,6 +4,7 @@
 #include "platform/MessageLoop.h"
 #include "platform/Text.h"
 #include "score/Studio.h"
+#include "tableaux/CellGrid.h"
 #include "tableaux/MusicTableau.h"
 #include "tableaux/PercussionTableau.h"
 #include "tableaux/Picmain.h"
@@ -16,7 +17,6 @@ namespace velorin {
 
 namespace {
 
-constexpr int cell = 12;
 constexpr int frameLeft = 26;
 constexpr int frameTop = 25;
 
@@ -113,7 +113,7 @@ void MainLayout::placeFrame(int widthPx, int heightPx) {
 
 void MainLayout::countCells(int widthPx) {
     View& view = studio_.view;
-    assign(view.VisibleColumns, (widthPx - 70) / cell - 1);
+    assign(view.VisibleColumns, (widthPx - 70) / cellPx - 1);
     // 16 where a line has 12: in a tall window fewer lines get a name and a band than fit.
     assign(view.VisibleRows, area_.height() / 16.0 + 2);
 }
@@ -124,7 +124,7 @@ void MainLayout::placeMusicBox() {
     area_.Pt1->setVisible(open);
     PictureBox& music = *area_.MusicBox;
     setHeight(music, area_.height() - 100 + (open ? 0 : area_.Pic1->height()));
-    setWidth(music, (studio_.view.VisibleColumns + 1) * cell + 1 - 35);
+    setWidth(music, (studio_.view.VisibleColumns + 1) * cellPx + 1 - 35);
 }
 
 void MainLayout::placeCompanions() {
@@ -135,8 +135,8 @@ void MainLayout::placeCompanions() {
     const double ratio = area_.MusicBox->picture.ratio();
     area_.SwapScreen.resize(music.width(), music.height(), ratio);
     area_.BlueBox.resize(music.width(), music.height(), ratio);
-    area_.GreenBox.resize(cell, music.height(), ratio);
-    area_.RedBox.resize(cell, music.height(), ratio);
+    area_.GreenBox.resize(cellPx, music.height(), ratio);
+    area_.RedBox.resize(cellPx, music.height(), ratio);
     setWidth(*area_.TopBarOverlay, music.width() - 1);
     place(*area_.Shape2, area_.Shape2->x(), area_.Shape2->y(), music.width() + 20,
           area_.Shape2->height());

@@ -15,8 +15,6 @@ namespace velorin {
 
 namespace {
 
-constexpr Colour barColour = rgb(68, 204, 255);
-
 int scoreColumn(const Studio& studio, int screenColumn) {
     return studio.view.FirstColumn + screenColumn;
 }
@@ -59,6 +57,13 @@ std::optional<TipCell> tipCell(const Studio& studio, double x) {
     if (!note)
         return std::nullopt;
     return TipCell{*note, *studio.score.InstrumentArray.read(row, *column)};
+}
+
+void beginDrag(Studio& studio, PictureBox& box, double x, double y) {
+    box.setMousePointer(pointerUpArrow);
+    studio.drag.MouseHeld = flagSet;
+    store(studio.drag.MouseColumn, pixelToCell(x));
+    store(studio.drag.MouseLine, pixelToCell(y));
 }
 
 void pressToDraw(const Studio& studio, TableauDesk& desk, int button,
@@ -143,20 +148,17 @@ void eraseHeldCells(Studio& studio, const std::function<void()>& erased) {
     }
 }
 
-void drawBarLines(Picture& picture, int firstColumn) {
-    for (int x = 0; x < picture.ScaleWidth(); x += cellPx) {
-        if ((x / cellPx + firstColumn) % 4 == 0)
-            picture.verticalLine(x, 0, picture.ScaleHeight(), barColour);
-    }
-}
-
 void drawNoteHead(Picture& picture, int column, int line, Colour colour) {
     picture.noteHead(column * cellPx, line * cellPx, colour);
 }
 
-void drawBand(Picture& picture, int column, int lastColumn, int line, Colour colour) {
-    picture.outlineBox(column * cellPx + 1, line * cellPx + 4, lastColumn * cellPx + 10,
-                       line * cellPx + 7, colour);
+void drawRubberBand(Picture& picture, const Studio& studio) {
+    const Drag& drag = studio.drag;
+    const Colour colour = studio.view.DrawColor;
+    const int top = drag.MouseLine * cellPx + 4;
+    picture.outlineBox(drag.MouseColumn * cellPx + 1, top, drag.DragColumn * cellPx + 10, top + 3,
+                       colour);
+    drawNoteHead(picture, drag.MouseColumn, drag.MouseLine, colour);
 }
 
 } // namespace velorin

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "score/RowColors.h"
+#include "tableaux/CellGrid.h"
 
 #include <cstdint>
 #include <functional>
@@ -11,10 +12,9 @@
 namespace velorin {
 
 class Picture;
+class PictureBox;
 class TableauDesk;
 struct Studio;
-
-constexpr int cellPx = 12; ///< a column is as wide as a line is high
 
 /// The screen column or line of a place in pixels: rounded to a whole pixel, halves to even, then
 /// divided by 12 towards zero, so that -11..11 is 0. No value outside 16 bits.
@@ -37,6 +37,9 @@ struct TipCell {
 };
 /// No value outside the grid.
 [[nodiscard]] std::optional<TipCell> tipCell(const Studio& studio, double x);
+
+/// A press on `box`: keeps its cell, and the drag lasts until the release.
+void beginDrag(Studio& studio, PictureBox& box, double x, double y);
 
 /// A press while `EditMode` draws: the left button begins, the right one does what `RightClickMode`
 /// says, which is the popup menu of `desk` or to erase. Any other button or mode does nothing.
@@ -72,9 +75,6 @@ void eraseCell(Studio& studio); ///< the cell at `MouseColumn` and its instrumen
 /// Erases the held cells from `MouseColumn` on and calls `erased` for each.
 void eraseHeldCells(Studio& studio, const std::function<void()>& erased);
 
-/// A line at every fourth column, as high as the picture.
-void drawBarLines(Picture& picture, int firstColumn);
-
 // The rubber band of a note, `column` and `line` counted from the edge of the screen.
 //
 //      .---.
@@ -83,7 +83,8 @@ void drawBarLines(Picture& picture, int firstColumn);
 
 /// Leaves the fill state solid in `colour`.
 void drawNoteHead(Picture& picture, int column, int line, Colour colour);
-/// The edge in `colour`, the interior by the fill state.
-void drawBand(Picture& picture, int column, int lastColumn, int line, Colour colour);
+/// The band from the press to `DragColumn` with its head, in the active row's colour. The interior
+/// of the band is by the fill state.
+void drawRubberBand(Picture& picture, const Studio& studio);
 
 } // namespace velorin

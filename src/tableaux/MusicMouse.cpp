@@ -28,10 +28,7 @@ void MusicMouse::MusicBox_MouseDown(int button, int /*shift*/, double x, double 
     }
     if (studio_.run.IsPlaying)
         return;
-    area_.MusicBox->setMousePointer(pointerUpArrow);
-    studio_.drag.MouseHeld = flagSet;
-    store(studio_.drag.MouseColumn, pixelToCell(x));
-    store(studio_.drag.MouseLine, pixelToCell(y));
+    beginDrag(studio_, *area_.MusicBox, x, y);
     switch (studio_.run.EditMode) {
     case editMode::draw:
         pressInDrawMode(button);
@@ -183,16 +180,13 @@ void MusicMouse::MusicBox_MouseMove(int button, int shift, double x, double y) {
 
 // The pen tells that the note stays on its line, whatever the pointer does.
 bool MusicMouse::dragNote(double x) {
-    Drag& drag = studio_.drag;
+    const Drag& drag = studio_.drag;
     const bool onItsLine = drag.PriorLine == drag.MouseLine;
     area_.MusicBox->setMousePointer(onItsLine ? pointerOwn : pointerUpArrow);
     if (!takeDragColumn(studio_, x))
         return false;
     tableau_.PutRow(drag.MouseLine);
-    Picture& picture = area_.MusicBox->picture;
-    const Colour colour = studio_.view.DrawColor;
-    drawBand(picture, drag.MouseColumn, drag.DragColumn, drag.MouseLine, colour);
-    drawNoteHead(picture, drag.MouseColumn, drag.MouseLine, colour);
+    drawRubberBand(area_.MusicBox->picture, studio_);
     return true;
 }
 

@@ -1,8 +1,10 @@
 // The music tableau in its window: names, bar numbers, and the pixels that are saved and put back.
 #include "tableaux/MusicTableau.h"
 
+#include "platform/Desktop.h"
 #include "platform/Text.h"
 #include "score/Studio.h"
+#include "tableaux/CellGrid.h"
 #include "tableaux/NoteTables.h"
 #include "tableaux/Picmain.h"
 
@@ -12,7 +14,6 @@ namespace velorin {
 
 namespace {
 
-constexpr int cell = 12;
 constexpr int rowStripPx = 15;    ///< higher than a cell, so that a disc and its edge are saved too
 constexpr int columnStripPx = 13; ///< wider than a cell, for the same reason
 constexpr int markerPx = 4;
@@ -21,7 +22,6 @@ constexpr Colour nameColour = rgb(255, 255, 192);
 constexpr int nameMarginPx = 3;
 constexpr int firstBarPx = 32;
 constexpr int lastHiddenBar = 12;
-constexpr double twipsPerPixel = 15.0;
 
 } // namespace
 
@@ -44,7 +44,7 @@ void MusicTableau::DrawNoteNames() {
     const bool paints = !canvas.isNull() && painter.begin(&canvas);
     if (paints) {
         painter.setFont(*nameFont_);
-        painter.setPen(QColor::fromRgb(toPixel(nameColour)));
+        painter.setPen(toQColor(nameColour));
     }
     for (int i = 0; i <= view.VisibleRows; ++i) {
         const std::optional<std::string> name = NoteName(view.TopPitch + i);
@@ -54,7 +54,7 @@ void MusicTableau::DrawNoteNames() {
         if (line < view.SharpRow.size())
             view.SharpRow[line] = name->back() == '#' ? flagSet : flagClear;
         if (paints)
-            painter.drawText(QRect(0, i * cell, names.width() - nameMarginPx, cell),
+            painter.drawText(QRect(0, i * cellPx, names.width() - nameMarginPx, cellPx),
                              Qt::AlignRight | Qt::AlignVCenter, QString::fromStdString(*name));
     }
 }
@@ -68,11 +68,11 @@ void MusicTableau::DrawBarNumbers() {
     };
     std::size_t k = 0;
     for (int column = view.FirstColumn; column <= view.LastVisibleColumn; ++column) {
-        if (column % 4 != 0)
+        if (column % columnsOfBar != 0)
             continue;
         if (InkLabel* bar = label(k)) {
             bar->setVisible(true);
-            bar->move((column - view.FirstColumn) * cell + firstBarPx, bar->y());
+            bar->move((column - view.FirstColumn) * cellPx + firstBarPx, bar->y());
             bar->setCaption(QString::number(column + 1));
             if (const InkLabel* before = k > 0 ? label(k - 1) : nullptr)
                 bar->move(bar->x(), before->y());
@@ -86,23 +86,23 @@ void MusicTableau::DrawBarNumbers() {
 
 void MusicTableau::GetRow(int line) {
     const Picture& music = area_.MusicBox->picture;
-    area_.SwapScreen.BitBlt(0, 0, music.ScaleWidth(), rowStripPx, music, 0, line * cell);
+    area_.SwapScreen.BitBlt(0, 0, music.ScaleWidth(), rowStripPx, music, 0, line * cellPx);
 }
 
 void MusicTableau::PutRow(int line) {
     Picture& music = area_.MusicBox->picture;
-    music.BitBlt(0, line * cell, music.ScaleWidth(), rowStripPx, area_.SwapScreen, 0, 0);
+    music.BitBlt(0, line * cellPx, music.ScaleWidth(), rowStripPx, area_.SwapScreen, 0, 0);
 }
 
 void MusicTableau::GetColumn(int column) {
     const Picture& music = area_.MusicBox->picture;
-    area_.SwapScreen.BitBlt(0, 0, columnStripPx, music.ScaleHeight(), music, column * cell, 0);
+    area_.SwapScreen.BitBlt(0, 0, columnStripPx, music.ScaleHeight(), music, column * cellPx, 0);
 }
 
 void MusicTableau::PutColumn(int column) {
     Picture& music = area_.MusicBox->picture;
-    music.BitBlt(column * cell, 0, columnStripPx, area_.SwapScreen.ScaleHeight(), area_.SwapScreen,
-                 0, 0);
+    music.BitBlt(column * cellPx, 0, columnStripPx, area_.SwapScreen.ScaleHeight(),
+                 area_.SwapScreen, 0, 0);
 }
 
 void MusicTableau::GetBox() {
@@ -119,7 +119,7 @@ void MusicTableau::drawPlayMarker(int offset) {
     Picture& music = area_.MusicBox->picture;
     music.fillStyle = FillStyle::solid;
     music.fillColor = markerColour;
-    music.fillBox(offset * cell, 0, offset * cell + markerPx - 1, music.ScaleHeight() - 1,
+    music.fillBox(offset * cellPx, 0, offset * cellPx + markerPx - 1, music.ScaleHeight() - 1,
                   markerColour);
     music.fillStyle = FillStyle::transparent;
 }
@@ -129,7 +129,7 @@ void MusicTableau::drawPlayMarker(int offset) {
 void MusicTableau::TopBarOverlay_MouseDown(int, int, double x, double) {
     if (studio_.run.IsPlaying != flagClear)
         return;
-    if (const auto pixels = platform::toInt16(x / twipsPerPixel))
+    if (const auto pixels = platform::toInt16(x / platform::twipsPerPixel))
         if (const auto column = platform::toInt16(*pixels / 16 + studio_.view.FirstColumn))
             studio_.score.StartColumn = *column;
     DrawNoteArray();

@@ -1,6 +1,7 @@
 // The drawing of the music tableau: bands and bar lines, the notes row by row, tint and marker.
 #include "score/SetupControls.h"
 #include "score/Studio.h"
+#include "tableaux/CellGrid.h"
 #include "tableaux/MusicTableau.h"
 #include "tableaux/Picture.h"
 
@@ -16,10 +17,8 @@ namespace {
 //    +7   (   head       )=================================
 //            . . . .
 
-constexpr int cell = 12;
 constexpr int blendAlpha = 100; ///< of 255, of tint and marker
 constexpr Colour bandColour = rgb(224, 224, 224);
-constexpr Colour barColour = rgb(68, 204, 255);
 constexpr Colour ringColour = rgb(255, 0, 0);
 
 void drawBands(Picture& target, const View& view) {
@@ -27,14 +26,8 @@ void drawBands(Picture& target, const View& view) {
     for (int i = 0; i <= view.VisibleRows; ++i) {
         const auto line = static_cast<std::size_t>(i);
         if (line < view.SharpRow.size() && view.SharpRow[line] != flagClear)
-            target.fillBox(0, i * cell, last, i * cell + 11, bandColour);
+            target.fillBox(0, i * cellPx, last, i * cellPx + 11, bandColour);
     }
-}
-
-void drawBarLines(Picture& target, const View& view) {
-    for (int x = 0; x < target.ScaleWidth(); x += cell)
-        if ((x / cell + view.FirstColumn) % 4 == 0)
-            target.verticalLine(x, 0, target.ScaleHeight(), barColour);
 }
 
 /// The row that is drawn as number i [0, 7]: the active row comes last and so lies on top. A
@@ -54,9 +47,9 @@ struct Note {
 };
 
 void drawNote(Picture& target, const Studio& studio, const Note& note, Colour colour) {
-    const int x = (note.column - studio.view.FirstColumn) * cell;
-    const int y = (note.pitch - studio.view.TopPitch) * cell;
-    const int end = x + (note.last - note.column) * cell;
+    const int x = (note.column - studio.view.FirstColumn) * cellPx;
+    const int y = (note.pitch - studio.view.TopPitch) * cellPx;
+    const int end = x + (note.last - note.column) * cellPx;
     // The ring lies under the fill state that the note before it left.
     if (studio.score.PolyArray.read(note.row + 1, note.column + 1) == 1)
         target.circle(x + 5, y + 5, 7, ringColour);
@@ -101,10 +94,10 @@ void drawTint(Picture& target, const Picture& blue, const Studio& studio) {
         score.SelectEnd < view.FirstColumn)
         return;
     const int left =
-        score.SelectStart < view.FirstColumn ? 0 : (score.SelectStart - view.FirstColumn) * cell;
+        score.SelectStart < view.FirstColumn ? 0 : (score.SelectStart - view.FirstColumn) * cellPx;
     const int right = score.SelectEnd > view.LastVisibleColumn
                           ? target.ScaleWidth() - 1
-                          : (score.SelectEnd - view.FirstColumn) * cell + 12;
+                          : (score.SelectEnd - view.FirstColumn) * cellPx + 12;
     target.AlphaBlend(left, 0, right - left + 1, target.ScaleHeight(), blue, blendAlpha);
 }
 
@@ -113,7 +106,7 @@ void drawStartMarker(Picture& target, const Picture& red, const Studio& studio) 
     const int column = studio.score.StartColumn - view.FirstColumn;
     if (column < 0 || column > view.VisibleColumns)
         return;
-    target.AlphaBlend(column * cell - 3, 0, 3, target.ScaleHeight(), red, blendAlpha);
+    target.AlphaBlend(column * cellPx - 3, 0, 3, target.ScaleHeight(), red, blendAlpha);
 }
 
 } // namespace
@@ -121,7 +114,7 @@ void drawStartMarker(Picture& target, const Picture& red, const Studio& studio) 
 void drawNoteArray(Picture& target, const Picture& blue, const Picture& red, Studio& studio) {
     target.Cls();
     drawBands(target, studio.view);
-    drawBarLines(target, studio.view);
+    drawBarLines(target, studio.view.FirstColumn);
     drawNotes(target, studio);
     drawTint(target, blue, studio);
     drawStartMarker(target, red, studio);

@@ -24,10 +24,7 @@ void PercussionTableau::Beatbox_MouseDown(int button, int /*shift*/, double x, d
     raiseHoverRow();
     if (!isPercussion(sounding_.PercussionChoice) || studio_.run.IsPlaying)
         return;
-    area_.Beatbox->setMousePointer(pointerUpArrow);
-    studio_.drag.MouseHeld = flagSet;
-    store(studio_.drag.MouseColumn, pixelToCell(x));
-    store(studio_.drag.MouseLine, pixelToCell(y));
+    beginDrag(studio_, *area_.Beatbox, x, y);
     switch (studio_.run.EditMode) {
     case editMode::draw:
         pressToDraw(
@@ -151,15 +148,12 @@ void PercussionTableau::showToolTip(double x) {
 
 // No strip was saved, so a band once drawn stays until the release, also if the pointer goes back.
 bool PercussionTableau::dragBeat(double x) {
-    Drag& drag = studio_.drag;
+    const Drag& drag = studio_.drag;
     const bool onItsLine = drag.PriorLineBeat == drag.MouseLine;
     area_.Beatbox->setMousePointer(onItsLine ? pointerOwn : pointerUpArrow);
     if (!takeDragColumn(studio_, x))
         return false;
-    Picture& picture = area_.Beatbox->picture;
-    const Colour colour = studio_.view.DrawColor;
-    drawBand(picture, drag.MouseColumn, drag.DragColumn, drag.MouseLine, colour);
-    drawNoteHead(picture, drag.MouseColumn, drag.MouseLine, colour);
+    drawRubberBand(area_.Beatbox->picture, studio_);
     return true;
 }
 

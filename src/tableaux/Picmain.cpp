@@ -28,10 +28,6 @@ constexpr std::array<Colour, 8> legendColors{
     rgb(255, 0, 0),   rgb(0, 0, 255),   rgb(0, 255, 0),     rgb(255, 0, 255),
     rgb(0, 255, 255), rgb(255, 128, 0), rgb(255, 255, 128), rgb(192, 192, 255)};
 
-QColor toQColor(Colour colour) {
-    return QColor::fromRgb(toPixel(colour));
-}
-
 QString indexed(const char* name, int index) {
     return QString("%1(%2)").arg(name).arg(index);
 }

@@ -124,7 +124,7 @@ void PictureBox::paintEvent(QPaintEvent* event) {
         return;
     }
     if (!isWhole(ratio)) // the last device line may lie beyond the picture
-        painter.fillRect(event->rect(), QColor::fromRgb(toPixel(picture.ground())));
+        painter.fillRect(event->rect(), toQColor(picture.ground()));
     // In device pixels, one to one: any scaling would blur at a fractional ratio.
     painter.scale(1.0 / ratio, 1.0 / ratio);
     QImage pixels =

@@ -10,6 +10,7 @@
 
 #include <array>
 #include <cmath>
+#include <limits>
 #include <optional>
 
 namespace velorin {
@@ -27,7 +28,7 @@ struct Lane {
     Colour colour;
 };
 
-constexpr std::array<Lane, 8> lanes{{
+constexpr std::array<Lane, musicRows> lanes{{
     {1, 6, 7, rgb(255, 0, 0)},
     {8, 13, 14, rgb(0, 0, 255)},
     {15, 20, 22, rgb(0, 255, 0)},
@@ -44,7 +45,7 @@ const Lane& laneOf(int number) {
 
 /// The lane [1, 8] that a y hits; 0 for none.
 int laneAt(double y) {
-    for (int number = 1; number <= 8; ++number) {
+    for (int number = 1; number <= musicRows; ++number) {
         if (y < laneOf(number).bandEnd)
             return number;
     }
@@ -61,14 +62,15 @@ std::optional<double> snapDown(double x) {
     return x;
 }
 
-int toPixel(double place) {
+int wholePixel(double place) {
     return static_cast<int>(platform::roundHalfEven(place));
 }
 
 /// The edge in `colour`, the interior in the fill colour.
 void drawBlock(Picture& picture, int lane, double left, Colour colour) {
     const Lane& place = laneOf(lane);
-    picture.outlineBox(toPixel(left + 1), place.top, toPixel(left + 11), place.bottom, colour);
+    picture.outlineBox(wholePixel(left + 1), place.top, wholePixel(left + 11), place.bottom,
+                       colour);
 }
 
 /// The index of `PolyArray` for a snapped x: the column on the screen plus 1, without
@@ -97,7 +99,7 @@ void PolyTableau::DrawPolyTableau() {
     picture.Cls();
     drawGrid(picture, view);
     for (int i = view.FirstColumn; i <= view.FirstColumn + view.VisibleColumns; ++i) {
-        for (int lane = 1; lane <= 8; ++lane) {
+        for (int lane = 1; lane <= musicRows; ++lane) {
             if (studio_.score.PolyArray.read(lane, i) != 1)
                 continue;
             picture.fillColor = laneOf(lane).colour;

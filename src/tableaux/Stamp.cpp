@@ -13,11 +13,11 @@ namespace {
 /// More kinds than any score has colours; past it the case starts anew, so that it cannot grow.
 constexpr std::size_t stampLimit = 64;
 
+} // namespace
+
 QColor toQColor(Colour colour) {
     return QColor::fromRgb(toPixel(colour));
 }
-
-} // namespace
 
 bool patternCovers(FillStyle style, long long x, long long y) {
     switch (style) {

@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+class QColor;
+
 namespace velorin {
 
 /// How closed shapes are filled; the numbers are the program's own.
@@ -26,6 +28,8 @@ enum class FillStyle { solid = 0, transparent = 1, horizontalLines = 2, diagonal
 [[nodiscard]] constexpr Colour toColour(std::uint32_t pixel) {
     return (pixel & 0xffU) << 16 | (pixel & 0xff00U) | (pixel >> 16 & 0xffU);
 }
+
+[[nodiscard]] QColor toQColor(Colour colour);
 
 struct StampKey {
     int radius;
