@@ -60,6 +60,10 @@ void namePages(QTabWidget& tabs) {
 
 } // namespace
 
+QString elementName(const char* array, int index) {
+    return QStringLiteral("%1(%2)").arg(QLatin1String(array)).arg(index);
+}
+
 void describeControls(QWidget& root, const char* window) {
     for (QWidget* control : root.findChildren<QWidget*>()) {
         if (!control->objectName().isEmpty())

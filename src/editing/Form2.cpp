@@ -16,7 +16,6 @@ namespace velorin {
 namespace {
 
 constexpr ToolFrame::Face face{"Form2", "Editing Toolbar", "main-10-editing.svg", QSize(692, 122)};
-constexpr const char* settingsSection = "Settings";
 constexpr int firstSelectButton = 12; ///< this button and those behind it are dead in draw mode
 
 std::string textOf(const QLineEdit& box) {
@@ -97,14 +96,9 @@ void Form2::Form_Load() {
 }
 
 void Form2::placeWindow() {
-    platform::Settings& settings = studio_.platform.settings;
     const platform::SizePx screen = studio_.platform.desktop.screenSize();
-    const float left = middleTwips(screen.width, width()) + 200.0F;
-    const float top =
-        static_cast<float>(screen.height * platform::twipsPerPixel) - heightTwips() - 700.0F;
-    placeFrom(settings.GetSetting(settingsSection, "form2 left", settingText(left)),
-              settings.GetSetting(settingsSection, "form2 top", settingText(top)), left, top,
-              screen);
+    placeFrom(studio_.platform.settings, "form2", middleTwips(screen.width, width()) + 200.0F,
+              endTwips(screen.height, height(), 700.0F), screen);
 }
 
 void Form2::Form_QueryUnload() {
@@ -117,8 +111,7 @@ void Form2::Form_Unload() {
         settings.SaveSetting(settingsSection, key, value);
     };
     studio_.run.Form2Open = flagClear;
-    save("form2 left", settingText(place.Left()));
-    save("form2 top", settingText(place.Top()));
+    savePlace(settings, "form2");
     save("Playing position", settingText(studio_.run.ShowNotePosition != flagClear));
     save("Beats", textOf(*Text5));
     save("Repeat", textOf(*Text4));

@@ -1,5 +1,6 @@
 // The controls of `Form2` and where they stand.
 #include "bars/ScrollBar.h"
+#include "controls/DescribedControls.h"
 #include "editing/Form2.h"
 #include "shell/FramePaint.h"
 
@@ -96,9 +97,9 @@ void Form2::makeButtons() {
     for (int step = 0; step < editButtons; ++step) {
         const auto index = static_cast<std::size_t>((step + 10) % editButtons + 1);
         const ButtonPlace& place = buttons[index];
-        auto* const button =
-            new PictureButton(place.compose ? compose : edit, QStringLiteral("Cmd2(%1)").arg(index),
-                              QString::fromLatin1(place.picture));
+        auto* const button = new PictureButton(place.compose ? compose : edit,
+                                               elementName("Cmd2", static_cast<int>(index)),
+                                               QString::fromLatin1(place.picture));
         button->setGeometry(place.left, 4, 32, 34);
         button->setIconSize(QSize(24, 24));
         Cmd2[index] = button;
@@ -115,7 +116,7 @@ void Form2::makeLowerHalf() {
     Picture2->setGeometry(8, 82, 676, 32);
     const auto label = [this](std::size_t index, QRect place, const char* text) {
         Label6[index] = new QLabel(QString::fromLatin1(text), Picture2);
-        Label6[index]->setObjectName(QStringLiteral("Label6(%1)").arg(index));
+        Label6[index]->setObjectName(elementName("Label6", static_cast<int>(index)));
         Label6[index]->setGeometry(place);
     };
     label(0, QRect(12, 5, 38, 22), "Beats");

@@ -31,10 +31,6 @@ private:
     QIcon mark_;
 };
 
-QString element(const char* name, int index) {
-    return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index);
-}
-
 PictureButton* titleButton(QWidget* window, const char* name, const char* picture) {
     auto* button = new PictureButton(window, QLatin1String(name), QLatin1String(picture));
     button->setProperty("role", "title");
@@ -131,7 +127,7 @@ void Form1::makeHiddenControls() {
     Check1 = hidden(new QCheckBox(this), "Check1");
     Check3 = hidden(new QCheckBox(this), "Check3");
     for (int row = 0; row < scoreRows; ++row) {
-        auto* option = hidden(new QRadioButton(this), element("TrackSel", row));
+        auto* option = hidden(new QRadioButton(this), elementName("TrackSel", row));
         const Colour colour = channelColors[static_cast<std::size_t>(row)];
         option->setProperty("backColor", toQColor(colour));
         TrackSel[static_cast<std::size_t>(row)] = option;

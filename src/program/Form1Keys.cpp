@@ -1,4 +1,5 @@
 // The keys of the main window and of the tool windows.
+#include "controls/DescribedControls.h"
 #include "controls/KeyTable.h"
 #include "program/Form1.h"
 #include "program/Program.h"
@@ -105,7 +106,7 @@ void Form1::pressEditButton(int button) {
     if (button == modeButton && studio_.run.Form2Open == flagClear)
         showToolbar("Form2");
     const QWidget* toolbar = program_.window("Form2", false);
-    const QString name = QStringLiteral("Cmd2(%1)").arg(button);
+    const QString name = elementName("Cmd2", button);
     auto* pressed = toolbar != nullptr ? toolbar->findChild<QAbstractButton*>(name) : nullptr;
     if (pressed != nullptr)
         pressed->click();

@@ -21,7 +21,6 @@ namespace velorin {
 
 namespace {
 
-constexpr char section[] = "Settings";
 constexpr float startLeft = 100.0F;        // twips
 constexpr float largestTwips = 500'000.0F; // wider than any desktop
 constexpr float startTop = 200.0F;
@@ -37,7 +36,7 @@ void fill(QComboBox& list, int entries, std::string (*entry)(int)) {
 }
 
 bool readFlag(platform::Settings& settings, const char* key, bool present) {
-    return settingBoolean(settings.GetSetting(section, key, "True")).value_or(present);
+    return settingBoolean(settings.GetSetting(settingsSection, key, "True")).value_or(present);
 }
 
 Flag toFlag(bool set) {
@@ -84,7 +83,7 @@ void Form1::readPlace() {
     platform::Settings& settings = studio_.platform.settings;
     const platform::SizePx screen = studio_.platform.desktop.screenSize();
     const auto read = [&settings](const char* key, float fallback) {
-        return settingTwips(settings.GetSetting(section, key, settingText(fallback)))
+        return settingTwips(settings.GetSetting(settingsSection, key, settingText(fallback)))
             .value_or(fallback);
     };
     const float fullWidth = static_cast<float>(screen.width * platform::twipsPerPixel) - 200.0F;
@@ -170,12 +169,13 @@ void Form1::Form_Unload() {
 
 void Form1::saveSettings() {
     platform::Settings& settings = studio_.platform.settings;
-    settings.SaveSetting(section, "form1 left", settingText(place.Left()));
-    settings.SaveSetting(section, "form1 top", settingText(place.Top()));
-    settings.SaveSetting(section, "form1 Width", settingText(place.Width()));
-    settings.SaveSetting(section, "form1 Height", settingText(place.Height()));
-    settings.SaveSetting(section, "Percussion", settingText(isBeatboxVisible()));
-    settings.SaveSetting(section, "Polyphonics", settingText(studio_.view.PolyOpen != flagClear));
+    settings.SaveSetting(settingsSection, "form1 left", settingText(place.Left()));
+    settings.SaveSetting(settingsSection, "form1 top", settingText(place.Top()));
+    settings.SaveSetting(settingsSection, "form1 Width", settingText(place.Width()));
+    settings.SaveSetting(settingsSection, "form1 Height", settingText(place.Height()));
+    settings.SaveSetting(settingsSection, "Percussion", settingText(isBeatboxVisible()));
+    settings.SaveSetting(settingsSection, "Polyphonics",
+                         settingText(studio_.view.PolyOpen != flagClear));
 }
 
 } // namespace velorin

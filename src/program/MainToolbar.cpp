@@ -2,6 +2,7 @@
 #include "program/MainToolbar.h"
 
 #include "controls/ControlTable.h"
+#include "controls/DescribedControls.h"
 #include "shell/FramePaint.h"
 
 #include <QIcon>
@@ -47,8 +48,7 @@ MainToolbar::MainToolbar(QWidget* parent) : QWidget(parent) {
     setObjectName("toolbMenu");
     for (int i = 1; i <= toolbarButtons; ++i) {
         const ButtonRow& row = buttonRows[static_cast<std::size_t>(i)];
-        auto* button =
-            new PictureButton(this, QStringLiteral("Cmd2(%1)").arg(i), QLatin1String(row.picture));
+        auto* button = new PictureButton(this, elementName("Cmd2", i), QLatin1String(row.picture));
         button->setGeometry(row.left, 5, 36, 36);
         button->setIconSize(QSize(24, 24));
         Cmd2[static_cast<std::size_t>(i)] = button;

@@ -20,7 +20,6 @@ namespace {
 
 constexpr ToolFrame::Face face{"Record", "Recording Toolbar", "main-11-recording.svg",
                                QSize(532, 280)};
-constexpr char section[] = "Settings";
 constexpr char mp3DeviceKey[] = "MPEGVideo";
 constexpr char mp3Driver[] = "mciqtz.drv";
 
@@ -83,13 +82,9 @@ void Record::Form_Load() {
 }
 
 void Record::placeWindow() {
-    platform::Settings& settings = studio_.platform.settings;
     const platform::SizePx screen = studio_.platform.desktop.screenSize();
-    const float left = middleTwips(screen.width, width());
-    const float top =
-        static_cast<float>(screen.height * platform::twipsPerPixel) - heightTwips() - 400.0F;
-    placeFrom(settings.GetSetting(section, "record left", settingText(left)),
-              settings.GetSetting(section, "record top", settingText(top)), left, top, screen);
+    placeFrom(studio_.platform.settings, "record", middleTwips(screen.width, width()),
+              endTwips(screen.height, height(), 400.0F), screen);
 }
 
 // The last row comes after the selection, which is therefore the one before it at every start.
@@ -112,7 +107,7 @@ void Record::fillFormats() {
 void Record::readSettings() {
     platform::Settings& settings = studio_.platform.settings;
     const auto read = [&settings](const char* key) {
-        return platform::readInt16(settings.GetSetting(section, key, "1")).value_or(-1);
+        return platform::readInt16(settings.GetSetting(settingsSection, key, "1")).value_or(-1);
     };
     setCheck(*Check2, read("autoencode"));
     setCheck(*Check3, read("Delete WAV"));
@@ -131,11 +126,10 @@ void Record::Form_Unload() {
 // start.
 void Record::saveSettings() {
     const auto save = [this](const char* key, const std::string& value) {
-        studio_.platform.settings.SaveSetting(section, key, value);
+        studio_.platform.settings.SaveSetting(settingsSection, key, value);
     };
     const auto number = [](const QCheckBox& box) { return box.isChecked() ? "1" : "0"; };
-    save("record left", settingText(place.Left()));
-    save("record top", settingText(place.Top()));
+    savePlace(studio_.platform.settings, "record");
     save("Delete WAV", number(*Check2));
     save("Delete WAV", number(*Check3));
     save("Show note position", number(*Check4));
@@ -152,7 +146,7 @@ void Record::Label1_Click() {
 }
 
 void Record::cbxFormat_Click() {
-    studio_.platform.settings.SaveSetting(section, "WAV format",
+    studio_.platform.settings.SaveSetting(settingsSection, "WAV format",
                                           std::to_string(cbxFormat->currentIndex()));
 }
 

@@ -1,6 +1,8 @@
 // The controls of `Record` and where they stand.
+#include "controls/DescribedControls.h"
 #include "recording/Record.h"
 #include "recording/RecordingFormats.h"
+#include "shell/PlacedControls.h"
 
 #include <QIcon>
 
@@ -16,28 +18,8 @@ QString latin(std::string_view text) {
     return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-template <class Control>
-Control* named(Control* control, const char* name, QRect place) {
-    control->setObjectName(name);
-    control->setGeometry(place);
-    return control;
-}
-
-QFrame* makePanel(QWidget* parent, const char* name, QRect place) {
-    auto* const panel = named(new QFrame(parent), name, place);
-    panel->setProperty("role", "panel");
-    return panel;
-}
-
-QLabel* makeLabel(QWidget* parent, const char* name, QRect place, const char* text,
-                  const char* role) {
-    auto* const label = named(new QLabel(latin(text), parent), name, place);
-    label->setProperty("role", role);
-    return label;
-}
-
 QLabel* makeValue(QWidget* parent, const char* name, QRect place, Qt::Alignment alignment) {
-    QLabel* const label = makeLabel(parent, name, place, "", "value");
+    QLabel* const label = named(makeLabel(parent, place, QString(), "value"), name, place);
     label->setAlignment(alignment | Qt::AlignVCenter);
     return label;
 }
@@ -47,7 +29,8 @@ QLabel* makeValue(QWidget* parent, const char* name, QRect place, Qt::Alignment 
 void Record::makeRecordPage() {
     auto* const page = new QWidget(SSTab1);
     SSTab1->addTab(page, QStringLiteral("Record/Play"));
-    Picture2 = makePanel(page, "Picture2", QRect(8, 8, 238, 72));
+    Picture2 = makePanel(page, QRect(8, 8, 238, 72));
+    Picture2->setObjectName("Picture2");
     Optsourcesng = named(new QRadioButton(latin("Record from SNG file or notes"), Picture2),
                          "Optsourcesng", QRect(12, 12, 218, 22));
     Optsourcemid = named(new QRadioButton(latin("Record from MID file"), Picture2), "Optsourcemid",
@@ -66,7 +49,7 @@ void Record::makeRecordPage() {
 }
 
 void Record::makeRecordPanel(QWidget* page) {
-    QFrame* const panel = makePanel(page, "", QRect(254, 8, 252, 72));
+    QFrame* const panel = makePanel(page, QRect(254, 8, 252, 72));
     rec = named(new RecordImage(panel), "rec", QRect(12, 12, 48, 48));
     Label1 =
         named(new LabelButton(latin("Start Recording"), panel), "Label1", QRect(70, 8, 170, 30));
@@ -74,7 +57,8 @@ void Record::makeRecordPanel(QWidget* page) {
 }
 
 void Record::makePlayer(QWidget* page) {
-    Picture7 = makePanel(page, "Picture7", QRect(8, 122, 150, 44));
+    Picture7 = makePanel(page, QRect(8, 122, 150, 44));
+    Picture7->setObjectName("Picture7");
     Picture7->setProperty("role", "strip");
     struct Place {
         const char* picture;
@@ -85,7 +69,7 @@ void Record::makePlayer(QWidget* page) {
                                            {"player-2-pause", 75},
                                            {"player-3-stop", 110}}};
     for (std::size_t i = 0; i < places.size(); ++i) {
-        auto* const button = new PictureButton(Picture7, QStringLiteral("Cmd2(%1)").arg(i),
+        auto* const button = new PictureButton(Picture7, elementName("Cmd2", static_cast<int>(i)),
                                                latin(places[i].picture));
         button->setGeometry(places[i].left, 5, 34, 34);
         button->setIconSize(QSize(24, 24));
@@ -94,11 +78,12 @@ void Record::makePlayer(QWidget* page) {
 }
 
 void Record::makeMp3Labels(QWidget* page) {
-    Picture5 = makePanel(page, "Picture5", QRect(166, 122, 340, 44));
-    makeLabel(Picture5, "", QRect(12, 4, 110, 36), "Play from File", "heading");
+    Picture5 = makePanel(page, QRect(166, 122, 340, 44));
+    Picture5->setObjectName("Picture5");
+    makeLabel(Picture5, QRect(12, 4, 110, 36), latin("Play from File"), "heading");
     lblKhz = makeValue(Picture5, "lblKhz", QRect(122, 4, 24, 36), Qt::AlignRight);
     lblbitrate = makeValue(Picture5, "lblbitrate", QRect(152, 4, 32, 36), Qt::AlignRight);
-    makeLabel(Picture5, "", QRect(188, 4, 32, 36), "kbps", "");
+    makeLabel(Picture5, QRect(188, 4, 32, 36), latin("kbps"), "");
     lblmode = makeValue(Picture5, "lblmode", QRect(224, 4, 48, 36), Qt::AlignLeft);
     lblTime = makeValue(Picture5, "lblTime", QRect(274, 4, 54, 36), Qt::AlignRight);
     lblTime->setText(QStringLiteral(":"));
@@ -132,7 +117,7 @@ void Record::makePreferencesPage() {
 }
 
 void Record::makeOptions(QWidget* page) {
-    QFrame* const panel = makePanel(page, "", QRect(8, 8, 206, 152));
+    QFrame* const panel = makePanel(page, QRect(8, 8, 206, 152));
     const auto option = [panel](const char* caption, const char* name, int top) {
         return named(new QCheckBox(latin(caption), panel), name, QRect(14, top, 180, 22));
     };
@@ -143,14 +128,14 @@ void Record::makeOptions(QWidget* page) {
 }
 
 void Record::makeFormats(QWidget* page) {
-    QFrame* const panel = makePanel(page, "", QRect(222, 8, 284, 152));
-    makeLabel(panel, "", QRect(14, 10, 256, 18), "WAV Recording Format", "heading");
+    QFrame* const panel = makePanel(page, QRect(222, 8, 284, 152));
+    makeLabel(panel, QRect(14, 10, 256, 18), latin("WAV Recording Format"), "heading");
     cbxFormat = named(new QComboBox(panel), "cbxFormat", QRect(14, 32, 256, 26));
-    makeLabel(panel, "", QRect(14, 74, 120, 18), "MP3 Bitrate", "heading");
+    makeLabel(panel, QRect(14, 74, 120, 18), latin("MP3 Bitrate"), "heading");
     Combo4 = named(new QComboBox(panel), "Combo4", QRect(14, 96, 120, 26));
     for (const std::string_view row : mp3Bitrates)
         Combo4->addItem(latin(row));
-    makeLabel(panel, "", QRect(150, 74, 120, 18), "MP3 Quality", "heading");
+    makeLabel(panel, QRect(150, 74, 120, 18), latin("MP3 Quality"), "heading");
     Combo3 = named(new QComboBox(panel), "Combo3", QRect(150, 96, 120, 26));
     for (const Mp3Quality& quality : mp3Qualities)
         Combo3->addItem(latin(quality.row));

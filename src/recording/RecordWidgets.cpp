@@ -3,13 +3,12 @@
 
 #include "controls/ScreenReader.h"
 #include "shell/LookColors.h"
+#include "shell/PlacedControls.h"
 
-#include <QFile>
 #include <QKeyEvent>
 #include <QLinearGradient>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QStyle>
 #include <QTimerEvent>
 
 #include <algorithm>
@@ -28,21 +27,11 @@ void paintTrack(QPainter& painter, const QRect& track, const QBrush& fill) {
     painter.drawRoundedRect(QRectF(track).adjusted(0.5, 0.5, -0.5, -0.5), trackRadius, trackRadius);
 }
 
-QIcon pictureNamed(const char* name) {
-    QIcon icon;
-    icon.addFile(QStringLiteral(":/look/%1.svg").arg(QLatin1String(name)), QSize(), QIcon::Normal);
-    const QString off = QStringLiteral(":/look/off/%1.svg").arg(QLatin1String(name));
-    if (QFile::exists(off))
-        icon.addFile(off, QSize(), QIcon::Disabled);
-    return icon;
-}
-
 } // namespace
 
 RecordImage::RecordImage(QWidget* parent)
     : QAbstractButton(parent),
-      pictures_{pictureNamed("rec-up"), pictureNamed("rec-pressed"),
-                pictureNamed("rec-recording")} {
+      pictures_{lookIcon("rec-up"), lookIcon("rec-pressed"), lookIcon("rec-recording")} {
     setFocusPolicy(Qt::TabFocus);
 }
 
@@ -73,28 +62,19 @@ LabelButton::LabelButton(const QString& text, QWidget* parent) : QLabel(text, pa
     setStyleSheet(QStringLiteral("QLabel:focus { border: 2px solid #44CCFF; padding: 2px 9px; }"));
 }
 
-void LabelButton::mark(const char* property, bool set) {
-    if (this->property(property).toBool() == set)
-        return;
-    setProperty(property, set);
-    style()->unpolish(this);
-    style()->polish(this);
-    update();
-}
-
 void LabelButton::enterEvent(QEnterEvent* event) {
-    mark("hot", true);
+    setStyled(*this, "hot", true);
     QLabel::enterEvent(event);
 }
 
 void LabelButton::leaveEvent(QEvent* event) {
-    mark("hot", false);
+    setStyled(*this, "hot", false);
     QLabel::leaveEvent(event);
 }
 
 void LabelButton::mousePressEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton)
-        mark("down", true);
+        setStyled(*this, "down", true);
     event->accept();
 }
 
@@ -103,7 +83,7 @@ void LabelButton::mouseReleaseEvent(QMouseEvent* event) {
     event->accept();
     if (event->button() != Qt::LeftButton)
         return;
-    mark("down", false);
+    setStyled(*this, "down", false);
     if (wasDown && rect().contains(event->position().toPoint()))
         Q_EMIT clicked();
 }

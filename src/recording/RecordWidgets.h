@@ -47,9 +47,6 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-
-private:
-    void mark(const char* property, bool set);
 };
 
 /// `Status`: a caption that may change thousands of times a second. It is set out and painted at

@@ -22,7 +22,6 @@ namespace velorin {
 namespace {
 
 constexpr ToolFrame::Face face{"Form3", "Setup Toolbar", "main-09-setup.svg", QSize(532, 252)};
-constexpr const char* settingsSection = "Settings";
 constexpr int deviceNameLength = 32; ///< characters of a device's name that its record holds
 
 struct Chord {
@@ -111,14 +110,9 @@ void Form3::Form_Load() {
 }
 
 void Form3::placeWindow() {
-    platform::Settings& settings = studio_.platform.settings;
     const platform::SizePx screen = studio_.platform.desktop.screenSize();
-    const float left = middleTwips(screen.width, width());
-    const float top =
-        static_cast<float>(screen.height * platform::twipsPerPixel) - heightTwips() - 400.0F;
-    placeFrom(settings.GetSetting(settingsSection, "form3 left", settingText(left)),
-              settings.GetSetting(settingsSection, "form3 top", settingText(top)), left, top,
-              screen);
+    placeFrom(studio_.platform.settings, "form3", middleTwips(screen.width, width()),
+              endTwips(screen.height, height(), 400.0F), screen);
     SetTopMost(*this, true);
     frame.SkinToolWindow();
 }
@@ -167,8 +161,7 @@ void Form3::fillChords() {
 
 void Form3::Form_Unload() {
     platform::Settings& settings = studio_.platform.settings;
-    settings.SaveSetting(settingsSection, "form3 left", settingText(place.Left()));
-    settings.SaveSetting(settingsSection, "form3 top", settingText(place.Top()));
+    savePlace(settings, "form3");
     settings.SaveSetting(settingsSection, "Devices", std::to_string(Combo2->currentIndex() - 1));
     settings.SaveSetting(settingsSection, "Form3", settingText(studio_.run.Form3Open != flagClear));
     studio_.run.Form3Open = flagClear;

@@ -91,6 +91,7 @@ private:
     void makeSetupPage();
     void makeVolumes(QWidget* page);
     void connectHandlers();
+    void checkInGroup(int row); ///< the option, and no other of its group; runs no handler
     void placeWindow();
     void fillInstruments();
     void fillDevices();

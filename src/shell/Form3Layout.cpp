@@ -1,40 +1,16 @@
 // The controls of `Form3` and where they stand.
 #include "bars/ScrollBar.h"
+#include "controls/DescribedControls.h"
 #include "score/RowColors.h"
 #include "shell/Form3.h"
+#include "shell/PlacedControls.h"
 #include "shell/RowButton.h"
 
-#include <QFrame>
 #include <QRadioButton>
 
 namespace velorin {
 
 namespace {
-
-QString element(const char* name, int index) {
-    return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index);
-}
-
-QFrame* makePanel(QWidget* parent, QRect place) {
-    auto* const panel = new QFrame(parent);
-    panel->setProperty("role", "panel");
-    panel->setGeometry(place);
-    return panel;
-}
-
-QLabel* makeLabel(QWidget* parent, QRect place, const QString& text, const char* role) {
-    auto* const label = new QLabel(text, parent);
-    label->setProperty("role", role);
-    label->setGeometry(place);
-    return label;
-}
-
-template <class Control>
-Control* named(Control* control, const QString& name, QRect place) {
-    control->setObjectName(name);
-    control->setGeometry(place);
-    return control;
-}
 
 Colour rowColour(int row) {
     return channelColors.at(static_cast<std::size_t>(row));
@@ -65,7 +41,7 @@ void Form3::makeRowsPage() {
     Combo5 = named(new QComboBox(percussion), "Combo5", QRect(292, 26, 194, 26));
 
     // A spare option that nothing uses.
-    named(new QRadioButton(percussion), element("TrackSel", scoreRows), QRect())->hide();
+    named(new QRadioButton(percussion), elementName("TrackSel", scoreRows), QRect())->hide();
 
     TrackSel[0]->setChecked(true);
     TrackHide[0]->setEnabled(false);
@@ -75,12 +51,13 @@ void Form3::makeRowsPage() {
 void Form3::makeRowOption(QWidget* panel, int row, int place) {
     const auto index = static_cast<std::size_t>(row);
     constexpr int ring = RowButton::ring;
-    TrackSel[index] = named(new RowButton(panel, row, rowColour(row)), element("TrackSel", row),
+    TrackSel[index] = named(new RowButton(panel, row, rowColour(row)), elementName("TrackSel", row),
                             QRect(12 + 34 * place - ring, 27 - ring, 28 + 2 * ring, 22 + 2 * ring));
     auto* const box = new QCheckBox(panel);
     box->setProperty("role", "hide");
     box->setProperty("backColor", QColor(Qt::white));
-    TrackHide[index] = named(box, element("TrackHide", row), QRect(17 + 34 * place, 54, 18, 18));
+    TrackHide[index] =
+        named(box, elementName("TrackHide", row), QRect(17 + 34 * place, 54, 18, 18));
 }
 
 void Form3::makePolyphonicsPage() {
@@ -97,12 +74,12 @@ void Form3::makePolyphonicsPage() {
         const auto index = static_cast<std::size_t>(row);
         makeLabel(panel, QRect(112 + 46 * row, 14, 28, 16), rowFace(row), "note")
             ->setAlignment(Qt::AlignCenter);
-        Ch[index] = named(new RowCheck(panel, row, rowColour(row)), element("Ch", row),
+        Ch[index] = named(new RowCheck(panel, row, rowColour(row)), elementName("Ch", row),
                           QRect(112 + 46 * row, 40, 28, 26));
     }
     for (int row = 0; row < musicRows; ++row) {
         const auto index = static_cast<std::size_t>(row);
-        Chkstrum[index] = named(new QCheckBox(panel), element("Chkstrum", row),
+        Chkstrum[index] = named(new QCheckBox(panel), elementName("Chkstrum", row),
                                 QRect(118 + 46 * row, 87, 16, 16));
     }
 }
@@ -135,8 +112,8 @@ void Form3::makeVolumes(QWidget* page) {
     QFrame* const panel = makePanel(page, QRect(8, 114, 498, 58));
     const auto makeBox = [this, panel](int row, int left) {
         (new RowChip(panel, row, rowColour(row)))->setGeometry(left, 7, 34, 14);
-        auto* const box = named(new QLineEdit(QStringLiteral("127"), panel), element("vol", row),
-                                QRect(left, 25, 34, 24));
+        auto* const box = named(new QLineEdit(QStringLiteral("127"), panel),
+                                elementName("vol", row), QRect(left, 25, 34, 24));
         box->setStyleSheet("font-size: 11px;");
         box->setAlignment(Qt::AlignCenter);
         vol[static_cast<std::size_t>(row)] = box;

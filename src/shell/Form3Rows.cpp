@@ -2,10 +2,9 @@
 #include "controls/ControlTable.h"
 #include "score/Studio.h"
 #include "shell/Form3.h"
+#include "shell/PlacedControls.h"
 #include "shell/RowButton.h"
 #include "shell/SetupDesk.h"
-
-#include <QStyle>
 
 namespace velorin {
 
@@ -20,10 +19,10 @@ std::size_t at(int row) {
 void Form3::TrackSel_Click(int row) {
     desk_.TrackSel_Click(row);
     // The row takes on what its list shows now; the lists do not move to the row's instrument.
-    if (row > 7) {
-        Combo5_Click();
-    } else {
+    if (isMusicRow(row)) {
         Combo1_Click();
+    } else {
+        Combo5_Click();
     }
     for (QCheckBox* box : TrackHide) {
         box->setEnabled(true);
@@ -45,8 +44,9 @@ void Form3::TrackSel_MouseDown(int row) {
 }
 
 void Form3::TrackSel_MouseMove(int row) {
-    QString tip = row < musicRows ? QString::fromLatin1(channelTip).arg(row + 1)
-                                  : QString::fromLatin1(percussionChannelTip).arg(row - 7);
+    QString tip = row < musicRows
+                      ? QString::fromLatin1(channelTip).arg(row + 1)
+                      : QString::fromLatin1(percussionChannelTip).arg(row - firstPercussionRow + 1);
     if (TrackSel[at(row)]->isChecked()) {
         tip += QLatin1String(activeTip);
     }
@@ -63,13 +63,17 @@ void Form3::TrackHide_Click(int row) {
     desk_.DrawNoteArray();
 }
 
+void Form3::checkInGroup(int row) {
+    for (int other = 0; other < scoreRows; ++other) {
+        if (isMusicRow(other) == isMusicRow(row)) {
+            TrackSel[at(other)]->setChecked(other == row);
+        }
+    }
+}
+
 void Form3::pressTrackSel(int row) {
     const bool wasSet = TrackSel[at(row)]->isChecked();
-    const int first = row < musicRows ? 0 : musicRows;
-    const int last = row < musicRows ? musicRows - 1 : scoreRows - 1;
-    for (int other = first; other <= last; ++other) {
-        TrackSel[at(other)]->setChecked(other == row);
-    }
+    checkInGroup(row);
     TrackSel_MouseDown(row);
     if (!wasSet) {
         TrackSel_Click(row);
@@ -84,22 +88,12 @@ void Form3::setTrackSel(int row, bool selected) {
         TrackSel[at(row)]->setChecked(false);
         return;
     }
-    const int first = row < musicRows ? 0 : musicRows;
-    const int last = row < musicRows ? musicRows - 1 : scoreRows - 1;
-    for (int other = first; other <= last; ++other) {
-        TrackSel[at(other)]->setChecked(other == row);
-    }
+    checkInGroup(row);
     TrackSel_Click(row);
 }
 
 void Form3::setTrackHidePicture(int row, bool active) {
-    QCheckBox* const box = TrackHide[at(row)];
-    if (hasTrackHidePicture(row) != active) {
-        box->setProperty("active", active);
-        box->style()->unpolish(box);
-        box->style()->polish(box);
-        box->update();
-    }
+    setStyled(*TrackHide[at(row)], "active", active);
 }
 
 bool Form3::hasTrackHidePicture(int row) const {

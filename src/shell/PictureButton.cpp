@@ -1,8 +1,8 @@
 // The picture button of strips and titles.
 #include "shell/PictureButton.h"
 
-#include <QFile>
-#include <QIcon>
+#include "shell/PlacedControls.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -17,12 +17,7 @@ PictureButton::PictureButton(QWidget* parent, const QString& name, const QString
 }
 
 void PictureButton::setPicture(const QString& picture) {
-    QIcon icon;
-    icon.addFile(QStringLiteral(":/look/%1.svg").arg(picture), QSize(), QIcon::Normal);
-    const QString off = QStringLiteral(":/look/off/%1.svg").arg(picture);
-    if (QFile::exists(off))
-        icon.addFile(off, QSize(), QIcon::Disabled);
-    setIcon(icon);
+    setIcon(lookIcon(picture));
 }
 
 bool PictureButton::event(QEvent* event) {

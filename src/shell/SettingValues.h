@@ -7,6 +7,9 @@
 
 namespace velorin {
 
+/// The section of the store in which all of the program's settings are.
+constexpr char settingsSection[] = "Settings";
+
 /// "True" or "False".
 [[nodiscard]] std::string settingText(bool value);
 

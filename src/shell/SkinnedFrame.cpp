@@ -1,6 +1,7 @@
 // The frame of a window that has none of the window system: its pieces, its handles, its region.
 #include "shell/SkinnedFrame.h"
 
+#include "controls/DescribedControls.h"
 #include "platform/Desktop.h"
 #include "shell/WindowPlace.h"
 
@@ -80,24 +81,20 @@ Qt::CursorShape handleCursor(int index) {
     return shapes[index];
 }
 
-QString element(const char* name, std::size_t index) {
-    return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index);
-}
-
 } // namespace
 
 SkinnedFrame::SkinnedFrame(QWidget& window, FrameKind kind, int ellipse, FrameState& state)
     : window_(window), kind_(kind), ellipse_(ellipse), state_(state) {
     for (std::size_t i = 0; i < Winedge.size(); ++i) {
         Winedge[i] =
-            new FramePiece(&window, element("Winedge", i),
+            new FramePiece(&window, elementName("Winedge", static_cast<int>(i)),
                            [this](QPainter& painter, QSize size) { paint(painter, size); });
     }
     if (kind == FrameKind::tool)
         return;
     for (std::size_t i = 0; i < Resizer.size(); ++i) {
         Resizer[i] = new QWidget(&window);
-        Resizer[i]->setObjectName(element("Resizer", i));
+        Resizer[i]->setObjectName(elementName("Resizer", static_cast<int>(i)));
         Resizer[i]->setCursor(handleCursor(static_cast<int>(i)));
         Resizer[i]->hide();
     }

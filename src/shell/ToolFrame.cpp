@@ -1,6 +1,7 @@
 // The frame of a tool window.
 #include "shell/ToolFrame.h"
 
+#include "platform/Settings.h"
 #include "shell/SettingValues.h"
 #include "shell/WindowKeys.h"
 
@@ -68,12 +69,22 @@ ToolFrame::ToolFrame(const Face& face, FrameState& state, Qt::WindowFlags stacki
     makeDragHandle(*this); // and whatever of its ground takes no press of its own
 }
 
-void ToolFrame::placeFrom(const std::string& left, const std::string& top, float defaultLeft,
+void ToolFrame::placeFrom(platform::Settings& settings, const std::string& key, float defaultLeft,
                           float defaultTop, platform::SizePx screen) {
-    place.moveTo(settingTwips(left).value_or(defaultLeft), settingTwips(top).value_or(defaultTop));
+    const auto read = [&settings](const std::string& name, float fallback) {
+        return settingTwips(settings.GetSetting(settingsSection, name, settingText(fallback)))
+            .value_or(fallback);
+    };
+    const float left = read(key + " left", defaultLeft);
+    place.moveTo(left, read(key + " top", defaultTop));
     if (!isTitleInReach(screen)) {
         place.moveTo(defaultLeft, defaultTop);
     }
+}
+
+void ToolFrame::savePlace(platform::Settings& settings, const std::string& key) const {
+    settings.SaveSetting(settingsSection, key + " left", settingText(place.Left()));
+    settings.SaveSetting(settingsSection, key + " top", settingText(place.Top()));
 }
 
 bool ToolFrame::isTitleInReach(platform::SizePx screen) const {
@@ -81,14 +92,6 @@ bool ToolFrame::isTitleInReach(platform::SizePx screen) const {
     const double top = place.Top() / platform::twipsPerPixel;
     return left + width() >= gripWidth && left <= screen.width - gripWidth &&
            top + toolTitleHeight / 2.0 >= 0 && top + toolTitleHeight / 2.0 <= screen.height;
-}
-
-float ToolFrame::widthTwips() const {
-    return static_cast<float>(width() * platform::twipsPerPixel);
-}
-
-float ToolFrame::heightTwips() const {
-    return static_cast<float>(height() * platform::twipsPerPixel);
 }
 
 void ToolFrame::paintEvent(QPaintEvent*) {
@@ -132,6 +135,10 @@ void ToolFrame::showEvent(QShowEvent* event) {
 
 float middleTwips(int screenPx, int windowPx) {
     return static_cast<float>((screenPx - windowPx) * platform::twipsPerPixel) / 2.0F;
+}
+
+float endTwips(int screenPx, int windowPx, float fromEnd) {
+    return static_cast<float>((screenPx - windowPx) * platform::twipsPerPixel) - fromEnd;
 }
 
 } // namespace velorin

@@ -12,6 +12,10 @@
 #include <functional>
 #include <string>
 
+namespace platform {
+class Settings;
+} // namespace platform
+
 namespace velorin {
 
 /// Owns its title bar and its frame; whoever derives from it puts the controls under the title.
@@ -36,14 +40,12 @@ public:
     SkinnedFrame frame;
     WindowPlace place;
 
-    /// Places the window from the texts of two settings, in twips. A text that is no number leaves
-    /// that coordinate at its default; a window whose title no screen shows goes to the default
-    /// whole.
-    void placeFrom(const std::string& left, const std::string& top, float defaultLeft,
+    /// Places the window from two settings in twips, "form2 left" and "form2 top" for the key
+    /// "form2". A text that is no number leaves that coordinate at its default; a window whose
+    /// title no screen shows goes to the default whole.
+    void placeFrom(platform::Settings& settings, const std::string& key, float defaultLeft,
                    float defaultTop, platform::SizePx screen);
-
-    [[nodiscard]] float widthTwips() const;
-    [[nodiscard]] float heightTwips() const;
+    void savePlace(platform::Settings& settings, const std::string& key) const;
 
     std::function<void()> onClose;    ///< the title's button, or the window system's close
     std::function<void()> onActivate; ///< the window became the active one
@@ -64,5 +66,8 @@ private:
 
 /// The middle of a screen for a window of that size, in twips.
 [[nodiscard]] float middleTwips(int screenPx, int windowPx);
+
+/// Where a window begins that ends `fromEnd` before the end of a screen, in twips.
+[[nodiscard]] float endTwips(int screenPx, int windowPx, float fromEnd);
 
 } // namespace velorin

@@ -28,10 +28,6 @@ constexpr std::array<Colour, 8> legendColors{
     rgb(255, 0, 0),   rgb(0, 0, 255),   rgb(0, 255, 0),     rgb(255, 0, 255),
     rgb(0, 255, 255), rgb(255, 128, 0), rgb(255, 255, 128), rgb(192, 192, 255)};
 
-QString indexed(const char* name, int index) {
-    return QString("%1(%2)").arg(name).arg(index);
-}
-
 /// The strip behind the bar numbers: out of the ground's navy within 40 pixels.
 class Ruler final : public QWidget {
 public:
@@ -88,7 +84,7 @@ void Picmain::makeBarNumbers() {
     for (int k = 0; k < static_cast<int>(TopBar.size()); ++k) {
         if (k == missingBar)
             continue;
-        auto* label = new InkLabel(this, indexed("TopBar", k), font, barText);
+        auto* label = new InkLabel(this, elementName("TopBar", k), font, barText);
         label->setGeometry(32 + 48 * k, 2, 26, 18);
         label->hide();
         TopBar[static_cast<std::size_t>(k)] = label;
@@ -135,7 +131,7 @@ void Picmain::makeLegend() {
     Pt1->setGeometry(15, 232, 16, 70);
     for (int k = 0; k < 8; ++k) {
         auto* chip = new LaneChip(Pt1, legendColors[static_cast<std::size_t>(k)]);
-        chip->setObjectName(indexed("Label8", k));
+        chip->setObjectName(elementName("Label8", k));
         chip->setGeometry(1, 7 * k + 1, 12, 6);
         Label8[static_cast<std::size_t>(k)] = chip;
     }

@@ -1,9 +1,10 @@
 // The label of a lesson's step.
 #include "tutorial/StepLabel.h"
 
+#include "shell/PlacedControls.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QStyle>
 
 namespace velorin {
 
@@ -21,13 +22,7 @@ void StepLabel::setHighlighted(bool highlighted) {
 }
 
 void StepLabel::showHot() {
-    const bool hot = highlighted_ || hasFocus();
-    if (property("hot").toBool() == hot)
-        return;
-    setProperty("hot", hot);
-    style()->unpolish(this);
-    style()->polish(this);
-    update();
+    setStyled(*this, "hot", highlighted_ || hasFocus());
 }
 
 void StepLabel::mousePressEvent(QMouseEvent* event) {

@@ -21,7 +21,6 @@ namespace {
 
 constexpr const char* title = " Tutorial Wizard";
 constexpr ToolFrame::Face face{"Wiz", title, "main-12-tutorial.svg", QSize(668, 470)};
-constexpr const char* settingsSection = "Settings";
 
 } // namespace
 
@@ -57,12 +56,9 @@ void Wiz::Form_Load() {
 }
 
 void Wiz::placeWindow() {
-    platform::Settings& settings = studio_.platform.settings;
     const platform::SizePx screen = studio_.platform.desktop.screenSize();
-    const float left = middleTwips(screen.width, width());
-    const float top = middleTwips(screen.height, height());
-    placeFrom(settings.GetSetting(settingsSection, "Wiz left", settingText(left)),
-              settings.GetSetting(settingsSection, "Wiz top", settingText(top)), left, top, screen);
+    placeFrom(studio_.platform.settings, "Wiz", middleTwips(screen.width, width()),
+              middleTwips(screen.height, height()), screen);
 }
 
 /// What an earlier lesson left, and has perhaps been changed since, makes way.
@@ -78,9 +74,7 @@ void Wiz::renewSamples() {
 
 void Wiz::Form_Unload() {
     studio_.run.WizOpen = flagClear;
-    platform::Settings& settings = studio_.platform.settings;
-    settings.SaveSetting(settingsSection, "Wiz left", settingText(place.Left()));
-    settings.SaveSetting(settingsSection, "Wiz top", settingText(place.Top()));
+    savePlace(studio_.platform.settings, "Wiz");
 }
 
 void Wiz::Form_Activate() {

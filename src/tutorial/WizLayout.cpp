@@ -1,4 +1,6 @@
 // The controls of `Wiz` and where they stand.
+#include "controls/DescribedControls.h"
+#include "shell/PlacedControls.h"
 #include "tutorial/Lesson.h"
 #include "tutorial/StepLabel.h"
 #include "tutorial/TutorialWizard.h"
@@ -61,13 +63,6 @@ QPixmap faded(const QString& icon, int side, qreal ratio) {
     return picture;
 }
 
-QLabel* makeLabel(QWidget* parent, QRect place, const QString& text, const char* role) {
-    auto* const label = new QLabel(text, parent);
-    label->setProperty("role", role);
-    label->setGeometry(place);
-    return label;
-}
-
 } // namespace
 
 void Wiz::makeLesson(int lesson) {
@@ -111,7 +106,7 @@ void Wiz::makeSteps(int lesson, QFrame* panel) {
                       "heading");
         const char* caption = table.steps[static_cast<std::size_t>(step)].caption;
         auto* const label = new StepLabel(QLatin1String(caption), panel);
-        label->setObjectName(QStringLiteral("%1(%2)").arg(QLatin1String(table.labels)).arg(step));
+        label->setObjectName(elementName(table.labels, step));
         label->setGeometry(lineRect(line++, isSubStep(caption) ? subStepLeft : stepLeft));
         label->onClick = [&owner = owner_, lesson, step] { owner.performStep(lesson, step); };
         label->onMove = [this, lesson, step] { stepMouseMove(lesson, step); };
