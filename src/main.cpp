@@ -14,6 +14,7 @@
 #include "host/QtSettings.h"
 #include "host/QtTimers.h"
 #include "host/StreamRest.h"
+#include "host/UserFolders.h"
 #include "platform/Platform.h"
 #include "program/Form1.h"
 #include "program/Program.h"
@@ -45,7 +46,7 @@ void preferX11() {
 std::filesystem::path workFolder() {
     const std::filesystem::path beside = QCoreApplication::applicationDirPath().toStdString();
     const auto users = velorin::host::dataFolder(std::getenv("XDG_DATA_HOME"), std::getenv("HOME"));
-    const auto folder = velorin::host::workFolder(beside, users);
+    auto folder = velorin::host::workFolder(beside, users);
     velorin::host::putInstalledSongs(velorin::host::installedFolder(beside), folder / "Songs");
     return folder;
 }

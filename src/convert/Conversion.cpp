@@ -19,9 +19,13 @@ namespace {
 struct NoMidi final : platform::MidiOut {
     int midiOutGetNumDevs() override { return 0; }
     std::string midiOutGetDevCapsA(int) override { return {}; }
-    std::uint32_t midiOutOpen(platform::MidiOutHandle&, int) override { return 2; }
-    std::uint32_t midiOutClose(platform::MidiOutHandle) override { return 5; }
-    std::uint32_t midiOutShortMsg(platform::MidiOutHandle, std::uint32_t) override { return 5; }
+    std::uint32_t midiOutOpen(platform::MidiOutHandle&, int) override {
+        return platform::midiBadDevice;
+    }
+    std::uint32_t midiOutClose(platform::MidiOutHandle) override { return platform::midiBadHandle; }
+    std::uint32_t midiOutShortMsg(platform::MidiOutHandle, std::uint32_t) override {
+        return platform::midiBadHandle;
+    }
 };
 
 // Empty for a picture that cannot be drawn.

@@ -17,11 +17,6 @@ using host::Lame;
 using host::LameFlags;
 using host::LameStream;
 
-constexpr int jointStereo = 1;
-constexpr int mono = 3;
-
-void sayNothing(const char*, va_list) {}
-
 std::shared_ptr<const Lame> findLame() {
     std::error_code failed;
     const fs::path beside = fs::read_symlink("/proc/self/exe", failed).parent_path();
@@ -32,12 +27,10 @@ std::shared_ptr<const Lame> findLame() {
 bool configure(const LameStream& lame, const SoundParameters& parameters) {
     const Lame& calls = lame.calls();
     LameFlags* flags = lame.flags();
-    calls.setErrorReport(flags, sayNothing);
-    calls.setDebugReport(flags, sayNothing);
-    calls.setMessageReport(flags, sayNothing);
+    lame.silence();
     calls.setInSampleRate(flags, parameters.rateHz);
     calls.setChannels(flags, parameters.channels);
-    calls.setMode(flags, parameters.channels == 1 ? mono : jointStereo);
+    calls.setMode(flags, parameters.channels == 1 ? host::lameMono : host::lameJointStereo);
     calls.setBitrate(flags, parameters.bitrate);
     if (parameters.quality >= 0)
         calls.setQuality(flags, parameters.quality);

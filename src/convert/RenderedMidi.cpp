@@ -12,10 +12,6 @@ namespace velorin::convert {
 namespace {
 
 constexpr platform::MidiOutHandle onlyHandle = 1;
-constexpr std::uint32_t success = 0;
-constexpr std::uint32_t badDevice = 2;
-constexpr std::uint32_t badHandle = 5;
-constexpr std::uint32_t badParameter = 11;
 
 constexpr int quietSample = 3; ///< -80 dB of 32768 is 3.3
 constexpr int longestTailSeconds = 10;
@@ -28,30 +24,30 @@ std::string RenderedMidi::midiOutGetDevCapsA(int index) {
 
 std::uint32_t RenderedMidi::midiOutOpen(platform::MidiOutHandle& handle, int index) {
     if (open_ || index > 0 || index < mapper)
-        return badDevice;
+        return platform::midiBadDevice;
     open_ = true;
     handle = onlyHandle;
-    return success;
+    return platform::midiSuccess;
 }
 
 std::uint32_t RenderedMidi::midiOutClose(platform::MidiOutHandle handle) {
     if (!open_ || handle != onlyHandle)
-        return badHandle;
+        return platform::midiBadHandle;
     catchUp();
     synth_.reset();
     open_ = false;
-    return success;
+    return platform::midiSuccess;
 }
 
 std::uint32_t RenderedMidi::midiOutShortMsg(platform::MidiOutHandle handle, std::uint32_t message) {
     if (!open_ || handle != onlyHandle)
-        return badHandle;
+        return platform::midiBadHandle;
     const host::ShortMessage bytes = host::unpack(message);
     if (bytes.count == 0)
-        return badParameter;
+        return platform::midiBadParameter;
     catchUp();
     synth_.send(bytes);
-    return success;
+    return platform::midiSuccess;
 }
 
 void RenderedMidi::catchUp() {

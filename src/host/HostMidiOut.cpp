@@ -7,13 +7,6 @@ namespace velorin::host {
 
 namespace {
 
-// The results of the host's multimedia library.
-constexpr std::uint32_t success = 0;
-constexpr std::uint32_t badDevice = 2;
-constexpr std::uint32_t alreadyOpen = 4;
-constexpr std::uint32_t badHandle = 5;
-constexpr std::uint32_t badParameter = 11;
-
 /// A MIDI port as the sequencer plays it: at once, when the time has come.
 class OutsidePort final : public SequencerPort {
 public:
@@ -67,19 +60,19 @@ std::unique_ptr<SequencerPort> HostMidiOut::openForSequencer(int index) {
 
 std::uint32_t HostMidiOut::midiOutOpen(platform::MidiOutHandle& handle, int index) {
     if (open_)
-        return alreadyOpen;
+        return platform::midiAlreadyOpen;
     if (index < mapper)
-        return badDevice;
+        return platform::midiBadDevice;
     if (beforeOpening_)
         beforeOpening_();
     if (!scanned_)
         midiOutGetNumDevs();
     open_ = openDevice(index);
     if (!open_)
-        return badDevice;
+        return platform::midiBadDevice;
     isPort_ = static_cast<std::size_t>(std::max(index, 0)) >= synths_.count();
     handle = ++lastHandle_;
-    return success;
+    return platform::midiSuccess;
 }
 
 bool HostMidiOut::isOpen(platform::MidiOutHandle handle) const {
@@ -88,21 +81,21 @@ bool HostMidiOut::isOpen(platform::MidiOutHandle handle) const {
 
 std::uint32_t HostMidiOut::midiOutClose(platform::MidiOutHandle handle) {
     if (!isOpen(handle))
-        return badHandle;
+        return platform::midiBadHandle;
     open_.reset();
-    return success;
+    return platform::midiSuccess;
 }
 
 std::uint32_t HostMidiOut::midiOutShortMsg(platform::MidiOutHandle handle, std::uint32_t message) {
     if (!isOpen(handle))
-        return badHandle;
+        return platform::midiBadHandle;
     const ShortMessage bytes = unpack(message);
     if (bytes.count == 0)
-        return badParameter;
+        return platform::midiBadParameter;
     if (beforeSending_)
         beforeSending_();
     open_->send(bytes);
-    return success;
+    return platform::midiSuccess;
 }
 
 } // namespace velorin::host

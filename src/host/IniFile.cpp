@@ -3,6 +3,7 @@
 
 #include "platform/Text.h"
 
+#include <algorithm>
 #include <string_view>
 #include <vector>
 

@@ -26,8 +26,8 @@ constexpr std::size_t originalAt = 60;
 constexpr std::uint32_t lameKind = 256;
 
 // Modes have the same numbers in the record and in the library.
-constexpr std::uint32_t jointStereo = 1;
-constexpr std::uint32_t mono = 3;
+constexpr std::uint32_t jointStereo = lameJointStereo;
+constexpr std::uint32_t mono = lameMono;
 
 // A frame's worth of each channel.
 constexpr std::uint32_t chunkFrames = 1152;
@@ -66,19 +66,11 @@ void applyPreset(const LameStream& lame, std::uint32_t number) {
     }
 }
 
-void sayNothing(const char*, va_list) {}
-
-void silence(const LameStream& lame) {
-    lame.calls().setErrorReport(lame.flags(), sayNothing);
-    lame.calls().setDebugReport(lame.flags(), sayNothing);
-    lame.calls().setMessageReport(lame.flags(), sayNothing);
-}
-
 bool configure(const LameStream& lame, const platform::ConfigRecord& config) {
     const Lame& calls = lame.calls();
     LameFlags* flags = lame.flags();
     const auto number = [&config](std::size_t at) { return static_cast<int>(field(config, at)); };
-    silence(lame);
+    lame.silence();
     calls.setInSampleRate(flags, number(sampleRateAt));
     calls.setOutSampleRate(flags, number(resampleRateAt)); // 0: the library decides
     calls.setChannels(flags, field(config, modeAt) == mono ? 1 : 2);

@@ -13,15 +13,6 @@ fs::path installedFolder(const fs::path& programFolder) {
     return fs::is_directory(folder, error) ? folder : fs::path();
 }
 
-// A relative path in the variable is to be ignored, by the convention that names it.
-fs::path dataFolder(const char* xdgDataHome, const char* home) {
-    const fs::path named = xdgDataHome != nullptr ? xdgDataHome : "";
-    if (named.is_absolute())
-        return named / "velorin";
-    const fs::path users = home != nullptr ? home : "";
-    return users.is_absolute() ? users / ".local" / "share" / "velorin" : fs::path();
-}
-
 // An administrator may write among the system's programs; songs have no place there all the same.
 fs::path workFolder(const fs::path& beside, const fs::path& users) {
     const bool isOwn = installedFolder(beside).empty() && access(beside.c_str(), W_OK) == 0;

@@ -10,10 +10,6 @@ namespace velorin::host {
 /// empty if the program was not installed, as in a folder that it was built in or unpacked into.
 [[nodiscard]] std::filesystem::path installedFolder(const std::filesystem::path& programFolder);
 
-/// The user's folder for what programs make, "$XDG_DATA_HOME/velorin" or "~/.local/share/velorin";
-/// empty if there is no home. The arguments are the values of the environment, null for none.
-[[nodiscard]] std::filesystem::path dataFolder(const char* xdgDataHome, const char* home);
-
 /// The folder in which "Songs" and "media" lie, `beside` the program or `users`, and it is there on
 /// return. That of the program if it may be written to and was not installed; without a user's
 /// folder there is no other.

@@ -2,10 +2,10 @@
 #include "host/SdlSink.h"
 
 #include "host/SoundSource.h"
+#include "host/SystemClock.h"
 
 #include <SDL.h>
 
-#include <chrono>
 #include <cstring>
 
 #ifdef __linux__
@@ -15,11 +15,6 @@
 namespace velorin::host {
 
 namespace {
-
-std::int64_t nowNs() {
-    using namespace std::chrono;
-    return duration_cast<nanoseconds>(steady_clock::now().time_since_epoch()).count();
-}
 
 /// A buffer that comes late is heard as a crack. Where the system lets it, the stream's thread runs
 /// before all that can wait; it sleeps from one buffer to the next.
@@ -45,7 +40,7 @@ void SdlSink::fill(void* sink, unsigned char* bytes, int count) {
     }
     const int frames = count / static_cast<int>(2 * sizeof(float));
     // SDL goes on to ask without a card, by waits in whole milliseconds: a sixth too fast.
-    const std::int64_t atNs = self.hasCard() ? nowNs() : self.pace_.wait(frames);
+    const std::int64_t atNs = self.hasCard() ? steadyNs() : self.pace_.wait(frames);
     self.pull_(reinterpret_cast<float*>(bytes), frames, atNs);
 }
 

@@ -61,15 +61,6 @@ int Descriptor::release() {
     return std::exchange(number_, -1);
 }
 
-// A relative path in the variable is to be ignored, by the convention that names it.
-fs::path stateFolder(const char* xdgStateHome, const char* home) {
-    const fs::path named = xdgStateHome != nullptr ? xdgStateHome : "";
-    if (named.is_absolute())
-        return named / "velorin";
-    const fs::path users = home != nullptr ? home : "";
-    return users.is_absolute() ? users / ".local" / "state" / "velorin" : fs::path();
-}
-
 // Between the opening and the locking another process may have taken the file away; then the lock
 // would guard a name that is free.
 Descriptor lockFile(const fs::path& path) {

@@ -27,11 +27,6 @@ private:
     int number_;
 };
 
-/// The user's folder for what programs keep between runs, "$XDG_STATE_HOME/velorin" or
-/// "~/.local/state/velorin"; empty if there is no home. The arguments are the values of the
-/// environment, null for none.
-[[nodiscard]] std::filesystem::path stateFolder(const char* xdgStateHome, const char* home);
-
 /// Makes the file if it is missing and locks it. Not open if another process holds the lock, or if
 /// the file cannot be made. The lock ends with the descriptor, and so with the process.
 [[nodiscard]] Descriptor lockFile(const std::filesystem::path& path);

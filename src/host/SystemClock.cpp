@@ -16,9 +16,13 @@ constexpr auto wakeMargin = std::chrono::microseconds(300);
 
 } // namespace
 
-std::int64_t SystemClock::QueryPerformanceCounter() {
+std::int64_t steadyNs() {
     const auto sinceStart = steady_clock::now().time_since_epoch();
     return std::chrono::duration_cast<std::chrono::nanoseconds>(sinceStart).count();
+}
+
+std::int64_t SystemClock::QueryPerformanceCounter() {
+    return steadyNs();
 }
 
 std::uint32_t SystemClock::GetTickCount() {

@@ -5,10 +5,13 @@
 
 namespace velorin::host {
 
+/// Nanoseconds of the steady clock; from any thread.
+[[nodiscard]] std::int64_t steadyNs();
+
 /// May be used from any thread.
 class SystemClock final : public platform::Clock {
 public:
-    std::int64_t QueryPerformanceCounter() override; ///< nanoseconds of the steady clock
+    std::int64_t QueryPerformanceCounter() override; ///< `steadyNs`
     std::int64_t QueryPerformanceFrequency() override { return ticksPerSecond; }
     std::uint32_t GetTickCount() override;
     void hold(int milliseconds) override;

@@ -10,7 +10,14 @@ namespace platform {
 /// goes nowhere.
 using MidiOutHandle = std::uint32_t;
 
-/// Results are 0 for success and anything else for a failure.
+// What the calls answer.
+constexpr std::uint32_t midiSuccess = 0;
+constexpr std::uint32_t midiBadDevice = 2;
+constexpr std::uint32_t midiAlreadyOpen = 4;
+constexpr std::uint32_t midiBadHandle = 5;
+constexpr std::uint32_t midiBadParameter = 11;
+
+/// Results are `midiSuccess`, and anything else for a failure.
 class MidiOut {
 public:
     virtual ~MidiOut() = default;

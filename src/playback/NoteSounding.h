@@ -84,6 +84,7 @@ private:
     void forColumnNotes(const std::function<void(int, std::int16_t)>& sound);
     void applyInstrument(std::int16_t instrument);
     void closeDevice();
+    void closeFiles();
     void sendMci(const char* command);
 
     Studio& studio_;

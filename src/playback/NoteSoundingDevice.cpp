@@ -118,24 +118,25 @@ void NoteSounding::StopSound() {
 void NoteSounding::Command32_Click() {
     studio_.run.IsPlaying = flagClear;
     Device_Click();
-    sendMci("stop sound");
-    sendMci("close sound");
-    sendMci("stop midi");
-    sendMci("close midi");
+    closeFiles();
     Combo1_Click();
 }
 
 void NoteSounding::StopallSound() {
-    sendMci("stop sound");
-    sendMci("close sound");
-    sendMci("stop midi");
-    sendMci("close midi");
+    closeFiles();
     sendMci("close all");
 }
 
 void NoteSounding::stopitall() {
     closeDevice();
     sendMci("close all");
+}
+
+void NoteSounding::closeFiles() {
+    sendMci("stop sound");
+    sendMci("close sound");
+    sendMci("stop midi");
+    sendMci("close midi");
 }
 
 void NoteSounding::closeDevice() {

@@ -30,7 +30,6 @@ constexpr char encodeCaption[] = "Encode File";
 constexpr char stopCaption[] = "Stop Encoding";
 constexpr char programName[] = "Velorin";
 constexpr char criticalError[] = "Critical Error";
-constexpr std::uint32_t wavHeaderSize = 44;
 constexpr std::int64_t bytesPerSample = 2;
 
 std::int64_t lengthOf(platform::Platform& platform, const std::string& name) {

@@ -12,8 +12,6 @@ namespace velorin {
 
 namespace {
 
-constexpr std::size_t wavHeaderSize = 44;
-
 using WavHeader = std::array<char, wavHeaderSize>;
 
 void putWord(WavHeader& header, std::size_t at, const char* word) {

@@ -14,6 +14,9 @@ struct Platform;
 
 namespace velorin {
 
+/// The bytes that a WAV file of the program has before its samples.
+constexpr std::uint32_t wavHeaderSize = 44;
+
 /// Each call tells by a 16-bit boolean whether it did what it says. The file is closed with the
 /// object at the latest.
 class clsFileIo {

@@ -27,7 +27,8 @@ bool FileExists(platform::Platform& platform, const std::string& name) {
 void p_DestroyFile(platform::Platform& platform, const std::string& name) {
     platform.files.openForBinary(name).reset();
     platform.files.remove(name);
-    yieldFor(platform, 200);
+    constexpr int settlingMs = 200;
+    yieldFor(platform, settlingMs);
 }
 
 } // namespace velorin

@@ -1,4 +1,4 @@
-// The two file operations that many commands share: is it there, and take it away.
+// What many commands share: is a file there, take it away, and let a moment pass.
 #pragma once
 
 #include <string>

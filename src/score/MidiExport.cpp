@@ -146,20 +146,24 @@ void RowWalk::step(int column, int cell, int instrument, Kind present) {
         PrevInstrument = instrument;
 }
 
-// A tempo of 0 has no length of a quarter note; 0 is written for it.
+// The file's header and the tempo track, which has no notes. A tempo of 0 has no length of a
+// quarter note; 0 is written for it.
 void putHeader(ExportBuffer& buffer, int tempo) {
+    constexpr int headerBytes = 6;
+    constexpr int format = 1;
+    constexpr int tempoTrackBytes = 19;
     buffer.put("MThd");
-    buffer.putNumber(6, 4);
-    buffer.putNumber(1, 2);
+    buffer.putNumber(headerBytes, 4);
+    buffer.putNumber(format, 2);
     buffer.putNumber(1 + scoreRows, 2);
-    buffer.putNumber(4 * ticksPerColumn, 2);
+    buffer.putNumber(4 * ticksPerColumn, 2); // ticks of a quarter note
     buffer.put("MTrk");
-    buffer.putNumber(19, 4);
-    buffer.putNumber(0x00FF5103, 4);
+    buffer.putNumber(tempoTrackBytes, 4);
+    buffer.putNumber(0x00FF5103, 4); // at once: the tempo, three bytes
     buffer.putNumber(tempo == 0 ? 0 : microsecondsPerMinute / tempo, 3);
-    buffer.putNumber(0x00FF5804, 4);
-    buffer.putNumber(0x04021808, 4);
-    buffer.putNumber(0x00FF2F00, 4);
+    buffer.putNumber(0x00FF5804, 4); // at once: the measure, four bytes
+    buffer.putNumber(0x04021808, 4); // 4/4, 24 clocks a beat, 8 demisemiquavers a quarter note
+    buffer.putNumber(0x00FF2F00, 4); // at once: the end of the track
 }
 
 void putTrack(ExportBuffer& buffer, const Score& score, int row, bool isHidden) {

@@ -1,5 +1,4 @@
-// The sample files that the tutorial puts beside the program for the length of a run, and the small
-// file helpers that go with them.
+// The sample files that the tutorial puts beside the program for the length of a run.
 #include "shell/SampleFiles.h"
 
 #include "platform/Files.h"

@@ -1,5 +1,4 @@
-// The sample files that the tutorial puts beside the program for the length of a run, and the small
-// file helpers that go with them.
+// The sample files that the tutorial puts beside the program for the length of a run.
 #pragma once
 
 #include <span>
@@ -14,10 +13,8 @@ class SampleFiles {
 public:
     explicit SampleFiles(Studio& studio) : studio_(studio) {}
 
-    /// True if the file can be opened for input.
+    // As in score/FileHelpers.h.
     [[nodiscard]] bool FileExists(const std::string& name);
-
-    /// Opens the file for writing, closes it, deletes it, and waits 0.2 seconds.
     void p_DestroyFile(const std::string& name);
 
     /// Makes the folder "media" and writes every sample file that is not there. A number that

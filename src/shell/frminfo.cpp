@@ -5,6 +5,7 @@
 #include "platform/MessageLoop.h"
 #include "platform/Platform.h"
 #include "platform/Timers.h"
+#include "score/FileHelpers.h"
 #include "shell/HintPanel.h"
 
 namespace velorin {
@@ -128,12 +129,8 @@ void frminfo::waitForLoad() {
 void frminfo::waitBeforeLesson() {
     panel().setText({}, false);
     loaded_ = true;
-    const std::int64_t end = platform_.clock.QueryPerformanceCounter() +
-                             loadWaitSeconds * platform_.clock.QueryPerformanceFrequency();
     ++lessonsWaiting_;
-    while (platform_.clock.QueryPerformanceCounter() < end && !platform_.loop.isEnding()) {
-        platform_.loop.waitUntil(end);
-    }
+    yieldFor(platform_, 1000 * loadWaitSeconds);
     --lessonsWaiting_;
 }
 

@@ -1,8 +1,8 @@
 // What happens when a step of a lesson is clicked.
 #include "tutorial/Tutorial.h"
 
-#include "platform/Clock.h"
 #include "platform/MessageLoop.h"
+#include "score/FileHelpers.h"
 #include "score/Studio.h"
 #include "tutorial/Lesson.h"
 #include "tutorial/WizardDesk.h"
@@ -104,11 +104,8 @@ void Tutorial::perform(const Step& step) {
 }
 
 void Tutorial::pause1() {
-    platform::Clock& clock = studio_.platform.clock;
-    const std::int64_t end =
-        clock.QueryPerformanceCounter() + clock.QueryPerformanceFrequency() / 2;
-    while (clock.QueryPerformanceCounter() < end && !isEnding())
-        studio_.platform.loop.waitUntil(end);
+    constexpr int paceMs = 500;
+    yieldFor(studio_.platform, paceMs);
 }
 
 void Tutorial::loadSample(const char* sample) {

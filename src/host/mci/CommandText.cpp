@@ -35,7 +35,7 @@ std::string takeLast(std::string& text) {
 }
 
 std::string withoutQuotes(const std::string& text) {
-    const std::string name = trimBlanks(text);
+    std::string name = trimBlanks(text);
     if (name.size() >= 2 && name.front() == '"' && name.back() == '"')
         return name.substr(1, name.size() - 2);
     return name;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/ShortMessage.h"
+#include "host/SystemClock.h"
 
 #include <chrono>
 #include <condition_variable>
@@ -26,11 +27,7 @@ public:
 
     /// The port's clock, which the player goes by: the steady clock, unless a port keeps a time of
     /// its own. From any thread.
-    [[nodiscard]] virtual std::int64_t nowNs() const {
-        return std::chrono::duration_cast<std::chrono::nanoseconds>(
-                   std::chrono::steady_clock::now().time_since_epoch())
-            .count();
-    }
+    [[nodiscard]] virtual std::int64_t nowNs() const { return steadyNs(); }
 
     /// Waits for a notice, at most until `momentNs` of that clock; may return before.
     virtual void waitUntil(std::int64_t momentNs, std::condition_variable& notice,

@@ -26,6 +26,8 @@ private:
     bool complete_ = true;
 };
 
+void sayNothing(const char*, va_list) {}
+
 } // namespace
 
 std::shared_ptr<const Lame> Lame::load(const std::filesystem::path& name) {
@@ -57,6 +59,12 @@ std::shared_ptr<const Lame> Lame::load(const std::filesystem::path& name) {
     bind(lame->tagFrame, "lame_get_lametag_frame");
     bind(lame->close, "lame_close");
     return bind.isComplete() ? lame : nullptr;
+}
+
+void LameStream::silence() const {
+    lame_->setErrorReport(flags_, sayNothing);
+    lame_->setDebugReport(flags_, sayNothing);
+    lame_->setMessageReport(flags_, sayNothing);
 }
 
 } // namespace velorin::host

@@ -43,6 +43,10 @@ struct Lame {
     std::shared_ptr<void> library; ///< stays loaded as long as this lives
 };
 
+// Its numbers for the channels of a file.
+constexpr int lameJointStereo = 1;
+constexpr int lameMono = 3;
+
 /// One encoding: the library's flags with their end.
 class LameStream {
 public:
@@ -61,6 +65,9 @@ public:
 
     [[nodiscard]] const Lame& calls() const { return *lame_; }
     [[nodiscard]] LameFlags* flags() const { return flags_; }
+
+    /// Keeps the library's own messages from standard error.
+    void silence() const;
 
     /// The bytes that an output buffer needs for so many frames.
     [[nodiscard]] static std::size_t outputSize(std::size_t frames) {

@@ -214,10 +214,3 @@ TEST_F(KeptFolderTest, KeptTextsAreForTheUserAlone) {
     for (const auto& file : fs::directory_iterator(state))
         EXPECT_EQ(file.status().permissions(), fs::perms::owner_read | fs::perms::owner_write);
 }
-
-TEST_F(KeptFolderTest, StateFolderFollowsTheDesktopsConvention) {
-    EXPECT_EQ(stateFolder("/x/state", "/home/anna"), "/x/state/velorin");
-    EXPECT_EQ(stateFolder(nullptr, "/home/anna"), "/home/anna/.local/state/velorin");
-    EXPECT_EQ(stateFolder("relative", "/home/anna"), "/home/anna/.local/state/velorin");
-    EXPECT_EQ(stateFolder("", nullptr), "");
-}

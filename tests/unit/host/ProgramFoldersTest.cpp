@@ -1,6 +1,7 @@
 // Where songs lie: beside a program that was unpacked somewhere, with the user for one that was
 // installed.
 #include "host/ProgramFolders.h"
+#include "host/UserFolders.h"
 
 #include <gtest/gtest.h>
 
@@ -72,12 +73,16 @@ TEST_F(ProgramFoldersTest, WithoutAHomeSongsStayBesideTheProgram) {
     EXPECT_EQ(workFolder(programs, ""), programs);
 }
 
-TEST_F(ProgramFoldersTest, TheUsersFolderGoesByTheEnvironment) {
+TEST_F(ProgramFoldersTest, TheUsersFoldersGoByTheEnvironment) {
     EXPECT_EQ(dataFolder("/data", "/home/ada"), "/data/velorin");
     EXPECT_EQ(dataFolder("data", "/home/ada"), "/home/ada/.local/share/velorin");
     EXPECT_EQ(dataFolder("", "/home/ada"), "/home/ada/.local/share/velorin");
     EXPECT_EQ(dataFolder(nullptr, "/home/ada"), "/home/ada/.local/share/velorin");
     EXPECT_EQ(dataFolder(nullptr, nullptr), "");
+    EXPECT_EQ(stateFolder("/x/state", "/home/anna"), "/x/state/velorin");
+    EXPECT_EQ(stateFolder("relative", "/home/anna"), "/home/anna/.local/state/velorin");
+    EXPECT_EQ(stateFolder(nullptr, "/home/anna"), "/home/anna/.local/state/velorin");
+    EXPECT_EQ(stateFolder("", nullptr), "");
 }
 
 TEST_F(ProgramFoldersTest, TheFirstStartPutsTheInstalledSongsWhereTheUserCanChangeThem) {
