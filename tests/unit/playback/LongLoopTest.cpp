@@ -2,14 +2,7 @@
 // memory is taken, and the last steps of all passes are made. VELORIN_LOOP_HOURS says how long; a
 // day takes some seconds.
 #include "AllocationCount.h"
-#include "playback/NoDesk.h"
-
-#include "playback/NoteSounding.h"
-#include "playback/Sequencer.h"
-#include "playback/StopWatch.h"
-#include "score/PlainSetup.h"
-#include "score/Studio.h"
-#include "support/ScriptedPlatform.h"
+#include "QuietStage.h"
 
 #include <gtest/gtest.h>
 
@@ -50,15 +43,11 @@ private:
 };
 
 /// Counts the notes, and the first one that does not fall where it is to.
-class TimedMidi final : public platform::MidiOut {
+class TimedMidi final : public WillingMidi {
 public:
     TimedMidi(scripted::VirtualTime& time, float columnSeconds, bool eachPassStartsTheWatch)
         : time_(time), columns_(columnSeconds), eachPassStarts_(eachPassStartsTheWatch) {}
 
-    int midiOutGetNumDevs() override { return 1; }
-    std::string midiOutGetDevCapsA(int) override { return {}; }
-    std::uint32_t midiOutOpen(platform::MidiOutHandle&, int) override { return 0; }
-    std::uint32_t midiOutClose(platform::MidiOutHandle) override { return 0; }
     std::uint32_t midiOutShortMsg(platform::MidiOutHandle, std::uint32_t message) override {
         if ((message & 0xF0U) == 0x90U)
             takeNote();
@@ -93,19 +82,9 @@ protected:
 };
 
 TEST_P(ALoop, OfHoursKeepsItsTimeAndTakesNoMemory) {
-    scripted::ScriptedPlatform host;
-    TimedMidi midi(host.time, columnSeconds(), hasMarker());
-    platform::Platform platform{host.time,    host.time,  midi,       host.mci,
-                                host.dialogs, host.boxes, host.files, host.settings,
-                                host.desktop, host.menus, host.time,  host.systemFiles,
-                                host.encoder, {}};
-    PlainSetup setup;
-    Studio studio(platform, setup);
-    NoDesk desk;
-    NoteSounding sounding(studio, desk);
-    StopWatch watch(host.time, host.time);
-    Sequencer sequencer(studio, sounding, watch, desk);
-    sequencer.PlayTimer = watch.StopWatchNew();
+    QuietStage<TimedMidi> stage(columnSeconds(), hasMarker());
+    Studio& studio = stage.studio;
+    const TimedMidi& midi = stage.midi;
     studio.score.Tempo = static_cast<std::int16_t>(tempo());
     studio.score.NoteArray.write(0, 0, 60);
     studio.score.NoteArray.write(0, 2, 64);
@@ -115,12 +94,12 @@ TEST_P(ALoop, OfHoursKeepsItsTimeAndTakesNoMemory) {
 
     long settled = 0;
     long atEnd = 0;
-    host.time.plan(loopTime() / 10, [&] { settled = allocationCount(); });
-    host.time.plan(loopTime(), [&] {
+    stage.host.time.plan(loopTime() / 10, [&] { settled = allocationCount(); });
+    stage.host.time.plan(loopTime(), [&] {
         atEnd = allocationCount();
         studio.run.LoopSong = flagClear;
     });
-    sequencer.PlayAndStop_Click(0);
+    stage.sequencer.PlayAndStop_Click(0);
 
     EXPECT_EQ(midi.firstWrong, -1);
     EXPECT_EQ(atEnd, settled);
@@ -133,7 +112,7 @@ TEST_P(ALoop, OfHoursKeepsItsTimeAndTakesNoMemory) {
     const double end =
         static_cast<double>(midi.last) / 1e9 + columnSeconds() * (1.0 + 1.0 * passes);
     // Behind a day the numbers of single precision lie 7.8 ms apart, behind some hours 2 ms.
-    EXPECT_NEAR(static_cast<double>(host.time.now()) / 1e9, end,
+    EXPECT_NEAR(static_cast<double>(stage.host.time.now()) / 1e9, end,
                 0.008 + 0.01 * columnSeconds() * static_cast<double>(passes));
     EXPECT_EQ(studio.run.ProgressCount, 0);
     EXPECT_EQ(studio.run.IsPlaying, flagClear);

@@ -207,15 +207,7 @@ TEST_F(PlayState, TheProgramsEndWhileARecordingIsSavedEndsThePlayThere) {
     EXPECT_EQ(asked().back(), "0.960 Recordcontrol");
 }
 
-struct Selection : PlayState {
-    void playBlock(std::int16_t first, std::int16_t last) {
-        studio.run.PlayBlockStart = first;
-        studio.run.PlayBlockEnd = last;
-        studio.run.IsPlaying = flagSet;
-        sequencer.PlaySelection();
-        studio.run.IsPlaying = flagClear;
-    }
-};
+struct Selection : PlayState {};
 
 TEST_F(Selection, OfOneColumnOrNotMadeYetDoesNothing) {
     playBlock(0, 0);

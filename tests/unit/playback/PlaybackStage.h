@@ -105,6 +105,15 @@ struct PlaybackStage {
             std::move(run));
     }
 
+    /// Plays the columns [first, last], as the Editing Toolbar's button does.
+    void playBlock(std::int16_t first, std::int16_t last) {
+        studio.run.PlayBlockStart = first;
+        studio.run.PlayBlockEnd = last;
+        studio.run.IsPlaying = flagSet;
+        sequencer.PlaySelection();
+        studio.run.IsPlaying = flagClear;
+    }
+
     /// The messages since the last call.
     Lines midi() { return std::exchange(host.midi.log, {}); }
     /// What was asked of the windows since the last call.

@@ -150,15 +150,7 @@ TEST_F(Silence, ALoopWithoutTheMarkerLeavesNone) {
     EXPECT_EQ(ledger.begun(), 3);
 }
 
-struct SilenceOfABlock : Silence {
-    void playBlock(std::int16_t first, std::int16_t last) {
-        studio.run.PlayBlockStart = first;
-        studio.run.PlayBlockEnd = last;
-        studio.run.IsPlaying = flagSet;
-        sequencer.PlaySelection();
-        studio.run.IsPlaying = flagClear;
-    }
-};
+struct SilenceOfABlock : Silence {};
 
 TEST_F(SilenceOfABlock, IsCompleteThoughItsNotesGoOnBehindIt) {
     write(0, ". 60 = = = = =");

@@ -2,14 +2,11 @@
 #include "score/ScoreFiles.h"
 
 #include "Recorders.h"
+#include "ScoreFolder.h"
 #include "Songs.h"
-#include "support/ScriptedPlatform.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <ostream>
 #include <streambuf>
 
@@ -68,22 +65,8 @@ private:
     platform::Files& files_;
 };
 
-class KeptCopyTest : public testing::Test {
+class KeptCopyTest : public testing::Test, public ScoreFolder {
 protected:
-    [[nodiscard]] std::string at(const std::string& name) const {
-        return (host.folder.path() / name).string();
-    }
-    void put(const std::string& name, const std::string& content) const {
-        std::ofstream(at(name), std::ios::binary) << content;
-    }
-    [[nodiscard]] std::string content(const std::string& name) const {
-        std::ifstream file(at(name), std::ios::binary);
-        if (!file)
-            return "no such file";
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-
-    scripted::ScriptedPlatform host;
     FullDisk disk{host.files};
     platform::Platform platform{host.platform.clock,
                                 host.platform.loop,

@@ -2,9 +2,9 @@
 #include "score/ScoreFiles.h"
 
 #include "Recorders.h"
+#include "ScoreFolder.h"
 #include "Songs.h"
 #include "platform/Text.h"
-#include "support/ScriptedPlatform.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -19,26 +19,12 @@ using testing::ElementsAre;
 
 namespace {
 
-class ScoreFilesTest : public testing::Test {
+class ScoreFilesTest : public testing::Test, public ScoreFolder {
 protected:
-    [[nodiscard]] std::string at(const std::string& name) const {
-        return (host.folder.path() / name).string();
-    }
-    void put(const std::string& name, const std::string& content) const {
-        std::ofstream(at(name), std::ios::binary) << content;
-    }
-    [[nodiscard]] std::string content(const std::string& name) const {
-        std::ifstream file(at(name), std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-    [[nodiscard]] bool exists(const std::string& name) const {
-        return std::filesystem::exists(at(name));
-    }
     void answer(const std::string& name, int filter = 1) {
         host.dialogs.answers.push_back(platform::FileDialogAnswer{name, filter});
     }
 
-    scripted::ScriptedPlatform host;
     Log log;
     RecordingDesk desk{log};
     RecordingSetup setup{log};
