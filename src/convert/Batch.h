@@ -1,7 +1,6 @@
 // Many conversions, several at a time.
 #pragma once
 
-#include "convert/Folders.h"
 #include "convert/Options.h"
 
 #include <functional>

@@ -1,6 +1,7 @@
 // velorin-convert: scores to MIDI files, sound, pictures, and scores anew; MIDI files and WAV files
 // to sound.
 #include "convert/Batch.h"
+#include "convert/Folders.h"
 #include "convert/Options.h"
 #include "convert/WholeFile.h"
 #include "host/BreakOff.h"

@@ -4,7 +4,6 @@
 #include "platform/Text.h"
 
 #include <algorithm>
-#include <string_view>
 #include <vector>
 
 namespace velorin::host {

@@ -1,6 +1,5 @@
 // One column of the song: what each row's cell says against the cell of the column before, and the
 // share of the song that has been played.
-#include "platform/Text.h"
 #include "playback/NoteSounding.h"
 #include "playback/PlaybackDesk.h"
 #include "playback/Progress.h"

@@ -2,7 +2,6 @@
 // recording ends.
 #pragma once
 
-#include <cstdint>
 #include <string>
 
 namespace velorin {

@@ -1,8 +1,6 @@
 // What the commands on the score ask of the main window: its pictures, its focus, its hidden lists.
 #pragma once
 
-#include <string>
-
 namespace velorin {
 
 /// Implemented by `Form1`. Row [0, 13); list indices count from 0, -1 is no entry.

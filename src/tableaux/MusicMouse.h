@@ -1,8 +1,6 @@
 // Mouse editing of the music tableau: rubber bands, selections, erasing, tool tips.
 #pragma once
 
-#include <cstdint>
-
 namespace velorin {
 
 class MusicTableau;

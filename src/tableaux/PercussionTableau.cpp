@@ -1,15 +1,10 @@
 // The percussion strip's picture, and what it does when it is shown, hidden or given the focus.
 #include "tableaux/PercussionTableau.h"
 
-#include "platform/MessageLoop.h"
-#include "platform/Text.h"
-#include "playback/NoteSounding.h"
 #include "score/SetupControls.h"
 #include "score/Studio.h"
-#include "tableaux/MouseDrag.h"
-#include "tableaux/MusicTableau.h"
+#include "tableaux/CellGrid.h"
 #include "tableaux/Picmain.h"
-#include "tableaux/TableauDesk.h"
 
 #include <algorithm>
 

@@ -4,7 +4,7 @@
 #include "controls/ControlTable.h"
 #include "platform/Text.h"
 #include "score/Studio.h"
-#include "tableaux/MouseDrag.h"
+#include "tableaux/CellGrid.h"
 #include "tableaux/MusicTableau.h"
 #include "tableaux/Picmain.h"
 

@@ -5,8 +5,6 @@
 #include "tutorial/Tutorial.h"
 #include "tutorial/WizardDesk.h"
 
-#include <initializer_list>
-
 namespace velorin {
 
 /// A place on `MusicBox` in pixels.

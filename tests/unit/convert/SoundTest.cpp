@@ -3,6 +3,7 @@
 #include "../recorded/OtherPrograms.h"
 #include "convert/Batch.h"
 #include "convert/Conversion.h"
+#include "convert/Folders.h"
 #include "host/SoundFonts.h"
 #include "host/media/Lame.h"
 #include "host/media/SoundReader.h"
