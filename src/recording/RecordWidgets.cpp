@@ -2,7 +2,7 @@
 #include "recording/RecordWidgets.h"
 
 #include "controls/ScreenReader.h"
-#include "shell/LookColors.h"
+#include "resources/LookColors.h"
 #include "shell/PlacedControls.h"
 
 #include <QKeyEvent>

@@ -1,6 +1,8 @@
 // The look of the program, applied to the whole application.
 #include "resources/Look.h"
 
+#include "resources/LookColors.h"
+
 #include <QApplication>
 #include <QFile>
 #include <QFont>
@@ -17,26 +19,22 @@ namespace velorin {
 namespace {
 
 QPalette inkAndPaper() {
-    const QColor mist(226, 231, 248);
-    const QColor inkText(30, 34, 70);
-    const QColor paper(255, 255, 255);
-    const QColor face(58, 64, 120);
     QPalette palette;
-    palette.setColor(QPalette::Window, QColor(38, 42, 86));
-    palette.setColor(QPalette::WindowText, mist);
-    palette.setColor(QPalette::Base, paper);
-    palette.setColor(QPalette::AlternateBase, QColor(240, 241, 250));
-    palette.setColor(QPalette::Text, inkText);
-    palette.setColor(QPalette::Button, face);
-    palette.setColor(QPalette::ButtonText, mist);
-    palette.setColor(QPalette::Highlight, QColor(42, 98, 196));
-    palette.setColor(QPalette::HighlightedText, paper);
-    palette.setColor(QPalette::ToolTipBase, QColor(255, 255, 232));
-    palette.setColor(QPalette::ToolTipText, inkText);
-    palette.setColor(QPalette::PlaceholderText, QColor(112, 118, 160));
+    palette.setColor(QPalette::Window, look::ink700);
+    palette.setColor(QPalette::WindowText, look::mist);
+    palette.setColor(QPalette::Base, look::paper);
+    palette.setColor(QPalette::AlternateBase, look::paper2);
+    palette.setColor(QPalette::Text, look::inkText);
+    palette.setColor(QPalette::Button, look::face);
+    palette.setColor(QPalette::ButtonText, look::mist);
+    palette.setColor(QPalette::Highlight, look::chosen);
+    palette.setColor(QPalette::HighlightedText, look::paper);
+    palette.setColor(QPalette::ToolTipBase, look::hint);
+    palette.setColor(QPalette::ToolTipText, look::inkText);
+    palette.setColor(QPalette::PlaceholderText, look::dim);
     for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
-        palette.setColor(QPalette::Disabled, role, QColor(134, 141, 194));
-    palette.setColor(QPalette::Disabled, QPalette::Base, face);
+        palette.setColor(QPalette::Disabled, role, look::edge2);
+    palette.setColor(QPalette::Disabled, QPalette::Base, look::face);
     return palette;
 }
 

@@ -1,7 +1,7 @@
 // How the frames of the windows are painted.
 #include "shell/FramePaint.h"
 
-#include "shell/LookColors.h"
+#include "resources/LookColors.h"
 
 #include <QLinearGradient>
 #include <QPainter>

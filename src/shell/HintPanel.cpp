@@ -2,8 +2,8 @@
 #include "shell/HintPanel.h"
 
 #include "controls/DescribedControls.h"
+#include "resources/LookColors.h"
 #include "shell/FramePaint.h"
-#include "shell/LookColors.h"
 #include "shell/WindowDrag.h"
 #include "shell/WindowKeys.h"
 

@@ -2,8 +2,8 @@
 #include "shell/RowButton.h"
 
 #include "controls/ScreenReader.h"
+#include "resources/LookColors.h"
 #include "score/Cell.h"
-#include "shell/LookColors.h"
 
 #include <QIcon>
 #include <QKeyEvent>

@@ -1,8 +1,8 @@
 // `openerF`, the splash.
 #include "shell/openerF.h"
 
+#include "resources/LookColors.h"
 #include "shell/FramePaint.h"
-#include "shell/LookColors.h"
 #include "shell/WindowDrag.h"
 
 #include <QPainter>

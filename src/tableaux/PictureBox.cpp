@@ -1,6 +1,8 @@
 // A picture control: a widget that shows a drawing surface.
 #include "tableaux/PictureBox.h"
 
+#include "resources/LookColors.h"
+
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
@@ -133,7 +135,7 @@ void PictureBox::paintEvent(QPaintEvent* event) {
     painter.drawImage(QPointF(0, 0), pixels);
     if (hasRing_) {
         painter.resetTransform();
-        painter.setPen(QPen(QColor(68, 204, 255), focusRingPx));
+        painter.setPen(QPen(look::sky, focusRingPx));
         painter.drawRect(rect().adjusted(1, 1, -1, -1));
     }
 }

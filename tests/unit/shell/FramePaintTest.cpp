@@ -1,6 +1,6 @@
 // The lines around the windows: what is drawn in pieces looks as if it were drawn in one.
 #include "shell/FramePaint.h"
-#include "shell/LookColors.h"
+#include "resources/LookColors.h"
 
 #include <gtest/gtest.h>
 
