@@ -125,6 +125,13 @@ void repairBehindNote(Studio& studio) {
     startIfHeld(score.NoteArray, score.CurrentRow, column);
 }
 
+void endSelectionAt(Studio& studio, double x) {
+    store(studio.drag.MouseColumn, pixelToCell(x));
+    clampToVisible(studio);
+    clampToDragStart(studio);
+    store(studio.score.SelectEnd, pressedScoreColumn(studio));
+}
+
 void walkToHead(Studio& studio, const std::function<void()>& passed) {
     for (int steps = 0; steps < scoreColumns && isHeldAtMouse(studio); ++steps) {
         passed();

@@ -66,6 +66,10 @@ bool writeHeldCells(Studio& studio);
 /// What is left of a note behind the new one becomes a note of its own.
 void repairBehindNote(Studio& studio);
 
+/// The release of a selection: `SelectEnd` becomes the column under the pointer, at least that of
+/// the press and at most the last in view.
+void endSelectionAt(Studio& studio, double x);
+
 // The right button's stroke. `MouseColumn` itself walks, left to the head and right to the end.
 
 /// Calls `passed` for each held cell, steps left of it and lets the message loop through. A cell

@@ -237,12 +237,8 @@ void MusicMouse::endNote() {
 }
 
 void MusicMouse::endSelection(double x) {
-    store(studio_.drag.MouseColumn, pixelToCell(x));
-    clampToVisible(studio_);
-    clampToDragStart(studio_);
-    const auto column = pressedScoreColumn(studio_);
-    store(studio_.score.SelectEnd, column);
-    store(studio_.run.PlayBlockEnd, column);
+    endSelectionAt(studio_, x);
+    store(studio_.run.PlayBlockEnd, pressedScoreColumn(studio_));
     redraw();
 }
 

@@ -173,10 +173,7 @@ void PercussionTableau::Beatbox_MouseUp(int button, int /*shift*/, double x, dou
         if (button == leftButton)
             endBeat();
     } else if (studio_.run.EditMode == editMode::select && button == leftButton) {
-        store(studio_.drag.MouseColumn, pixelToCell(x));
-        clampToVisible(studio_);
-        clampToDragStart(studio_);
-        store(studio_.score.SelectEnd, pressedScoreColumn(studio_));
+        endSelectionAt(studio_, x);
         DrawBeatArray();
     }
 }
