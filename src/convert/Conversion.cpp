@@ -124,7 +124,7 @@ std::string makeFromScore(const Task& task) {
 std::string convert(const Task& task, const Options& options, const Attendant& attendant) {
     if (!canMake(sourceKindOf(task.score), task.kind))
         return about(task.score, "cannot be turned into this kind of file");
-    if (const std::string problem = checkTarget(task.target); !problem.empty())
+    if (std::string problem = checkTarget(task.target); !problem.empty())
         return problem;
     std::error_code failed; // they are two files then
     if (!options.mayReplaceScore && fs::equivalent(task.score, task.target, failed))
