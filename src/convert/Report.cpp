@@ -1,6 +1,7 @@
 // The results of a batch in JSON.
 #include "convert/Batch.h"
 
+#include <cmath>
 #include <cstdio>
 
 namespace velorin::convert {
@@ -66,7 +67,7 @@ std::string quoted(const std::string& text) {
 }
 
 std::string seconds(double number) {
-    const auto thousandths = static_cast<long long>(number * 1000.0 + 0.5);
+    const auto thousandths = std::llround(number * 1000.0);
     char text[40];
     std::snprintf(text, sizeof text, "%lld.%03lld", thousandths / 1000, thousandths % 1000);
     return text;

@@ -1,16 +1,14 @@
 """Opens a score with the mouse, plays it, listens to it, stops it, rewinds it and saves it in both formats."""
 
-import statistics
 import subprocess
 
 import listen
 from desk import Desk, Failure, check, run, wait_until
-from tune import BEAT_COLUMNS, BEATS, COLUMN_S, melody_and_beats, play
+from tune import BEAT_COLUMNS, BEATS, COLUMN_S, late_beats, melody_and_beats, play
 
 MELODY = [60, 65, 67, 58, 63, 55, 70]  # pitch indices, counted from the top: the keys are 127 less these
 FIRST_BEAT = 20
 PLAYING_S = (FIRST_BEAT + BEAT_COLUMNS * BEATS + 2) * COLUMN_S + 1
-BLOCK_S = 64 / 44100  # a note begins with one of the synthesizer's blocks
 WAKING_S = 0.0005  # of the processor for two columns, on a busy machine
 ATTEMPTS = 5  # a machine that is busy with other things tears the stream now and then, but not each time
 
@@ -39,24 +37,12 @@ def check_melody(sound):
     check(listen.loudness(rest) < 0.1 * listen.loudness(sound), "the melody does not end")
 
 
-def check_beats(sound):
-    """How far each beat is from its place behind the beat before it."""
-    part = sound[int((FIRST_BEAT - 1) * COLUMN_S * listen.RATE):]
-    frames = listen.onsets(part)
-    check(len(frames) == BEATS, f"{len(frames)} beats sounded and not {BEATS}")
-    expected = BEAT_COLUMNS * COLUMN_S * listen.RATE
-    late = [(b - a - expected) / listen.RATE for a, b in zip(frames, frames[1:])]
-    told = "the distances of the beats are off by ms: " + " ".join(f"{1000 * value:.2f}" for value in late)
-    check(abs(statistics.median(late)) <= BLOCK_S + WAKING_S, told)
-    check(sum(abs(value) <= 2 * BLOCK_S + WAKING_S for value in late) >= 0.75 * len(late), told)
-
-
 def check_sound(desk, program):
     for attempt in range(ATTEMPTS):
         sound = play(desk, program, PLAYING_S)
         try:
             check_melody(sound)
-            check_beats(sound)
+            late_beats(sound, FIRST_BEAT, WAKING_S)
             return
         except Failure:
             if attempt == ATTEMPTS - 1:

@@ -1,20 +1,18 @@
 """Records a score with the mouse, with a sound server and without one, and listens to the WAV and the MP3."""
 
 import os
-import statistics
 import subprocess
 
 import listen
 from desk import PATIENCE_S, Desk, Failure, check, run, wait_until
 from recorded import (SLOWER, START, decoded, frames_of, from_first_sound, left_of, mp3_seconds, one_new, open_score,
                       open_toolbar)
-from tune import BEAT_COLUMNS, BEATS, COLUMN_S, melody_and_beats
+from tune import BEAT_COLUMNS, BEATS, BLOCK_S, COLUMN_S, late_beats, melody_and_beats
 
 MELODY = [60, 65, 67, 58, 63]  # pitch indices, counted from the top: the keys are 127 less these
 NOTE_COLUMNS = 4
 FIRST_BEAT = 24
 COLUMNS = FIRST_BEAT + BEAT_COLUMNS * (BEATS - 1) + 1
-BLOCK_S = 64 / listen.RATE  # a note begins with one of the synthesizer's blocks
 # What the waking of the processor may cost two columns, at each attempt: a machine that is busy with other things wakes
 # the program late now and then, and one that is busy all the time does so again and again.
 WAKING_S = [0.0005, 0.002, 0.006]
@@ -53,13 +51,7 @@ def check_melody(sound, slower=1):
 
 def check_beats(sound, waking_s):
     """How far each beat is from its place behind the beat before it, and behind the first."""
-    frames = listen.onsets(sound[int((FIRST_BEAT - 1) * COLUMN_S * listen.RATE):])
-    check(len(frames) == BEATS, f"{len(frames)} beats were recorded and not {BEATS}")
-    expected = BEAT_COLUMNS * COLUMN_S * listen.RATE
-    late = [(b - a - expected) / listen.RATE for a, b in zip(frames, frames[1:])]
-    told = "the distances of the beats are off by ms: " + " ".join(f"{1000 * value:.2f}" for value in late)
-    check(abs(statistics.median(late)) <= BLOCK_S + waking_s, told)
-    check(sum(abs(value) <= 2 * BLOCK_S + waking_s for value in late) >= 0.75 * len(late), told)
+    late, told = late_beats(sound, FIRST_BEAT, waking_s)
     check(min(late) >= -2 * BLOCK_S - waking_s, "sound is missing: " + told)
     check(abs(sum(late)) <= len(late) * (BLOCK_S + waking_s), "the song is longer or shorter: " + told)
 
