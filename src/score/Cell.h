@@ -52,7 +52,6 @@ constexpr int PitchToKey(int pitch) {
 // percussion map.
 
 constexpr int firstPercussion = 128;
-constexpr int percussionSounds = 47;
 constexpr bool isPercussion(int instrument) {
     return instrument >= firstPercussion;
 }
