@@ -17,7 +17,7 @@ from screen import Screen
 from waiting import PATIENCE_S, Failure, check, wait_until
 
 __all__ = ["BEATBOX", "CELL", "EDIT", "LEFT", "MUSIC_BOX", "PATIENCE_S", "RIGHT", "SETUP", "WHEEL_DOWN", "WHEEL_UP",
-           "Desk", "Failure", "Program", "check", "run", "wait_until"]
+           "Desk", "DeskWithoutSound", "Failure", "Program", "check", "run", "wait_until"]
 
 WIDTH, HEIGHT = 1600, 900
 LEFT, RIGHT, WHEEL_UP, WHEEL_DOWN = 1, 3, 4, 5
@@ -42,6 +42,8 @@ def put_first_of_all(process):
 
 class Desk:
     """Everything around the program; `with Desk(build) as desk:` clears all of it away again."""
+
+    hears = True  # a sound server plays, and `recording` is what it has played
 
     def __init__(self, build, manager=False, size=(WIDTH, HEIGHT)):
         self.build = pathlib.Path(build).resolve()
@@ -257,6 +259,15 @@ class Desk:
         x, y, width, height = place
         left, top = max(x, 0), max(y, 0)
         return left, top, max(0, min(x + width, self.size[0]) - left), max(0, min(y + height, self.size[1]) - top)
+
+
+class DeskWithoutSound(Desk):
+    """No sound server, and none that a library could start."""
+
+    hears = False
+
+    def open_sound(self):
+        self.environment["PULSE_SERVER"] = f"unix:{self.run_folder}/none"
 
 
 def run(test):

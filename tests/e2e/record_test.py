@@ -4,7 +4,7 @@ import os
 import subprocess
 
 import listen
-from desk import PATIENCE_S, Desk, Failure, check, run, wait_until
+from desk import PATIENCE_S, Desk, DeskWithoutSound, Failure, check, run, wait_until
 from recorded import (SLOWER, START, decoded, frames_of, from_first_sound, left_of, mp3_seconds, one_new, open_score,
                       open_toolbar)
 from tune import BEAT_COLUMNS, BEATS, BLOCK_S, COLUMN_S, late_beats, melody_and_beats
@@ -18,13 +18,6 @@ COLUMNS = FIRST_BEAT + BEAT_COLUMNS * (BEATS - 1) + 1
 WAKING_S = [0.0005, 0.002, 0.006]
 if os.getloadavg()[0] > 2 * os.cpu_count():
     WAKING_S.append(0.08)
-
-
-class DeskWithoutSound(Desk):
-    """No sound server, and none that a library could start."""
-
-    def open_sound(self):
-        self.environment["PULSE_SERVER"] = f"unix:{self.run_folder}/none"
 
 
 def record(desk, program):
