@@ -16,6 +16,10 @@ namespace velorin::host {
 
 namespace {
 
+/// SDL asks a PulseAudio server to hold one buffer and fills it when all of it has been played: a
+/// little too late, and there is a crack. A server that holds 20 ms has some 14 left by then.
+constexpr char serverRoomMs[] = "20";
+
 /// A buffer that comes late is heard as a crack. Where the system lets it, the stream's thread runs
 /// before all that can wait; it sleeps from one buffer to the next.
 void runBeforeOthers() {
@@ -68,6 +72,10 @@ std::unique_ptr<SdlSink> SdlSink::open(PullStream pull, int bufferFrames, std::s
         return nullptr;
     }
     return sink;
+}
+
+void SdlSink::askServersForRoom() {
+    SDL_setenv("PULSE_LATENCY_MSEC", serverRoomMs, 0);
 }
 
 void SdlSink::beginSilent() {

@@ -22,6 +22,11 @@ public:
     SdlSink(const SdlSink&) = delete;
     SdlSink& operator=(const SdlSink&) = delete;
 
+    /// Asks sound servers to hold more of the stream than the one buffer that SDL asks for, unless
+    /// the user has asked for something else. Writes the environment, so it wants to be called
+    /// while there is one thread.
+    static void askServersForRoom();
+
     void begin();       ///< to pull
     void beginSilent(); ///< to ask for sound, and get silence until `begin`
 

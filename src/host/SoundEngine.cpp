@@ -52,7 +52,9 @@ bool keepsPace(SdlSink& card) {
 
 } // namespace
 
-SoundEngine::SoundEngine() = default;
+SoundEngine::SoundEngine() {
+    SdlSink::askServersForRoom();
+}
 
 SoundEngine::~SoundEngine() {
     sink_.reset();

@@ -26,7 +26,7 @@ class SoundTap;
 /// Between the two there are queues and nothing else.
 class SoundEngine {
 public:
-    SoundEngine();
+    SoundEngine();  ///< to be made before other threads: it writes the environment
     ~SoundEngine(); ///< ends the stream
     SoundEngine(const SoundEngine&) = delete;
     SoundEngine& operator=(const SoundEngine&) = delete;
