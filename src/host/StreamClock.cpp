@@ -8,8 +8,8 @@ namespace velorin::host {
 
 namespace {
 
-// Sound cards differ from the clock by up to some 100 parts in a million, a server that has none by
-// five times as much. Following at 1000 moves two onsets 120 ms apart by 0.12 ms at most.
+// Sound cards differ from the clock by up to some 100 parts in a million, a server that plays to
+// none by 800. Following at 1000 moves two onsets 120 ms apart by 0.12 ms at most.
 constexpr double followRate = 0.001;
 
 // Pulls that come this much before the line are no card's drift: the server has taken several

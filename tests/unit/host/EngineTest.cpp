@@ -1,10 +1,13 @@
 // The stream: its blocks, its sources and taps, and the clock that pulls it without a sound card.
 #include "Sounds.h"
 #include "host/ClockSink.h"
+#include "host/SoundEngine.h"
 #include "host/SoundTap.h"
 #include "host/Worker.h"
 
 #include <atomic>
+#include <cstdlib>
+#include <string>
 #include <thread>
 
 namespace velorin::host {
@@ -135,6 +138,22 @@ TEST(ATap, ThatIsNotReadLosesWhatFindsNoRoom) {
     TappedBlock block;
     ASSERT_TRUE(tap.read(block));
     EXPECT_EQ(block.firstFrame, 0);
+}
+
+// What a PulseAudio server holds of the stream; without it there is one buffer and a crack for each
+// that comes a little late.
+TEST(TheEngine, AsksServersToHoldTwentyMillisecondsUnlessTheUserAsksForSomethingElse) {
+    const auto asked = [](const char* byTheUser) {
+        if (byTheUser != nullptr)
+            setenv("PULSE_LATENCY_MSEC", byTheUser, 1);
+        else
+            unsetenv("PULSE_LATENCY_MSEC");
+        const SoundEngine engine;
+        return std::string(getenv("PULSE_LATENCY_MSEC"));
+    };
+    EXPECT_EQ(asked(nullptr), "20");
+    EXPECT_EQ(asked("60"), "60");
+    unsetenv("PULSE_LATENCY_MSEC");
 }
 
 TEST(TheClockWithoutACard, PullsNeverFasterThanRealTime) {

@@ -63,6 +63,19 @@ TEST(TheStreamClock, FollowsACardThatRunsFast) {
     EXPECT_NEAR(static_cast<double>(clock.dueFrame(now)), 2000 * 441, 12);
 }
 
+TEST(TheStreamClock, FollowsAServerThatRunsMuchFasterWithoutAJump) {
+    StreamClock clock(44100, 0);
+    constexpr std::int64_t shorter = tenMs - 8000; // 800 parts in a million
+    std::int64_t before = -441;
+    for (int buffer = 0; buffer <= 2000; ++buffer) {
+        const std::int64_t now = second + buffer * shorter;
+        clock.observe(now, buffer * 441);
+        const std::int64_t due = clock.dueFrame(now);
+        EXPECT_NEAR(static_cast<double>(due - before), 441, 1);
+        before = due;
+    }
+}
+
 TEST(TheStreamClock, KeepsDistancesOverABufferThatCameTooLate) {
     StreamClock clock(44100, 320);
     std::int64_t before = 0;
