@@ -6,6 +6,7 @@
 #include "host/HostSystemFiles.h"
 #include "host/KeptFolder.h"
 #include "host/LameEncoder.h"
+#include "host/NoticeBoard.h"
 #include "host/ProgramFolders.h"
 #include "host/QtDialogs.h"
 #include "host/QtMessageBoxes.h"
@@ -61,6 +62,7 @@ constexpr int firstPaintMs = 50;
 int runProgram(velorin::host::EndSignals& signals) {
     using namespace velorin;
     const std::filesystem::path folder = workFolder();
+    host::NoticeBoard notices;
     host::HostSound sound(QCoreApplication::applicationDirPath().toStdString(),
                           (folder / "Songs").string());
     host::QtMessageLoop loop(sound.clock());
@@ -74,9 +76,9 @@ int runProgram(velorin::host::EndSignals& signals) {
     host::KeptFolder kept(host::stateFolder(std::getenv("XDG_STATE_HOME"), std::getenv("HOME")));
     host::HostSystemFiles systemFiles(configFolder());
     host::LameEncoder encoder(QCoreApplication::applicationDirPath().toStdString());
-    platform::Platform platform{sound.clock(), loop,        sound.midi(), sound.mci(),     dialogs,
-                                boxes,         files,       settings,     desktop,         menus,
-                                timers,        systemFiles, encoder,      folder.string(), &kept};
+    platform::Platform platform{
+        sound.clock(), loop,  sound.midi(), sound.mci(), dialogs, boxes,           files, settings,
+        desktop,       menus, timers,       systemFiles, encoder, folder.string(), &kept, &notices};
     std::unique_ptr<HelpWindow> help;
     desktop.openHelp = [&help] {
         if (!help)

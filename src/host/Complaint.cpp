@@ -1,5 +1,7 @@
-// Lines on standard error, each in one write so that two threads do not mix theirs.
+// Lines on standard error, and the way to the notices.
 #include "host/Complaint.h"
+
+#include "platform/Notices.h"
 
 #include <cstdio>
 
@@ -8,7 +10,19 @@ namespace velorin::host {
 void Complaint::say(const std::string& text) {
     if (said_.exchange(true))
         return;
-    const std::string line = "velorin: " + text + "\n";
+    if (notices_ != nullptr)
+        notices_->post({text, {}}); // which logs it too
+    else
+        logLine(text);
+}
+
+void logLine(const std::string& text) {
+    std::string line = "velorin: ";
+    for (const char character : text) {
+        if (character != '\r')
+            line += character == '\n' ? ' ' : character;
+    }
+    line += '\n';
     std::fwrite(line.data(), 1, line.size(), stderr);
 }
 

@@ -17,6 +17,7 @@ class Desktop;
 class PopupMenus;
 class Timers;
 class KeptState;
+class Notices;
 class SystemFiles;
 class Encoder;
 
@@ -39,6 +40,8 @@ struct Platform {
     std::string programFolder;
     /// Null where nothing is to outlive the run.
     KeptState* kept = nullptr;
+    /// Null where no user reads notices; see `notify` in Notices.h.
+    Notices* notices = nullptr;
 };
 
 } // namespace platform

@@ -30,7 +30,7 @@ platform::Platform withLoop(const platform::Platform& host, platform::MessageLoo
             host.desktop, host.menus,
             host.timers,  host.systemFiles,
             host.encoder, host.programFolder,
-            host.kept};
+            host.kept,    host.notices};
 }
 
 } // namespace

@@ -67,6 +67,7 @@ ScriptedPlatform::ScriptedPlatform()
       mci(time),
       systemFiles(folder.path().string()),
       platform{time,     time,    midi,  mci,  dialogs,     boxes,   files,
-               settings, desktop, menus, time, systemFiles, encoder, folder.path().string()} {}
+               settings, desktop, menus, time, systemFiles, encoder, folder.path().string(),
+               nullptr,  &notices} {}
 
 } // namespace scripted

@@ -11,6 +11,7 @@
 #include "support/ScriptedFiles.h"
 #include "support/ScriptedMci.h"
 #include "support/ScriptedMidi.h"
+#include "support/ScriptedNotices.h"
 #include "support/VirtualTime.h"
 
 #include <deque>
@@ -93,6 +94,7 @@ public:
     ScriptedDesktop desktop;
     ScriptedSystemFiles systemFiles;
     ScriptedEncoder encoder;
+    ScriptedNotices notices;
 
     platform::Platform platform; ///< all of the above; the program's folder is `folder`
 };
