@@ -106,6 +106,8 @@ void ScoreFiles::load(const std::string& name, bool withChordMarks) {
     showLoaded();
     if (withChordMarks)
         desk_.DrawPolyTableau();
+    if (file)
+        studio_.saved.setSaved(studio_.score);
 }
 
 // The handler of the first list writes what the second list still shows into the row; the second
@@ -126,7 +128,8 @@ void ScoreFiles::showLoaded() {
 }
 
 void ScoreFiles::SaveScoreFile(const std::string& name) {
-    save(name, scoreText(studio_.score), true);
+    if (save(name, scoreText(studio_.score), true))
+        studio_.saved.setSaved(studio_.score);
     studio_.score.CurrentFileName = platform::lowerCase(name);
 }
 
@@ -140,7 +143,7 @@ void ScoreFiles::ExportMidiFile(const std::string& name) {
     save(name, content, false);
 }
 
-void ScoreFiles::save(const std::string& name, const std::string& content, bool replaceWhole) {
+bool ScoreFiles::save(const std::string& name, const std::string& content, bool replaceWhole) {
     platform::Files& files = studio_.platform.files;
     KeptCopy copy(files, name, name == unfinishedSave_);
     bool saved = false;
@@ -150,6 +153,7 @@ void ScoreFiles::save(const std::string& name, const std::string& content, bool 
     }
     copy.finish(saved);
     unfinishedSave_ = saved ? std::string() : name;
+    return saved;
 }
 
 } // namespace velorin

@@ -31,7 +31,7 @@ public:
 private:
     void load(const std::string& name, bool withChordMarks);
     void showLoaded();
-    void save(const std::string& name, const std::string& content, bool replaceWhole);
+    bool save(const std::string& name, const std::string& content, bool replaceWhole);
 
     Studio& studio_;
     ScoreDesk& desk_;

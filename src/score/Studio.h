@@ -4,6 +4,7 @@
 
 #include "platform/Platform.h"
 #include "score/Run.h"
+#include "score/SavedState.h"
 #include "score/Score.h"
 #include "score/View.h"
 
@@ -20,6 +21,7 @@ struct Studio {
     platform::Platform& platform;
     SetupControls& setup; ///< the Setup Toolbar's controls; the row options among them
     Score score;
+    SavedState saved; ///< whether a file holds `score` as it is
     View view;
     Drag drag;
     Run run;

@@ -1,0 +1,25 @@
+// Whether the score is in a score file as it is now.
+#pragma once
+
+#include <string>
+
+namespace velorin {
+
+struct Score;
+
+/// Set by a save that succeeded and by opening a score; an export does not count. A change that is
+/// taken back by hand leaves the score saved, since content is compared and not edits.
+class SavedState {
+public:
+    /// A score file now holds this score.
+    void setSaved(const Score& score);
+
+    /// True if the score equals the one last saved or opened. False before the first of either, for
+    /// a blank score too: `isWorthKeeping` tells whether there is anything to lose.
+    [[nodiscard]] bool isSaved(const Score& score) const;
+
+private:
+    std::string text_; ///< as `keptText` writes it; empty before the first save or load
+};
+
+} // namespace velorin
