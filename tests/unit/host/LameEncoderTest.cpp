@@ -6,11 +6,21 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdarg>
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <vector>
 
 namespace velorin::host {
+
+/// Of a library that only reports.
+struct LameFlags {
+    void (*error)(const char*, va_list) = nullptr;
+    void (*debug)(const char*, va_list) = nullptr;
+    void (*message)(const char*, va_list) = nullptr;
+};
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -138,6 +148,47 @@ TEST(ABoundEncoder, IsNotBesideAProgramThatHasNone) {
     platform::EncoderStream stream = 0;
     EXPECT_EQ(encoder.beInitStream(record(44100, 1, 128), number, number, stream),
               platform::encoderNoMoreHandles);
+}
+
+using Report = void (*)(const char*, va_list);
+
+// What a library that talks says through the reporter that it was given, if it was given one.
+void say(Report report, const char* text, ...) {
+    va_list arguments;
+    va_start(arguments, text);
+    if (report)
+        report(text, arguments);
+    else
+        std::vfprintf(stderr, text, arguments);
+    va_end(arguments);
+}
+
+TEST(AnEncoding, KeepsTheLibrarysErrorsDetailsAndMessagesFromStandardError) {
+    auto lame = std::make_shared<Lame>();
+    lame->init = [] { return new LameFlags; };
+    lame->close = [](LameFlags* flags) {
+        delete flags;
+        return 0;
+    };
+    lame->setErrorReport = [](LameFlags* flags, Report report) {
+        flags->error = report;
+        return 0;
+    };
+    lame->setDebugReport = [](LameFlags* flags, Report report) {
+        flags->debug = report;
+        return 0;
+    };
+    lame->setMessageReport = [](LameFlags* flags, Report report) {
+        flags->message = report;
+        return 0;
+    };
+    const LameStream stream(lame);
+    stream.silence();
+    testing::internal::CaptureStderr();
+    say(stream.flags()->error, "error %d", 1);
+    say(stream.flags()->debug, "detail %d", 2);
+    say(stream.flags()->message, "message %d", 3);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
 TEST(AnMp3Reader, TellsTheLengthOfAFileWithoutATag) {

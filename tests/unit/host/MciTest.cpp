@@ -81,6 +81,21 @@ TEST_F(TheFileDevices, PlayAWavWhoseNameHasBlanksAndCapitals) {
     EXPECT_EQ(send("close sound"), mci::notOpen);
 }
 
+TEST_F(TheFileDevices, StopAWavInTheMiddle) {
+    writeWav("a.wav", 44100, 2, ramp(44100));
+    EXPECT_EQ(send("open waveaudio!" + at("a.wav") + " alias sound"), 0U);
+    EXPECT_EQ(send("play sound"), 0U);
+    pullPlayed(22050);
+    EXPECT_EQ(send("stop sound"), 0U);
+    EXPECT_EQ(ask("status sound mode"), "stopped");
+    pull(4410); // what is cut off fades out
+    const auto before = stream_.stereo.size();
+    pull(4410);
+    for (std::size_t i = before; i < stream_.stereo.size(); ++i)
+        ASSERT_EQ(stream_.stereo[i], 0.0F) << i;
+    EXPECT_LT(std::stoi(ask("status sound position")), 1000) << "it did not play to its end";
+}
+
 TEST_F(TheFileDevices, PlayTheVerySamplesOfAWav) {
     const auto samples = ramp(3000);
     writeWav("a.wav", 44100, 2, samples);
