@@ -55,6 +55,15 @@ TEST(BeatDrawing, FollowsTheTopPitchAndSqueezesWhatLiesBelowTheStrip) {
     EXPECT_TRUE(beatAt(stage, 48, row8)) << "84 is squeezed onto the last line of 60";
 }
 
+TEST(BeatDrawing, ABeatHeldPastTheLastVisibleColumnEndsInThatColumn) {
+    TableauStage stage;
+    stage.note(8, 3, 57, 20);
+    stage.studio.view.LastVisibleColumn = 10;
+    stage.percussion.DrawBeatArray();
+    EXPECT_EQ(stage.beatPixel(10 * 12 + 11, 24 + 5), row8);
+    EXPECT_EQ(stage.beatPixel(11 * 12 + 1, 24 + 5), ground);
+}
+
 TEST(BeatDrawing, RowTwelveSoundsButNeverShows) {
     TableauStage stage;
     stage.choosePercussion(12);
