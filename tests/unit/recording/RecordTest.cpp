@@ -129,6 +129,46 @@ TEST_F(RecordWindow, TakesTheWordAwayAfterFiveSeconds) {
     EXPECT_EQ(toolbar.caption(RecordCaption::Label8), "");
 }
 
+TEST_F(RecordWindow, HasOneTimerHoweverOftenItIsEnabled) {
+    toolbar.setCaption(RecordCaption::Label8, "Stopped");
+    toolbar.enableTimer10();
+    host.time.pass(3 * scripted::nanosecondsPerSecond);
+    toolbar.enableTimer10(); // a recording that is stopped by hand ends twice
+    host.time.pass(2 * scripted::nanosecondsPerSecond);
+    EXPECT_EQ(toolbar.caption(RecordCaption::Label8), "");
+    toolbar.setCaption(RecordCaption::Label8, "Stopped"); // by the next recording
+    toolbar.enableTimer10();
+    host.time.pass(4 * scripted::nanosecondsPerSecond);
+    EXPECT_EQ(toolbar.caption(RecordCaption::Label8), "Stopped") << "its own five seconds";
+    toolbar.enableTimer10();
+    toolbar.unload();
+    host.time.pass(6 * scripted::nanosecondsPerSecond);
+    EXPECT_EQ(toolbar.window(), nullptr) << "a timer that was left would have loaded it";
+}
+
+TEST_F(RecordWindow, ShowsTheTimeOfAFileInLargerLettersThanItsOtherValues) {
+    Record& form = toolbar.form();
+    form.lblTime->ensurePolished();
+    form.lblmode->ensurePolished();
+    EXPECT_EQ(QFontInfo(form.lblTime->font()).pixelSize(), 16);
+    EXPECT_LT(QFontInfo(form.lblmode->font()).pixelSize(), 16);
+}
+
+TEST_F(RecordWindow, HasItsPreferencesInTwoPanelsOverTheNamesOfTheFiles) {
+    Record& form = toolbar.form();
+    const QRect options = form.Check2->parentWidget()->geometry();
+    const QRect formats = form.cbxFormat->parentWidget()->geometry();
+    EXPECT_EQ(form.Combo4->parentWidget(), form.cbxFormat->parentWidget());
+    EXPECT_EQ(options.left(), form.InputPath->x());
+    EXPECT_EQ(formats.left(), options.right() + 1 + options.left()) << "one margin between them";
+    EXPECT_EQ(formats.right(), form.OutPutPath->geometry().right());
+    EXPECT_EQ(formats.top(), options.top());
+    EXPECT_EQ(formats.bottom(), options.bottom());
+    EXPECT_LT(formats.bottom(), form.OutPutPath->y());
+    for (const QWidget* control : {form.cbxFormat, form.Combo4, form.Combo3})
+        EXPECT_TRUE(control->parentWidget()->rect().contains(control->geometry()));
+}
+
 TEST_F(RecordWindow, LeavesNoTimerBehind) {
     toolbar.enableTimer10();
     toolbar.unload();

@@ -140,6 +140,13 @@ TEST_F(WizTest, EnterAndSpacePerformTheStepThatHasTheKeyboard) {
     EXPECT_EQ(calls->log, (Lines{"Command4_Click", "Command4_Click"}));
 }
 
+TEST_F(WizTest, NoStepIsHighlightedBeforeTheMouseOrTheKeyboardIsOnOne) {
+    const auto steps = form().findChildren<StepLabel*>();
+    EXPECT_GT(steps.size(), 50);
+    for (const StepLabel* step : steps)
+        EXPECT_EQ(step->property("hot"), QVariant(false)) << step->objectName().toStdString();
+}
+
 TEST_F(WizTest, OnlyTheLabelUnderTheMouseIsHighlighted) {
     sendMouse(label("L1(1)"), QEvent::MouseMove, Qt::NoButton);
     EXPECT_TRUE(isHot(label("L1(1)")));
