@@ -58,12 +58,16 @@ public:
         return taken;
     }
 
+    [[nodiscard]] bool startsWith(std::string_view word) const {
+        return left() >= word.size() &&
+               std::equal(word.begin(), word.end(),
+                          bytes_.begin() + static_cast<std::ptrdiff_t>(at_));
+    }
+
     bool takeWord(std::string_view word) {
-        if (left() < word.size() || !std::equal(word.begin(), word.end(),
-                                                bytes_.begin() + static_cast<std::ptrdiff_t>(at_)))
-            return false;
-        at_ += word.size();
-        return true;
+        const bool isThere = startsWith(word);
+        at_ += isThere ? word.size() : 0;
+        return isThere;
     }
 
 private:
@@ -83,63 +87,73 @@ constexpr std::uint8_t metaStatus = 0xFF;
 constexpr std::uint8_t tempoKind = 0x51;
 constexpr std::uint8_t endKind = 0x2F;
 
-/// Returns whether the track goes on.
-bool readMeta(Bytes& track, std::int64_t tick, std::vector<Mark>& marks) {
+/// How a track goes on after an event.
+enum class Then { nextEvent, end, damage };
+
+bool skip(Bytes& track, std::uint32_t length) {
+    const bool isWhole = length <= track.left();
+    track.take(length);
+    return isWhole && !track.failed();
+}
+
+Then readMeta(Bytes& track, std::int64_t tick, std::vector<Mark>& marks) {
     const std::uint8_t kind = track.byte();
     const std::uint32_t length = track.variableNumber();
     if (kind == tempoKind && length == 3) {
         const std::uint32_t tempoUs = track.number(3);
         if (!track.failed() && tempoUs > 0)
             marks.push_back({tick, tempoUs, {}});
-        return !track.failed();
+        return track.failed() ? Then::damage : Then::nextEvent;
     }
-    const bool isWhole = length <= track.left();
-    track.take(length);
-    return isWhole && kind != endKind && !track.failed();
+    if (!skip(track, length))
+        return Then::damage;
+    return kind == endKind ? Then::end : Then::nextEvent;
 }
 
-/// Returns whether the track goes on.
-bool readChannelMessage(Bytes& track, std::uint8_t status, std::int64_t tick,
+// Some programs write velocities above 127; as in other players, the top bit does not count.
+Then readChannelMessage(Bytes& track, std::uint8_t status, std::int64_t tick,
                         std::vector<Mark>& marks) {
     std::uint32_t word = status;
-    word |= static_cast<std::uint32_t>(track.byte()) << 8;
+    word |= (track.byte() & 0x7FU) << 8;
     if ((status & 0xE0U) != 0xC0U)
-        word |= static_cast<std::uint32_t>(track.byte()) << 16;
-    const ShortMessage message = unpack(word);
-    if (track.failed() || message.count == 0)
-        return false;
-    marks.push_back({tick, 0, message});
-    return true;
+        word |= (track.byte() & 0x7FU) << 16;
+    if (track.failed())
+        return Then::damage;
+    marks.push_back({tick, 0, unpack(word)});
+    return Then::nextEvent;
 }
 
-bool readEvent(Bytes& track, std::uint8_t& running, std::int64_t tick, std::vector<Mark>& marks) {
+Then readEvent(Bytes& track, std::uint8_t& running, std::int64_t tick, std::vector<Mark>& marks) {
     const std::uint8_t status = (track.peek() & 0x80U) != 0 ? track.byte() : running;
     if (status == metaStatus)
         return readMeta(track, tick, marks);
-    if (status == 0xF0 || status == 0xF7) {
-        const std::uint32_t length = track.variableNumber();
-        const bool isWhole = length <= track.left();
-        track.take(length);
-        return isWhole && !track.failed();
-    }
+    if (status == 0xF0 || status == 0xF7)
+        return skip(track, track.variableNumber()) ? Then::nextEvent : Then::damage;
     if (status < 0x80 || status > 0xEF)
-        return false;
+        return Then::damage;
     running = status;
     return readChannelMessage(track, status, tick, marks);
 }
 
-void readTrack(Bytes track, std::vector<Mark>& marks) {
+/// A track's marks, the last one at its end, and whether it was read to there.
+struct Track {
+    std::vector<Mark> marks;
+    bool isWhole = true;
+};
+
+Track readTrack(Bytes bytes) {
+    Track track;
     std::int64_t tick = 0;
     std::uint8_t running = 0;
-    while (!track.atEnd()) {
-        const std::uint32_t delta = track.variableNumber();
-        if (track.failed())
-            break;
+    Then then = Then::nextEvent;
+    while (then == Then::nextEvent && !bytes.atEnd()) {
+        const std::uint32_t delta = bytes.variableNumber();
         tick += delta;
-        if (!readEvent(track, running, tick, marks))
-            break;
+        then = bytes.failed() ? Then::damage : readEvent(bytes, running, tick, track.marks);
     }
-    marks.push_back({tick, 0, {}});
+    track.marks.push_back({tick, 0, {}});
+    track.isWhole = then != Then::damage;
+    return track;
 }
 
 /// How long a tick is.
@@ -150,12 +164,14 @@ public:
     [[nodiscard]] double us(std::uint32_t tempoUs) const {
         if ((division_ & 0x8000U) == 0)
             return static_cast<double>(tempoUs) / std::max<int>(division_, 1);
-        const int framesPerSecond = 256 - (division_ >> 8);
         const int ticksPerFrame = std::max(division_ & 0xFF, 1);
-        return 1e6 / (static_cast<double>(framesPerSecond) * ticksPerFrame);
+        return 1e6 / (framesPerSecond(256 - (division_ >> 8)) * ticksPerFrame);
     }
 
 private:
+    // 29 stands for the drop-frame rate of television, 29.97.
+    static double framesPerSecond(int named) { return named == 29 ? 30'000.0 / 1001.0 : named; }
+
     std::uint16_t division_;
 };
 
@@ -178,37 +194,95 @@ MidiFile timed(std::vector<Mark> marks, TickLength length) {
     return file;
 }
 
-} // namespace
+MidiFile together(std::vector<Track> tracks, TickLength length) {
+    std::vector<Mark> marks;
+    for (Track& track : tracks) {
+        marks.insert(marks.end(), track.marks.begin(), track.marks.end());
+        track.marks = {};
+    }
+    return timed(std::move(marks), length);
+}
 
-std::optional<MidiFile> readMidiFile(std::span<const std::uint8_t> bytes) {
-    Bytes file(bytes);
+// Each pattern has a tempo of its own and begins where the one before it ends.
+MidiFile oneAfterTheOther(std::vector<Track> patterns, TickLength length) {
+    constexpr auto most = static_cast<std::int64_t>(mostUs);
+    MidiFile file;
+    for (Track& pattern : patterns) {
+        const MidiFile next = timed(std::move(pattern.marks), length);
+        for (const MidiFile::Event& event : next.events)
+            file.events.push_back({std::min(file.lengthUs + event.timeUs, most), event.message});
+        file.lengthUs = std::min(file.lengthUs + next.lengthUs, most);
+    }
+    return file;
+}
+
+struct Header {
+    std::uint16_t format = 0;
+    std::uint16_t trackCount = 0; ///< 0 in files of careless programs: as many as there are
+    std::uint16_t division = 0;   ///< 0: there is no header
+};
+
+Header readHeader(Bytes& file) {
     if (file.takeWord("RIFF")) {
         file.take(4);
         if (!file.takeWord("RMIDdata"))
-            return std::nullopt;
+            return {};
         file.take(4);
     }
     if (!file.takeWord("MThd"))
-        return std::nullopt;
-    const std::uint32_t headerLength = file.number(4);
-    Bytes header(file.take(headerLength));
-    header.number(4); // the format and the count of tracks: all that there are play together
-    const auto division = static_cast<std::uint16_t>(header.number(2));
-    if (header.failed() || division == 0)
-        return std::nullopt;
-    std::vector<Mark> marks;
-    while (file.left() >= 8) {
+        return {};
+    const std::uint32_t length = file.number(4);
+    Bytes bytes(file.take(length));
+    Header header;
+    header.format = static_cast<std::uint16_t>(bytes.number(2));
+    header.trackCount = static_cast<std::uint16_t>(bytes.number(2));
+    header.division = static_cast<std::uint16_t>(bytes.number(2));
+    return bytes.failed() ? Header() : header;
+}
+
+// A second header begins another file, as at the end of one that was written over a longer one.
+std::vector<Track> readTracks(Bytes& file, std::uint16_t count) {
+    std::vector<Track> tracks;
+    while (file.left() >= 8 && (count == 0 || tracks.size() < count)) {
+        if (file.startsWith("MThd"))
+            break;
         const bool isTrack = file.takeWord("MTrk");
         if (!isTrack)
             file.take(4);
         const std::uint32_t length = file.number(4);
+        const bool isCut = length > file.left();
         const auto chunk = file.take(length);
-        if (isTrack)
-            readTrack(Bytes(chunk), marks);
+        if (!isTrack)
+            continue;
+        tracks.push_back(readTrack(Bytes(chunk)));
+        tracks.back().isWhole = tracks.back().isWhole && !isCut;
     }
-    if (marks.empty())
+    return tracks;
+}
+
+} // namespace
+
+bool MidiFile::hasNotes() const {
+    return std::any_of(events.begin(), events.end(), [](const Event& event) {
+        return event.message.kind() == 0x90 && event.message.byte[2] > 0;
+    });
+}
+
+std::optional<MidiFile> readMidiFile(std::span<const std::uint8_t> bytes) {
+    Bytes file(bytes);
+    const Header header = readHeader(file);
+    if (header.division == 0)
         return std::nullopt;
-    return timed(std::move(marks), TickLength(division));
+    std::vector<Track> tracks = readTracks(file, header.trackCount);
+    if (tracks.empty())
+        return std::nullopt;
+    const bool isWhole =
+        std::all_of(tracks.begin(), tracks.end(), [](const Track& track) { return track.isWhole; });
+    const TickLength length(header.division);
+    MidiFile music = header.format == 2 ? oneAfterTheOther(std::move(tracks), length)
+                                        : together(std::move(tracks), length);
+    music.isWhole = isWhole;
+    return music;
 }
 
 std::optional<MidiFile> readMidiFile(const fs::path& path) {
