@@ -14,6 +14,11 @@ constexpr int controlChange = 0xB0;
 constexpr std::uint8_t sustainPedal = 64;
 constexpr std::uint8_t allNotesOff = 123;
 
+// Callers poll position and length in milliseconds to see the end, and take a length of 0 for a
+// device that is not there. A file whose events all fall on its beginning has an end like any
+// other.
+constexpr std::int64_t shortestUs = 1000;
+
 ShortMessage controller(int channel, std::uint8_t number, std::uint8_t value) {
     return {{static_cast<std::uint8_t>(controlChange | channel), number, value}, 3};
 }
@@ -21,7 +26,10 @@ ShortMessage controller(int channel, std::uint8_t number, std::uint8_t value) {
 } // namespace
 
 MidiFilePlayer::MidiFilePlayer(MidiFile file, std::unique_ptr<SequencerPort> port)
-    : file_(std::move(file)), port_(std::move(port)), thread_([this] { run(); }) {}
+    : file_(std::move(file)), port_(std::move(port)) {
+    file_.lengthUs = std::max(file_.lengthUs, shortestUs);
+    thread_ = std::thread([this] { run(); });
+}
 
 MidiFilePlayer::~MidiFilePlayer() {
     {

@@ -14,8 +14,8 @@
 
 namespace velorin::host {
 
-/// A unit is a microsecond. A thread of its own keeps the time by the port's clock; it begins to
-/// count when the device can sound.
+/// A unit is a microsecond; every file is at least a millisecond long. A thread of its own keeps
+/// the time by the port's clock; it begins to count when the device can sound.
 class MidiFilePlayer final : public Transport {
 public:
     MidiFilePlayer(MidiFile file, std::unique_ptr<SequencerPort> port);

@@ -242,6 +242,17 @@ TEST_F(AMidFilePlaying, FromTheMiddleKnowsTheProgramsBefore) {
     EXPECT_EQ(log.sent.front().message.kind(), 0xC0);
 }
 
+TEST_F(AMidFilePlaying, OfNoLengthEndsToo) {
+    const std::string atOnce("\x00\x90\x3C\x40\x00\xFF\x2F\x00", 8);
+    MidiFilePlayer player(*read(header(100) + chunk("MTrk", atOnce)),
+                          std::make_unique<LoggedPort>(log));
+    EXPECT_EQ(player.length(), 1000);
+    player.play(0, player.length());
+    playOut(player);
+    EXPECT_EQ(player.position(), 1000);
+    EXPECT_EQ(notes().size(), 1U);
+}
+
 TEST_F(AMidFilePlaying, ThatEndsEarlyReleasesWhatSounds) {
     {
         MidiFilePlayer player(*read(test::shortSong()), std::make_unique<LoggedPort>(log));
