@@ -18,19 +18,6 @@ namespace {
 
 constexpr mode_t forTheUser = 0600;
 
-bool writeAll(int number, const std::string& bytes) {
-    std::size_t done = 0;
-    while (done < bytes.size()) {
-        const ssize_t written = write(number, bytes.data() + done, bytes.size() - done);
-        if (written < 0 && errno == EINTR)
-            continue;
-        if (written <= 0)
-            return false;
-        done += static_cast<std::size_t>(written);
-    }
-    return true;
-}
-
 } // namespace
 
 Descriptor::~Descriptor() {
@@ -51,11 +38,24 @@ int Descriptor::release() {
     return std::exchange(number_, -1);
 }
 
+bool writeAll(const Descriptor& file, const std::string& bytes) {
+    std::size_t done = 0;
+    while (done < bytes.size()) {
+        const ssize_t written = write(file.number(), bytes.data() + done, bytes.size() - done);
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written <= 0)
+            return false;
+        done += static_cast<std::size_t>(written);
+    }
+    return true;
+}
+
 Descriptor writeNew(const fs::path& path, const std::string& bytes) {
     Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, forTheUser));
     if (!file.isOpen())
         return file;
-    if (!writeAll(file.number(), bytes)) {
+    if (!writeAll(file, bytes)) {
         unlink(path.c_str());
         return Descriptor();
     }

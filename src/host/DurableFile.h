@@ -30,6 +30,9 @@ private:
 /// return the bytes are the system's, so that the end of this process does not lose them.
 [[nodiscard]] Descriptor writeNew(const std::filesystem::path& path, const std::string& bytes);
 
+/// Writes all of the bytes at the file's place. False with `errno` set if the disk refused some.
+bool writeAll(const Descriptor& file, const std::string& bytes);
+
 /// On return the file's bytes are on the disk. False with `errno` set if the disk refused them.
 bool syncFile(const Descriptor& file);
 bool syncFile(const std::filesystem::path& path);
