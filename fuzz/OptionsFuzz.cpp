@@ -48,7 +48,8 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
         return 0;
     expect(!options.tasks.empty());
     expect(options.rateHz >= 8000 && options.rateHz <= 96000);
-    expect(options.bitrate >= 8 && options.bitrate <= 320);
+    expect(options.bitrate.value_or(8) >= 8 && options.bitrate.value_or(8) <= 320);
+    expect(options.mostMinutes >= 1 && options.mostMinutes <= 1440);
     expect(options.quality >= -1 && options.quality <= 9);
     expect(options.jobs >= 0 && options.jobs <= 1000);
     std::vector<Result> results;

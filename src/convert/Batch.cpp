@@ -2,6 +2,7 @@
 #include "convert/Batch.h"
 
 #include "convert/Conversion.h"
+#include "convert/WholeFile.h"
 
 #include <unistd.h>
 
@@ -64,8 +65,16 @@ std::vector<bool> repeatedTargets(const std::vector<Task>& tasks) {
     return repeated;
 }
 
+void removeAbandonedFiles(const std::vector<Task>& tasks) {
+    std::set<fs::path> folders;
+    for (const Task& task : tasks)
+        folders.insert(folderOf(task.target));
+    for (const fs::path& folder : folders)
+        host::removeAbandoned(folder);
+}
+
 Result convertOne(const Task& task, const Options& options, bool isRepeated, bool showsProgress,
-                  const std::function<bool()>& isBrokenOff) {
+                  const std::function<bool()>& isBrokenOff, const TakeRemark& takeRemark) {
     Result result{task.score, task.target, Outcome::failed, {}, 0.0};
     if (isRepeated) {
         result.reason = task.score + " would replace the output of another score";
@@ -77,12 +86,11 @@ Result convertOne(const Task& task, const Options& options, bool isRepeated, boo
         return result;
     }
     const auto start = std::chrono::steady_clock::now();
-    std::error_code ignored; // a folder that is missing still is told of with the file
-    if (!task.target.parent_path().empty() && (options.makesFolder || task.isResumable))
-        fs::create_directories(task.target.parent_path(), ignored);
+    if (options.makesFolder || task.isResumable)
+        makeFolders(task.target.parent_path());
     ProgressLine line(task.score, showsProgress);
     const auto progress = [&line](double share) { line.show(share); };
-    result.reason = convert(task, options, {progress, isBrokenOff});
+    result.reason = convert(task, options, {progress, isBrokenOff, takeRemark});
     result.outcome = result.reason.empty() ? Outcome::converted : Outcome::failed;
     const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
     result.seconds = elapsed.count();
@@ -92,17 +100,24 @@ Result convertOne(const Task& task, const Options& options, bool isRepeated, boo
 } // namespace
 
 std::vector<Result> convertAll(const Options& options, int jobs, const TakeResult& take,
-                               const std::function<bool()>& isBrokenOff) {
+                               const std::function<bool()>& isBrokenOff,
+                               const TakeRemark& takeRemark) {
     const std::vector<Task>& tasks = options.tasks;
+    removeAbandonedFiles(tasks);
     const std::vector<bool> repeated = repeatedTargets(tasks);
     std::vector<Result> results(tasks.size());
     std::atomic<std::size_t> next{0};
     std::mutex taking;
+    const TakeRemark remark = [&](const std::string& text) {
+        const std::lock_guard lock(taking);
+        if (takeRemark)
+            takeRemark(text);
+    };
     const auto work = [&] {
         for (std::size_t i = next++; i < tasks.size(); i = next++) {
             if (isBrokenOff && isBrokenOff())
                 return;
-            results[i] = convertOne(tasks[i], options, repeated[i], jobs == 1, isBrokenOff);
+            results[i] = convertOne(tasks[i], options, repeated[i], jobs == 1, isBrokenOff, remark);
             const std::lock_guard lock(taking);
             take(results[i]);
         }

@@ -1,8 +1,11 @@
 // The kinds of input and output, and what is looked at before anything is made.
 #include "convert/Conversion.h"
 
+#include "convert/Bitrates.h"
 #include "convert/LoadedScore.h"
+#include "convert/Mp3Target.h"
 #include "convert/PictureModule.h"
+#include "convert/SoundLength.h"
 #include "convert/SoundRendering.h"
 #include "convert/WholeFile.h"
 #include "platform/MidiOut.h"
@@ -77,20 +80,45 @@ private:
     bool broken_ = false;
 };
 
+std::unique_ptr<SoundTarget> makeTarget(const Task& task, const fs::path& part,
+                                        const SoundParameters& parameters, std::string& reason) {
+    return task.kind == Kind::mp3 ? makeMp3(part, parameters, findLame(), reason)
+                                  : makeWav(part, parameters, reason);
+}
+
+SoundRequest requestFor(const Task& task, const Options& options, const Attendant& attendant) {
+    const auto remark = [&task, &attendant](const std::string& text) {
+        if (attendant.remark)
+            attendant.remark(about(task.score, text));
+    };
+    const auto checkLength = [&task, &options, &attendant](double seconds) {
+        const int bitrate = options.bitrate.value_or(usualBitrateAt(options.rateHz));
+        const SoundLength length{seconds, options.rateHz, task.kind == Kind::mp3 ? bitrate : 0};
+        std::string problem = whyTooLong(length, options.mostMinutes);
+        if (problem.empty() && isWorthARemark(length) && attendant.remark)
+            attendant.remark(about(task.target, "will be " + described(length)));
+        return problem;
+    };
+    return {task.score, options.soundFont, options.rateHz, attendant.progress, checkLength, remark};
+}
+
 std::string makeSound(const Task& task, const Options& options, const Attendant& attendant) {
     WholeFile whole(task.target);
     bool begun = false; // until then the source is to blame
     const MakeTarget make = [&](int rateHz, int channels,
                                 std::string& reason) -> std::unique_ptr<SoundTarget> {
         begun = true;
-        const SoundParameters parameters{rateHz, channels, options.bitrate, options.quality};
-        auto target = task.kind == Kind::mp3 ? makeMp3(whole.part(), parameters, reason)
-                                             : makeWav(whole.part(), parameters, reason);
+        reason = whole.begin();
+        if (!reason.empty())
+            return nullptr;
+        const int bitrate = options.bitrate.value_or(usualBitrateAt(rateHz));
+        auto target =
+            makeTarget(task, whole.part(), {rateHz, channels, bitrate, options.quality}, reason);
         if (!target || !attendant.isBrokenOff)
             return target;
         return std::make_unique<BreakableTarget>(std::move(target), attendant.isBrokenOff);
     };
-    const SoundRequest request{task.score, options.soundFont, options.rateHz, attendant.progress};
+    const SoundRequest request = requestFor(task, options, attendant);
     std::string problem;
     switch (sourceKindOf(task.score)) {
     case Kind::mid:

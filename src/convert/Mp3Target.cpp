@@ -1,10 +1,10 @@
 // MP3 files through the LAME library, where it is there.
-#include "convert/SoundTarget.h"
+#include "convert/Mp3Target.h"
 
-#include "host/media/Lame.h"
+#include "convert/Bitrates.h"
+#include "convert/WholeFile.h"
 
 #include <cerrno>
-#include <cstring>
 #include <fstream>
 #include <vector>
 
@@ -16,13 +16,6 @@ namespace fs = std::filesystem;
 using host::Lame;
 using host::LameFlags;
 using host::LameStream;
-
-std::shared_ptr<const Lame> findLame() {
-    std::error_code failed;
-    const fs::path beside = fs::read_symlink("/proc/self/exe", failed).parent_path();
-    auto lame = Lame::load(beside / Lame::fileName);
-    return lame ? lame : Lame::load(Lame::fileName);
-}
 
 bool configure(const LameStream& lame, const SoundParameters& parameters) {
     const Lame& calls = lame.calls();
@@ -40,19 +33,19 @@ bool configure(const LameStream& lame, const SoundParameters& parameters) {
 
 class Mp3Target final : public SoundTarget {
 public:
-    Mp3Target(std::shared_ptr<const Lame> lame, const fs::path& path)
-        : lame_(std::move(lame)), file_(path, std::ios::binary | std::ios::trunc) {}
+    explicit Mp3Target(std::shared_ptr<const Lame> lame) : lame_(std::move(lame)) {}
 
-    [[nodiscard]] std::string begin(const SoundParameters& parameters) {
-        if (!file_.good())
-            return whyFailed();
+    [[nodiscard]] std::string begin(const fs::path& path, const SoundParameters& parameters) {
         isMono_ = parameters.channels == 1;
-        return lame_.isMade() && configure(lame_, parameters)
-                   ? ""
-                   : "cannot be made: the MP3 encoder refuses these settings";
+        if (!lame_.isMade() || !configure(lame_, parameters))
+            return "cannot be made: the MP3 encoder refuses these settings";
+        attempt([&] { file_.open(path, std::ios::binary | std::ios::trunc); });
+        return problem_;
     }
 
     bool write(const std::int16_t* stereo, int frames) override {
+        if (!problem_.empty())
+            return false;
         const auto count = static_cast<std::size_t>(frames);
         output_.resize(LameStream::outputSize(count));
         samples_.assign(stereo, stereo + 2 * count);
@@ -74,21 +67,30 @@ public:
         const Lame& calls = lame_.calls();
         if (put(calls.flush(lame_.flags(), output_.data(), static_cast<int>(output_.size()))))
             writeTag();
-        file_.close();
-        return file_.good() ? "" : whyFailed();
+        attempt([this] { file_.close(); });
+        return problem_;
     }
 
-    std::string whyFailed() const override {
-        return std::string("cannot be written: ") + std::strerror(errno);
-    }
+    std::string whyFailed() const override { return problem_; }
 
 private:
+    // The first failure is the one to report, in the words that the system has for it at that
+    // moment.
+    template <typename Action>
+    bool attempt(const Action& action) {
+        errno = 0;
+        action();
+        if (!file_ && problem_.empty())
+            problem_ = cannotBeWritten({errno, std::generic_category()});
+        return problem_.empty();
+    }
+
     bool put(int bytes) {
-        if (bytes < 0)
-            file_.setstate(std::ios::failbit);
-        else
-            file_.write(reinterpret_cast<const char*>(output_.data()), bytes);
-        return file_.good();
+        if (bytes < 0 && problem_.empty())
+            problem_ = "cannot be made: the MP3 encoder fails with code " + std::to_string(bytes);
+        if (!problem_.empty())
+            return false;
+        return attempt([&] { file_.write(reinterpret_cast<const char*>(output_.data()), bytes); });
     }
 
     // The frame at the head was left blank for it.
@@ -97,12 +99,13 @@ private:
             lame_.calls().tagFrame(lame_.flags(), output_.data(), output_.size());
         if (bytes == 0 || bytes > output_.size())
             return;
-        file_.seekp(0);
-        put(static_cast<int>(bytes));
+        if (attempt([this] { file_.seekp(0); }))
+            put(static_cast<int>(bytes));
     }
 
     LameStream lame_;
     std::ofstream file_;
+    std::string problem_;
     bool isMono_ = false;
     std::vector<std::int16_t> samples_;
     std::vector<unsigned char> output_;
@@ -110,15 +113,22 @@ private:
 
 } // namespace
 
+std::shared_ptr<const Lame> findLame() {
+    std::error_code failed;
+    const fs::path beside = fs::read_symlink("/proc/self/exe", failed).parent_path();
+    auto lame = Lame::load(beside / Lame::fileName);
+    return lame ? lame : Lame::load(Lame::fileName);
+}
+
 std::unique_ptr<SoundTarget> makeMp3(const fs::path& path, const SoundParameters& parameters,
-                                     std::string& reason) {
-    std::shared_ptr<const Lame> lame = findLame();
-    if (!lame) {
+                                     std::shared_ptr<const Lame> lame, std::string& reason) {
+    reason = whyNotAt(parameters.rateHz, parameters.bitrate);
+    if (reason.empty() && !lame)
         reason = "cannot be made: the MP3 encoder (libmp3lame) is missing";
+    if (!reason.empty())
         return nullptr;
-    }
-    auto target = std::make_unique<Mp3Target>(std::move(lame), path);
-    reason = target->begin(parameters);
+    auto target = std::make_unique<Mp3Target>(std::move(lame));
+    reason = target->begin(path, parameters);
     return reason.empty() ? std::move(target) : nullptr;
 }
 

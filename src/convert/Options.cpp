@@ -1,6 +1,7 @@
 // Reading the command line.
 #include "convert/Options.h"
 
+#include "convert/Bitrates.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -16,6 +17,7 @@ namespace {
 
 constexpr int lowestRateHz = 8000;
 constexpr int highestRateHz = 96000;
+constexpr int minutesOfADay = 24 * 60;
 
 struct KindName {
     const char* name;
@@ -25,10 +27,6 @@ struct KindName {
 constexpr std::array kindNames{KindName{"mid", Kind::mid}, KindName{"wav", Kind::wav},
                                KindName{"mp3", Kind::mp3}, KindName{"png", Kind::png},
                                KindName{"sng", Kind::sng}};
-
-// What the frames of MP3 files can say.
-constexpr std::array bitrates{8,  16,  24,  32,  40,  48,  56,  64,  80,
-                              96, 112, 128, 144, 160, 192, 224, 256, 320};
 
 std::optional<Kind> kindNamed(const std::string& name) {
     for (const KindName& known : kindNames) {
@@ -47,6 +45,7 @@ struct Given {
     std::optional<std::string> soundFont;
     std::optional<std::string> bitrate;
     std::optional<std::string> quality;
+    std::optional<std::string> mostMinutes;
     std::optional<std::string> jobs;
     std::optional<std::string> report;
 };
@@ -65,6 +64,7 @@ std::optional<std::string>* placeOf(Given& given, const std::string& option) {
         {"--soundfont", &given.soundFont},
         {"--bitrate", &given.bitrate},
         {"--quality", &given.quality},
+        {"--most-minutes", &given.mostMinutes},
         {"--jobs", &given.jobs},
         {"--report", &given.report},
     };
@@ -112,14 +112,24 @@ bool takeNumber(const std::optional<std::string>& text, int low, int high, int& 
     return read.ec == std::errc() && read.ptr == end && number >= low && number <= high;
 }
 
+// The bitrates of all sample rates.
+bool isBitrate(int number) {
+    const auto isAt = [number](int rateHz) { return whyNotAt(rateHz, number).empty(); };
+    return isAt(lowestRateHz) || isAt(22050) || isAt(44100);
+}
+
 std::string takeNumbers(const Given& given, Options& options) {
     if (!takeNumber(given.rate, lowestRateHz, highestRateHz, options.rateHz))
         return "--rate takes a number from 8000 to 96000";
-    if (!takeNumber(given.bitrate, bitrates.front(), bitrates.back(), options.bitrate) ||
-        std::find(bitrates.begin(), bitrates.end(), options.bitrate) == bitrates.end())
+    int bitrate = 0;
+    if (!takeNumber(given.bitrate, 8, 320, bitrate) || (given.bitrate && !isBitrate(bitrate)))
         return "--bitrate takes one of the bitrates of MP3 files, as 128 or 192";
+    if (given.bitrate)
+        options.bitrate = bitrate;
     if (!takeNumber(given.quality, 0, 9, options.quality))
         return "--quality takes a number from 0 (best) to 9 (fastest)";
+    if (!takeNumber(given.mostMinutes, 1, minutesOfADay, options.mostMinutes))
+        return "--most-minutes takes a number from 1 to 1440";
     if (!takeNumber(given.jobs, 1, 1000, options.jobs))
         return "--jobs takes a number from 1";
     return {};
@@ -163,6 +173,19 @@ std::string takeSeveral(const Given& given, Options& options) {
     return {};
 }
 
+// The rate counts for what is rendered; a WAV file has one of its own, and a folder may hold both.
+std::string checkBitrate(const Options& options) {
+    const auto isRendered = [](const Task& task) {
+        std::error_code failed;
+        return task.kind == Kind::mp3 && sourceKindOf(task.score) != Kind::wav &&
+               !fs::is_directory(task.score, failed);
+    };
+    if (!options.bitrate || std::none_of(options.tasks.begin(), options.tasks.end(), isRendered))
+        return {};
+    const std::string reason = whyNotAt(options.rateHz, *options.bitrate);
+    return reason.empty() ? reason : "an MP3 file " + reason;
+}
+
 } // namespace
 
 Options readOptions(const std::vector<std::string>& arguments) {
@@ -188,6 +211,8 @@ Options readOptions(const std::vector<std::string>& arguments) {
         options.problem = takeSeveral(given, options);
     else
         options.problem = "nothing says what to make; use -o FILE or --to KIND";
+    if (options.problem.empty())
+        options.problem = checkBitrate(options);
     return options;
 }
 
@@ -221,15 +246,18 @@ std::string helpText() {
            "                    except those whose output is newer than they are\n"
            "  --out DIR         with --to: write into DIR, which is made if it is missing\n"
            "  --rate HZ         frames per second of rendered sound, 8000 to 96000 (44100)\n"
-           "  --bitrate KBPS    of MP3 files, 8 to 320 (192)\n"
+           "  --bitrate KBPS    of MP3 files, 8 to 320 (192); at most 160 up to 24000 Hz,\n"
+           "                    and at most 64 up to 12000 Hz\n"
            "  --quality N       of MP3 files, from 0 (best) to 9 (fastest)\n"
            "  --soundfont FILE  play with this SoundFont (.sf2, .sf3)\n"
+           "  --most-minutes N  refuse scores and MIDI files that sound for longer, up to 1440\n"
+           "                    (60)\n"
            "  --jobs N          convert so many files at a time (as many as there are cores)\n"
            "  --report FILE     write what became of each file to FILE, in JSON\n"
            "  --help            show this text\n"
            "  --version         show the version\n"
            "\n"
-           "A file appears under its name only when it is whole. What fails is told on\n"
+           "A file appears under its name only when it is whole. What fails is reported on\n"
            "standard error, a line for each file; the others go on. The exit status is 0 if\n"
            "all went well, 1 if a file failed, 2 if the command line cannot be followed.\n";
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,8 +21,9 @@ struct Options {
     bool help = false;
     bool version = false;
     int rateHz = 44100;
-    int bitrate = 192;               ///< kilobits per second of an MP3 file
+    std::optional<int> bitrate;      ///< kilobits per second of MP3 files; none: `usualBitrateAt`
     int quality = -1;                ///< of an MP3 file [0, 9]; -1: not given
+    int mostMinutes = 60;            ///< of rendered sound [1, 1440]; what is longer is refused
     int jobs = 0;                    ///< files at a time; 0: as many as there are cores
     std::filesystem::path report;    ///< where the JSON report goes; empty: none
     std::filesystem::path soundFont; ///< empty: the first one that the machine has

@@ -20,8 +20,6 @@ namespace velorin::convert {
 
 namespace {
 
-constexpr std::int64_t longestMidiUs = 24LL * 3600 * 1'000'000;
-
 std::unique_ptr<host::Synth> loadSynth(const SoundRequest& request, std::string& problem) {
     auto synth = host::Synth::load(request.soundFont, request.rateHz, host::FontLoading::asNeeded);
     if (!synth)
@@ -42,6 +40,51 @@ void play(LoadedScore& score) {
     sequencer.PlayTimer = watch.StopWatchNew();
     sounding.Device_Click();
     sequencer.PlayAndStop_Click(0);
+}
+
+/// A device that takes everything and sounds nothing.
+struct SilentMidi final : platform::MidiOut {
+    int midiOutGetNumDevs() override { return 1; }
+    std::string midiOutGetDevCapsA(int) override { return {}; }
+    std::uint32_t midiOutOpen(platform::MidiOutHandle& handle, int) override {
+        handle = 1;
+        return platform::midiSuccess;
+    }
+    std::uint32_t midiOutClose(platform::MidiOutHandle) override { return platform::midiSuccess; }
+    std::uint32_t midiOutShortMsg(platform::MidiOutHandle, std::uint32_t) override {
+        return platform::midiSuccess;
+    }
+};
+
+// The song is played once without sound, which takes no time: strummed chords make it longer than
+// its columns. Negative for what is no score.
+double secondsOf(const std::string& source) {
+    SilentMidi midi;
+    LoadedScore score(midi);
+    if (!score.open(source).empty())
+        return -1.0;
+    play(score);
+    return static_cast<double>(score.host.clock.nowNs) / 1e9;
+}
+
+std::string checkLength(const SoundRequest& request, double seconds) {
+    return request.checkLength ? request.checkLength(seconds) : std::string();
+}
+
+void remark(const SoundRequest& request, const std::string& text) {
+    if (request.remark)
+        request.remark(text);
+}
+
+// A file without notes is a piece of silence; one whose notes are all lost is none.
+std::string judge(const SoundRequest& request, const host::MidiFile& music) {
+    if (!music.isWhole && !music.hasNotes())
+        return "is damaged before its first note";
+    if (!music.isWhole)
+        remark(request, "is damaged; only what comes before the damage is converted");
+    if (!music.hasNotes())
+        remark(request, "has no notes; the sound is silent");
+    return checkLength(request, static_cast<double>(music.lengthUs) / 1e6);
 }
 
 std::string finishTail(RenderedMidi& midi, SoundTarget& target) {
@@ -80,6 +123,8 @@ std::string renderScore(const SoundRequest& request, const MakeTarget& make) {
     midi.setClock(score.host.clock);
     if (problem = score.open(request.source); !problem.empty())
         return problem;
+    if (problem = checkLength(request, secondsOf(request.source)); !problem.empty())
+        return problem;
     target = make(request.rateHz, 2, problem);
     if (!target)
         return problem;
@@ -93,9 +138,9 @@ std::string renderMidi(const SoundRequest& request, const MakeTarget& make) {
     const auto music = host::readMidiFile(platform::resolve(request.source));
     if (!music)
         return "is no MIDI file";
-    if (music->lengthUs > longestMidiUs)
-        return "is longer than a day";
-    std::string problem;
+    std::string problem = judge(request, *music);
+    if (!problem.empty())
+        return problem;
     const auto synth = loadSynth(request, problem);
     if (!synth)
         return problem;
@@ -123,7 +168,8 @@ std::string renderMidi(const SoundRequest& request, const MakeTarget& make) {
 }
 
 std::string copyWav(const SoundRequest& request, const MakeTarget& make) {
-    const auto file = host::openWav(platform::resolve(request.source));
+    const std::filesystem::path path = platform::resolve(request.source);
+    const auto file = host::openWav(path);
     if (!file)
         return "is no WAV file";
     std::string problem;
@@ -144,6 +190,10 @@ std::string copyWav(const SoundRequest& request, const MakeTarget& make) {
                 std::min(1.0, static_cast<double>(done) /
                                   static_cast<double>(std::max<std::int64_t>(file->frames(), 1))));
     }
+    if (done == 0)
+        remark(request, "has no sound in it");
+    else if (done < file->frames())
+        remark(request, "is damaged; only what comes before the damage is converted");
     return target->finish();
 }
 

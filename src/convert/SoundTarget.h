@@ -30,13 +30,11 @@ public:
     [[nodiscard]] virtual std::string whyFailed() const = 0;
 };
 
-// 16 bit stereo, at most 4 GiB. Null if the file cannot be made, with the reason in `reason`.
+constexpr std::int64_t mostWavFrames = (0xFFFFFFFFLL - 1024) / 4; ///< what a header can say
+
+// 16 bit stereo, up to `mostWavFrames`. Null if the file cannot be made, with the reason in
+// `reason`.
 [[nodiscard]] std::unique_ptr<SoundTarget>
 makeWav(const std::filesystem::path& path, const SoundParameters& parameters, std::string& reason);
-
-// Constant bitrate, with the frame at its head that tells players the length. Null if there is no
-// encoder, or it refuses, or the file cannot be made.
-[[nodiscard]] std::unique_ptr<SoundTarget>
-makeMp3(const std::filesystem::path& path, const SoundParameters& parameters, std::string& reason);
 
 } // namespace velorin::convert

@@ -7,11 +7,20 @@ namespace velorin::convert {
 
 namespace {
 
-constexpr std::int64_t mostFrames = (0xFFFFFFFFLL - 1024) / 4; ///< what a WAV file's header can say
-
 struct SoundFileCloser {
     void operator()(SNDFILE* file) const { sf_close(file); }
 };
+// The library's words begin with "System error : " and end in a full stop where the system's would
+// do.
+std::string inOneClause(std::string text) {
+    const std::string preface = "System error : ";
+    if (text.starts_with(preface))
+        text.erase(0, preface.size());
+    while (text.ends_with('.') || text.ends_with('\n'))
+        text.pop_back();
+    return "cannot be written: " + text;
+}
+
 using SoundFile = std::unique_ptr<SNDFILE, SoundFileCloser>;
 
 class WavTarget final : public SoundTarget {
@@ -20,17 +29,18 @@ public:
 
     bool write(const std::int16_t* stereo, int frames) override {
         frames_ += frames;
-        return frames_ <= mostFrames && sf_writef_short(file_.get(), stereo, frames) == frames;
+        return frames_ <= mostWavFrames && sf_writef_short(file_.get(), stereo, frames) == frames;
     }
 
     std::string whyFailed() const override {
-        if (frames_ > mostFrames)
+        if (frames_ > mostWavFrames)
             return "is too long for a WAV file";
-        return std::string("cannot be written: ") + sf_strerror(file_.get());
+        return inOneClause(sf_strerror(file_.get()));
     }
 
     std::string finish() override {
-        return sf_close(file_.release()) == 0 ? "" : "cannot be written to its end";
+        const int failed = sf_close(file_.release());
+        return failed == 0 ? "" : inOneClause(sf_error_number(failed));
     }
 
 private:
@@ -48,7 +58,7 @@ std::unique_ptr<SoundTarget> makeWav(const std::filesystem::path& path,
     info.format = SF_FORMAT_WAV | SF_FORMAT_PCM_16;
     SoundFile file(sf_open(path.string().c_str(), SFM_WRITE, &info));
     if (!file) {
-        reason = std::string("cannot be written: ") + sf_strerror(nullptr);
+        reason = inOneClause(sf_strerror(nullptr));
         return nullptr;
     }
     return std::make_unique<WavTarget>(std::move(file));

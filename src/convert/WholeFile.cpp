@@ -1,11 +1,5 @@
-// Writing beside, then renaming.
+// Writing beside, waiting for the disk, then renaming.
 #include "convert/WholeFile.h"
-
-#include <unistd.h>
-
-#include <cerrno>
-#include <cstring>
-#include <fstream>
 
 namespace velorin::convert {
 
@@ -22,32 +16,46 @@ fs::path behindLinks(const fs::path& target) {
 
 } // namespace
 
-WholeFile::WholeFile(const fs::path& target) : target_(behindLinks(target)) {
-    fs::path name = ".";
-    name += target_.filename();
-    name += '.' + std::to_string(getpid()) + ".part";
-    part_ = target_.parent_path() / name;
+std::string cannotBeWritten(std::error_code why) {
+    return why ? "cannot be written: " + why.message() : "cannot be written";
 }
 
-WholeFile::~WholeFile() {
-    std::error_code ignored; // there is none after `finish`
-    fs::remove(part_, ignored);
+fs::path folderOf(const fs::path& target) {
+    return behindLinks(target).parent_path();
+}
+
+WholeFile::WholeFile(const fs::path& target) : target_(behindLinks(target)) {}
+
+std::string WholeFile::begin() {
+    const std::error_code failed = part_.make(target_.parent_path());
+    return failed ? cannotBeWritten(failed) : std::string();
+}
+
+std::string WholeFile::write(const std::string& bytes) {
+    const std::error_code failed = part_.write(bytes);
+    return failed ? cannotBeWritten(failed) : std::string();
 }
 
 std::string WholeFile::finish() {
-    std::error_code failed;
-    fs::rename(part_, target_, failed);
+    const std::error_code failed = host::replaceDurably(part_.path(), target_);
     return failed ? "cannot be put in place: " + failed.message() : std::string();
 }
 
 std::string writeWhole(const fs::path& target, const std::string& content) {
     WholeFile file(target);
-    std::ofstream out(file.part(), std::ios::binary);
-    if (!out)
-        return std::string("cannot be written: ") + std::strerror(errno);
-    out.write(content.data(), static_cast<std::streamsize>(content.size()));
-    out.close();
-    return out ? file.finish() : std::string("cannot be written: ") + std::strerror(errno);
+    std::string problem = file.begin();
+    if (problem.empty())
+        problem = file.write(content);
+    return problem.empty() ? file.finish() : problem;
+}
+
+void makeFolders(const fs::path& folder) {
+    std::error_code failed;
+    if (folder.empty() || fs::exists(folder, failed))
+        return;
+    makeFolders(folder.parent_path());
+    if (fs::create_directory(folder, failed))
+        host::syncFolder(folder.parent_path());
 }
 
 } // namespace velorin::convert

@@ -22,7 +22,10 @@ using namespace velorin::convert;
 constexpr int someFailed = 1;
 constexpr int badUsage = 2;
 
-void say(const std::string& text) {
+// One line, whatever the names of the files in it.
+void say(std::string text) {
+    std::replace_if(
+        text.begin(), text.end(), [](unsigned char c) { return c < 0x20 || c == 0x7F; }, '?');
     std::fprintf(stderr, "velorin-convert: %s\n", text.c_str());
 }
 
@@ -60,8 +63,8 @@ int run(Options& options, const velorin::host::BreakOff& breakOff) {
         if (result.outcome == Outcome::failed)
             say(result.reason);
     };
-    std::vector<Result> results =
-        convertAll(options, jobsFor(options), tell, [&breakOff] { return breakOff.isWanted(); });
+    std::vector<Result> results = convertAll(
+        options, jobsFor(options), tell, [&breakOff] { return breakOff.isWanted(); }, say);
     breakOff.endIfWanted();
     bool allWell = std::none_of(results.begin(), results.end(), [](const Result& result) {
         return result.outcome == Outcome::failed;

@@ -1,4 +1,7 @@
-"""A conversion that is broken off leaves no part of a file, and what was there before; the shell sees the signal."""
+"""A conversion that is broken off leaves no part of a file, and what was there before; the shell sees the signal.
+
+One that is killed leaves a hidden part, which the next one removes.
+"""
 
 import pathlib
 import signal
@@ -12,6 +15,7 @@ from waiting import PATIENCE_S
 # Tempo 1 makes a column 12 seconds long: three hours of sound, which take a while.
 LONG_SONG_TEMPO = 1
 LAST_COLUMN = 900
+LENGTH = b"velorin-convert: long.wav will be 3:00:36 of sound, 347 MB\n"
 OLDER = b"what was there before"
 
 
@@ -21,7 +25,8 @@ def start(build, folder, ignored=()):
         for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
             signal.signal(number, signal.SIG_IGN if number in ignored else signal.SIG_DFL)
 
-    command = [build.resolve() / "bin" / "velorin-convert", "long.sng", "-o", "long.wav", "--rate", "8000"]
+    command = [build.resolve() / "bin" / "velorin-convert", "long.sng", "-o", "long.wav", "--rate", "8000",
+               "--most-minutes", "200"]
     process = subprocess.Popen(command, cwd=folder, stderr=subprocess.PIPE, preexec_fn=signals)
     wait_until(lambda: parts(folder) or process.poll() is not None, "the beginning of the file")
     check(process.poll() is None, f"the conversion ended by itself with status {process.returncode}")
@@ -36,7 +41,7 @@ def check_ends_by(process, folder, number):
     process.send_signal(number)
     _, complaint = process.communicate(timeout=PATIENCE_S)
     check(process.returncode == -number, f"status {process.returncode} after signal {number}")
-    check(complaint == b"velorin-convert: long.wav was broken off\n", f"it says {complaint}")
+    check(complaint == LENGTH + b"velorin-convert: long.wav was broken off\n", f"it says {complaint}")
     there = sorted(path.name for path in folder.iterdir())
     check(there == ["long.sng", "long.wav"], f"after signal {number} there are {there}")
     check((folder / "long.wav").read_bytes() == OLDER, "the older file is not whole")
@@ -55,6 +60,23 @@ def test(build):
         process = start(build, folder, ignored=[signal.SIGHUP])
         process.send_signal(signal.SIGHUP)
         check_ends_by(process, folder, signal.SIGTERM)
+        check_clears_away(build, folder)
+
+
+def check_clears_away(build, folder):
+    killed = start(build, folder)
+    killed.kill()
+    killed.communicate(timeout=PATIENCE_S)
+    check(len(parts(folder)) == 1, "a killed conversion leaves no part")
+    running = start(build, folder)
+    check(len(parts(folder)) == 1, f"beside a running conversion there are {parts(folder)}")
+    # Another one beside it: refused for its length, and the part of the running one stays.
+    command = [build.resolve() / "bin" / "velorin-convert", "long.sng", "-o", "other.wav"]
+    refused = subprocess.run(command, cwd=folder, stderr=subprocess.PIPE, timeout=PATIENCE_S)
+    check(refused.returncode == 1, f"status {refused.returncode} for a song of three hours")
+    check(refused.stderr.startswith(b"velorin-convert: long.sng is too long: 3:00:36 of sound"), f"it says {refused.stderr}")
+    check(len(parts(folder)) == 1, "the part of a running conversion is gone")
+    check_ends_by(running, folder, signal.SIGTERM)
 
 
 run(test)

@@ -38,6 +38,11 @@ TEST(TheCommandLine, TakesRateAndSoundFont) {
     EXPECT_EQ(options.soundFont, "x.sf2");
 }
 
+TEST(TheCommandLine, AllowsAnHourOfSoundUnlessItSaysOtherwise) {
+    EXPECT_EQ(readOptions({"a.sng", "-o", "a.wav"}).mostMinutes, 60);
+    EXPECT_EQ(readOptions({"a.sng", "-o", "a.wav", "--most-minutes", "90"}).mostMinutes, 90);
+}
+
 TEST(TheCommandLine, TakesAnythingBehindTwoDashesForAScore) {
     const Options options = readOptions({"--to", "mid", "--", "--to.sng"});
     ASSERT_EQ(options.problem, "");
@@ -64,6 +69,8 @@ TEST(TheCommandLine, ThatCannotBeFollowedSaysWhy) {
         {"a.sng", "--to", "mp3", "--bitrate", "193"},
         {"a.sng", "--to", "mp3", "--quality", "10"},
         {"a.sng", "--to", "mp3", "--jobs", "0"},
+        {"a.sng", "--to", "wav", "--most-minutes", "0"},
+        {"a.sng", "--to", "wav", "--most-minutes", "1441"},
         {"a.sng", "--to", "wav", "--rate", "7999"},
         {"a.sng", "--to", "wav", "--rate", "44100x"},
         {"a.sng", "--to", "wav", "--loud"},

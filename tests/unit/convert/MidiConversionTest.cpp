@@ -1,0 +1,141 @@
+// MIDI files of other programs as sound: what is said of them, and what is refused.
+#include "convert/Batch.h"
+#include "convert/Conversion.h"
+#include "host/SoundFonts.h"
+#include "support/ScriptedFiles.h"
+
+#include <gmock/gmock.h>
+
+#include <fstream>
+#include <iterator>
+
+namespace velorin::convert {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class AMidiConversion : public testing::Test {
+protected:
+    AMidiConversion() {
+        const auto fonts = host::findSoundFonts(host::soundFontFolders("", ""));
+        EXPECT_FALSE(fonts.empty()) << "these tests need a SoundFont (timgm6mb-soundfont)";
+        if (!fonts.empty())
+            options_.soundFont = fonts.front().path;
+        options_.rateHz = 8000;
+    }
+
+    [[nodiscard]] std::string at(const std::string& name) const {
+        return (folder_.path() / name).string();
+    }
+
+    /// A file of one track, 100 ticks to a quarter of half a second.
+    void writeMidi(const std::string& name, const std::string& track) const {
+        std::string bytes("MThd\0\0\0\6\0\0\0\1\0\x64MTrk\0\0\0", 21);
+        bytes += static_cast<char>(track.size());
+        std::ofstream(at(name), std::ios::binary) << bytes + track;
+    }
+
+    [[nodiscard]] std::string read(const std::string& name) const {
+        std::ifstream in(at(name), std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), {}};
+    }
+
+    std::string make(const std::string& from, const std::string& to, Kind kind = Kind::wav) {
+        remarks_.clear();
+        const auto remark = [this](const std::string& text) { remarks_.push_back(text); };
+        return convert({at(from), at(to), kind}, options_, {{}, {}, remark});
+    }
+
+    [[nodiscard]] int loudest(const std::string& wav) const {
+        const std::string bytes = read(wav);
+        int most = 0;
+        for (std::size_t i = 44; i + 1 < bytes.size(); i += 2) {
+            const auto low = static_cast<unsigned char>(bytes[i]);
+            const auto high = static_cast<unsigned char>(bytes[i + 1]);
+            most = std::max(most, std::abs(static_cast<std::int16_t>(low | high << 8)));
+        }
+        return most;
+    }
+
+    scripted::TemporaryFolder folder_;
+    Options options_;
+    std::vector<std::string> remarks_;
+};
+
+const std::string oneQuarter("\x00\x90\x3C\x40\x64\x80\x3C\x40\x00\xFF\x2F\x00", 12);
+
+TEST_F(AMidiConversion, SoundsWithVelocitiesAbove127) {
+    writeMidi("a.mid", std::string("\x00\x90\x3C\xCC\x64\x80\x3C\x40\x00\xFF\x2F\x00", 12));
+    ASSERT_EQ(make("a.mid", "a.wav"), "");
+    EXPECT_GT(loudest("a.wav"), 100);
+    EXPECT_THAT(remarks_, IsEmpty());
+}
+
+TEST_F(AMidiConversion, OfAFileWithoutNotesIsSilentAndSaysSo) {
+    writeMidi("a.mid", std::string("\x64\xFF\x2F\x00", 4));
+    ASSERT_EQ(make("a.mid", "a.wav"), "");
+    EXPECT_LE(loudest("a.wav"), 3);
+    EXPECT_THAT(remarks_, ElementsAre(at("a.mid") + " has no notes; the sound is silent"));
+}
+
+TEST_F(AMidiConversion, OfADamagedFileSaysSoAndOfOneWithoutANoteFails) {
+    writeMidi("cut.mid", oneQuarter.substr(0, 6));
+    ASSERT_EQ(make("cut.mid", "cut.wav"), "");
+    EXPECT_THAT(remarks_,
+                ElementsAre(at("cut.mid") + " is damaged; only what comes before the damage is "
+                                            "converted"));
+    writeMidi("lost.mid", oneQuarter.substr(0, 2));
+    EXPECT_EQ(make("lost.mid", "lost.wav"), at("lost.mid") + " is damaged before its first note");
+    EXPECT_FALSE(fs::exists(at("lost.wav")));
+}
+
+// 48,000 ticks are four minutes.
+TEST_F(AMidiConversion, IsRefusedBeforeItBeginsIfItIsTooLong) {
+    writeMidi("a.mid", std::string("\x00\x90\x3C\x40\x82\xF7\x00\x80\x3C\x40\x00\xFF\x2F\x00", 14));
+    options_.mostMinutes = 3;
+    EXPECT_EQ(make("a.mid", "a.wav"),
+              at("a.mid") + " is too long: 4:00 of sound, 8 MB; --most-minutes allows 3");
+    EXPECT_FALSE(fs::exists(at("a.wav")));
+    options_.mostMinutes = 4;
+    EXPECT_EQ(make("a.mid", "a.wav"), "");
+}
+
+// 120,000 ticks are ten minutes; the file has 27 bytes of music.
+TEST_F(AMidiConversion, SaysALengthOfTenMinutesBefore) {
+    writeMidi("a.mid", std::string("\x00\xC0\x05\x87\xA9\x40\x90\x3C\x40\x00\xFF\x2F\x00", 13));
+    std::vector<std::string> said;
+    options_.tasks = {{at("a.mid"), at("a.wav"), Kind::wav}};
+    const auto results = convertAll(
+        options_, 1, [&](const Result& result) { said.push_back(result.reason); }, {},
+        [&](const std::string& remark) {
+            said.push_back(remark);
+            EXPECT_FALSE(fs::exists(at("a.wav")));
+        });
+    EXPECT_EQ(results[0].outcome, Outcome::converted);
+    EXPECT_THAT(said, ElementsAre(at("a.wav") + " will be 10:00 of sound, 19 MB", ""));
+}
+
+// Tempo 1 makes a column 12 seconds long; the song has one before its first.
+TEST_F(AMidiConversion, OfAScoreKnowsItsLengthToo) {
+    std::string score = "60,-1,-1,-1,60\r\n115,0,0,0,115\r\n";
+    for (int row = 1; row < 13; ++row)
+        score += "-1\r\n0\r\n";
+    std::ofstream(at("a.sng"), std::ios::binary)
+        << score + " 1 \r\n115,0,0,0,0,0,0,0,0,0,0,0,0\r\n";
+    options_.mostMinutes = 1;
+    EXPECT_EQ(make("a.sng", "a.wav"),
+              at("a.sng") + " is too long: 1:24 of sound, 3 MB; --most-minutes allows 1");
+}
+
+// With its ending, 254 bytes; the system allows 255.
+TEST_F(AMidiConversion, TakesAndMakesLongNames) {
+    const std::string name(250, 'x');
+    writeMidi(name + ".mid", oneQuarter);
+    EXPECT_EQ(make(name + ".mid", name + ".wav"), "");
+    EXPECT_TRUE(fs::exists(at(name + ".wav")));
+}
+
+} // namespace
+} // namespace velorin::convert
