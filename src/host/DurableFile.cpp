@@ -3,6 +3,7 @@
 #include "host/DurableFile.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -89,10 +90,12 @@ std::error_code replaceDurably(const fs::path& aside, const fs::path& path) {
 }
 
 bool writeLasting(const fs::path& path, const std::string& bytes) {
-    fs::path aside = path;
-    aside += ".part";
+    fs::path hidden = ".";
+    hidden += path.filename();
+    hidden += ".part";
+    const fs::path aside = path.parent_path() / hidden;
     std::error_code error;
-    fs::remove(aside, error);
+    fs::remove(aside, error); // that a power cut has left
     const Descriptor file = writeNew(aside, bytes);
     bool done = file.isOpen() && syncFile(file) && !fs::exists(path, error) && !error;
     if (done) {
@@ -105,6 +108,16 @@ bool writeLasting(const fs::path& path, const std::string& bytes) {
     }
     syncFolder(path.parent_path());
     return true;
+}
+
+void makeFolderLasting(const fs::path& folder, unsigned mode) {
+    constexpr unsigned forAll = 0777;
+    std::error_code error;
+    if (folder.empty() || fs::is_directory(folder, error))
+        return;
+    makeFolderLasting(folder.parent_path(), forAll);
+    if (mkdir(folder.c_str(), mode) == 0)
+        syncFolder(folder.parent_path());
 }
 
 std::optional<std::string> readWhole(const fs::path& path) {

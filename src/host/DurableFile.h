@@ -47,8 +47,13 @@ bool syncFolder(const std::filesystem::path& folder);
 [[nodiscard]] std::error_code replaceDurably(const std::filesystem::path& aside,
                                              const std::filesystem::path& path);
 
-/// Writes aside, renames, and waits for the disk. An existing file is not replaced.
+/// Writes aside under a hidden name, renames, and waits for the disk. An existing file is not
+/// replaced.
 bool writeLasting(const std::filesystem::path& path, const std::string& bytes);
+
+/// Makes a folder, if it is missing, and the folders that it is in. On return their names are on
+/// the disk, or what is written into them would be lost with them. `mode` is of the last one.
+void makeFolderLasting(const std::filesystem::path& folder, unsigned mode);
 
 /// The content; no value if the file cannot be read.
 [[nodiscard]] std::optional<std::string> readWhole(const std::filesystem::path& path);

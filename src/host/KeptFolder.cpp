@@ -107,9 +107,8 @@ bool KeptFolder::isReady() {
         return true;
     if (folder_.empty())
         return false;
-    std::error_code error;
-    fs::create_directories(folder_.parent_path(), error);
-    mkdir(folder_.c_str(), 0700);
+    constexpr unsigned forTheUser = 0700;
+    makeFolderLasting(folder_, forTheUser);
     lock_ = lockFile(folder_ / (run_ + ".lock"));
     return lock_.isOpen();
 }

@@ -14,10 +14,7 @@ namespace fs = std::filesystem;
 
 class AKeptScoreOnTheDisk : public testing::Test {
 protected:
-    AKeptScoreOnTheDisk() {
-        fs::create_directories(stage.path() / "Songs");
-        fs::create_directories(stage.path() / "state");
-    }
+    AKeptScoreOnTheDisk() { fs::create_directories(stage.path() / "Songs"); }
 
     /// A text long enough to be torn; `number` tells it from the others.
     static std::string text(int number) {
@@ -32,17 +29,20 @@ protected:
             other.put(name, content);
     }
 
-    /// What the next start finds: the number of the score, 0 for none, -1 for one that is damaged
-    /// or of which there are two kinds.
-    static int recoveredFrom(const DiskState& state) {
+    /// What the user finds in "Songs" after the next start: the number of the score, 0 for none, -1
+    /// for one that is damaged or of which there are two kinds.
+    static int recoveredFrom(const DiskState& state, const char* folder = "state") {
         const DiskStage after;
         lay(after, state);
         testing::internal::CaptureStderr();
-        (void)host::KeptFolder(after.path() / "state").recoverInto(after.at("Songs"));
+        (void)host::KeptFolder(after.path() / folder).recoverInto(after.at("Songs"));
         testing::internal::GetCapturedStderr();
         int found = 0;
         for (const auto& entry : fs::directory_iterator(after.path() / "Songs")) {
-            const std::string content = after.content("Songs/" + entry.path().filename().string());
+            const std::string name = entry.path().filename().string();
+            if (name.starts_with('.'))
+                continue;
+            const std::string content = after.content("Songs/" + name);
             const int number = content.size() > 6 ? content[6] - '0' : -1;
             if (content != text(number) || (found != 0 && found != number))
                 return -1;
@@ -68,7 +68,7 @@ protected:
 
     /// Each mark promises the score of its number, or a later one.
     static std::string judged(const DiskState& state, int last) {
-        const int found = recoveredFrom(state);
+        const int found = recoveredFrom(state, "state/velorin");
         int promised = 0;
         for (int number = 1; number <= last; ++number)
             if (state.said.contains(isOnTheDisk(number)))
@@ -85,10 +85,11 @@ protected:
 TEST_F(AKeptScoreOnTheDisk, ComesBackAsTheLatestOrTheOneBefore) {
     constexpr int last = 3;
     const auto log = recorded(stage.path(), [this](DiskRecorder& recorder) {
-        host::KeptFolder kept(stage.path() / "state");
+        host::KeptFolder kept(stage.path() / "state/velorin"); // neither is there on a first run
         for (int number = 1; number <= last; ++number) {
             kept.keep(text(number));
-            EXPECT_TRUE(comesTrue([&] { return recorder.syncsOfFolder("state") >= number; }));
+            EXPECT_TRUE(
+                comesTrue([&] { return recorder.syncsOfFolder("state/velorin") >= number; }));
             recorder.mark(isOnTheDisk(number));
         }
     });
@@ -136,6 +137,9 @@ TEST_F(AKeptScoreOnTheDisk, IsNeverLostWhileTheNextStartPutsItIntoSongs) {
         recorder.mark(isOnTheDisk(1));
     });
     expectNoBadState("a recovered score", log, [](const DiskState& state) -> std::string {
+        for (const auto& [name, content] : state.files)
+            if (name.starts_with("Songs/recovered") && content != text(1))
+                return name + " is not whole";
         return recoveredFrom(state) == 1 ? "" : "the score is lost";
     });
 }

@@ -132,7 +132,8 @@ public:
         for (const Operation& operation : log_.operations) {
             ++done_;
             take(operation);
-            cutHere();
+            if (!isInLongRun())
+                cutHere();
         }
         return survey_;
     }
@@ -160,6 +161,17 @@ private:
             since_.push_back(&operation);
             break;
         }
+    }
+
+    // Any part of a run of writes to one file may be missing, so a cut at its end leaves what a cut
+    // within it leaves. Short runs are cut all the same.
+    [[nodiscard]] bool isInLongRun() {
+        if (done_ == log_.operations.size())
+            return false;
+        const Operation& last = log_.operations[done_ - 1];
+        const Operation& next = log_.operations[done_];
+        return last.kind == Kind::write && next.kind == Kind::write && last.file == next.file &&
+               bytesOf(last.file).since.size() > mostSelected;
     }
 
     Bytes& bytesOf(int file) {
