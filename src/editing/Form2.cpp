@@ -98,7 +98,7 @@ void Form2::Form_Load() {
 void Form2::placeWindow() {
     const platform::SizePx screen = studio_.platform.desktop.screenSize();
     placeFrom(studio_.platform.settings, "form2", middleTwips(screen.width, width()) + 200.0F,
-              endTwips(screen.height, height(), 700.0F), screen);
+              endTwips(screen.height, height(), 700.0F), studio_.platform.desktop);
 }
 
 void Form2::Form_QueryUnload() {

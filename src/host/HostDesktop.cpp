@@ -31,6 +31,20 @@ platform::SizePx HostDesktop::screenSize() {
     return {screen->size().width(), screen->size().height()};
 }
 
+std::vector<platform::Screen> HostDesktop::screens() {
+    const auto plain = [](const QRect& rect) {
+        return platform::RectPx{rect.x(), rect.y(), rect.width(), rect.height()};
+    };
+    std::vector<platform::Screen> all;
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        const QRect whole = screen->geometry();
+        // With several screens a desktop may tell of a free area that lies on one of them alone.
+        const QRect free = screen->availableGeometry();
+        all.push_back({plain(whole), plain(free.isEmpty() ? whole : free)});
+    }
+    return all.empty() ? Desktop::screens() : all;
+}
+
 platform::PointPx HostDesktop::GetCursorPos() {
     const QPoint place = QCursor::pos();
     return {place.x(), place.y()};

@@ -14,7 +14,8 @@ namespace velorin::host {
 
 class HostDesktop final : public platform::Desktop {
 public:
-    platform::SizePx screenSize() override; ///< of the first screen, logical pixels
+    platform::SizePx screenSize() override; ///< logical pixels
+    std::vector<platform::Screen> screens() override;
     platform::PointPx GetCursorPos() override;
     bool isAnotherCopyRunning() override;
     void HtmlHelpA(const std::string& file) override;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace platform {
 
@@ -16,6 +17,19 @@ struct SizePx {
     int height = 0;
 };
 
+struct RectPx {
+    int left = 0;
+    int top = 0;
+    int width = 0;
+    int height = 0;
+};
+
+/// One of the screens that make up the desktop, in the desktop's coordinates.
+struct Screen {
+    RectPx whole;
+    RectPx free; ///< what panels and docks leave; not empty
+};
+
 /// Window positions are kept in twips: 1440 to the inch, 15 to a pixel at 96 dots to the inch.
 constexpr int twipsPerPixel = 15;
 
@@ -23,7 +37,13 @@ class Desktop {
 public:
     virtual ~Desktop() = default;
 
-    [[nodiscard]] virtual SizePx screenSize() = 0;
+    [[nodiscard]] virtual SizePx screenSize() = 0; ///< of the first screen
+    /// All screens that are there now, the first one first; never empty.
+    [[nodiscard]] virtual std::vector<Screen> screens() {
+        const SizePx size = screenSize();
+        const RectPx only{0, 0, size.width, size.height};
+        return {{only, only}};
+    }
     [[nodiscard]] virtual PointPx GetCursorPos() = 0; ///< on the screen
 
     /// Whether another copy of the program runs for this user; holds the place of the one copy if

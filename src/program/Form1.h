@@ -67,6 +67,8 @@ public:
     void Form_Load();
     /// Last sounds off, settings saved, sample files removed.
     void Form_Unload();
+    /// Into the nearest screen if no screen shows enough of the title.
+    void comeIntoReach();
 
     // Commands of the window itself.
     void Cmd2_Click(int index) override; ///< button [1, 14] of the main toolbar
@@ -269,7 +271,6 @@ private:
     void openSound();
     void showFirst();
     void saveSettings();
-    [[nodiscard]] bool isOnSomeScreen(float left, float top, float width, float height) const;
 
     WindowDrag* drag_;
     QPoint handlePressedAt_;

@@ -11,8 +11,6 @@
 #include "shell/SettingValues.h"
 
 #include <QDir>
-#include <QGuiApplication>
-#include <QScreen>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -21,9 +19,10 @@ namespace velorin {
 
 namespace {
 
-constexpr float startLeft = 100.0F;        // twips
-constexpr float largestTwips = 500'000.0F; // wider than any desktop
+constexpr float startLeft = 100.0F; // twips
 constexpr float startTop = 200.0F;
+constexpr int titleHeight = 25; // pixels
+constexpr int titleButtonsWidth = 124;
 constexpr int startInstrument = 24; // "Nylon Guitar"
 
 /// A list is filled without a word to its handler, and shows no entry then.
@@ -97,24 +96,19 @@ void Form1::readPlace() {
         width = fullWidth;
     if (height < minimumHeightPx * platform::twipsPerPixel || height > largestTwips)
         height = fullHeight;
-    if (!isOnSomeScreen(left, top, width, height)) {
+    if (!isPlaceOfADesktop(left, top)) {
         left = startLeft;
         top = startTop;
     }
     place.moveTo(left, top);
     place.resizeTo(width, height);
+    comeIntoReach();
 }
 
-bool Form1::isOnSomeScreen(float left, float top, float width, float height) const {
-    constexpr float pixel = platform::twipsPerPixel;
-    const QRectF window(left / pixel, top / pixel, width / pixel, height / pixel);
-    const platform::SizePx first = studio_.platform.desktop.screenSize();
-    if (window.intersects(QRectF(0, 0, first.width, first.height)))
-        return true;
-    const QList<QScreen*> screens = QGuiApplication::screens();
-    return std::any_of(screens.begin(), screens.end(), [&window](const QScreen* screen) {
-        return window.intersects(QRectF(screen->geometry()));
-    });
+/// The title up to its buttons, as far as the window is wide enough to have one.
+void Form1::comeIntoReach() {
+    const int wide = std::max(gripWidthPx, width() - titleButtonsWidth);
+    place.comeIntoReach({0, 0, wide, titleHeight}, studio_.platform.desktop.screens());
 }
 
 void Form1::readViewSettings() {

@@ -84,7 +84,7 @@ void Record::Form_Load() {
 void Record::placeWindow() {
     const platform::SizePx screen = studio_.platform.desktop.screenSize();
     placeFrom(studio_.platform.settings, "record", middleTwips(screen.width, width()),
-              endTwips(screen.height, height(), 400.0F), screen);
+              endTwips(screen.height, height(), 400.0F), studio_.platform.desktop);
 }
 
 // The last row comes after the selection, which is therefore the one before it at every start.

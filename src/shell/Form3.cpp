@@ -112,7 +112,7 @@ void Form3::Form_Load() {
 void Form3::placeWindow() {
     const platform::SizePx screen = studio_.platform.desktop.screenSize();
     placeFrom(studio_.platform.settings, "form3", middleTwips(screen.width, width()),
-              endTwips(screen.height, height(), 400.0F), screen);
+              endTwips(screen.height, height(), 400.0F), studio_.platform.desktop);
     SetTopMost(*this, true);
     frame.SkinToolWindow();
 }

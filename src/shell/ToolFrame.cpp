@@ -14,9 +14,6 @@ namespace velorin {
 
 namespace {
 
-/// So much of the title has to be on the screen for the user to take hold of it, in pixels.
-constexpr int gripWidth = 48;
-
 /// The control before another one with the Tab key; the window if there is none.
 QWidget* stopBefore(const QWidget& control) {
     QWidget* stop = control.previousInFocusChain();
@@ -70,16 +67,19 @@ ToolFrame::ToolFrame(const Face& face, FrameState& state, Qt::WindowFlags stacki
 }
 
 void ToolFrame::placeFrom(platform::Settings& settings, const std::string& key, float defaultLeft,
-                          float defaultTop, platform::SizePx screen) {
+                          float defaultTop, platform::Desktop& desktop) {
     const auto read = [&settings](const std::string& name, float fallback) {
         return settingTwips(settings.GetSetting(settingsSection, name, settingText(fallback)))
             .value_or(fallback);
     };
     const float left = read(key + " left", defaultLeft);
-    place.moveTo(left, read(key + " top", defaultTop));
-    if (!isTitleInReach(screen)) {
+    const float top = read(key + " top", defaultTop);
+    if (isPlaceOfADesktop(left, top)) {
+        place.moveTo(left, top);
+    } else {
         place.moveTo(defaultLeft, defaultTop);
     }
+    comeIntoReach(desktop.screens());
 }
 
 void ToolFrame::savePlace(platform::Settings& settings, const std::string& key) const {
@@ -87,11 +87,8 @@ void ToolFrame::savePlace(platform::Settings& settings, const std::string& key) 
     settings.SaveSetting(settingsSection, key + " top", settingText(place.Top()));
 }
 
-bool ToolFrame::isTitleInReach(platform::SizePx screen) const {
-    const double left = place.Left() / platform::twipsPerPixel;
-    const double top = place.Top() / platform::twipsPerPixel;
-    return left + width() >= gripWidth && left <= screen.width - gripWidth &&
-           top + toolTitleHeight / 2.0 >= 0 && top + toolTitleHeight / 2.0 <= screen.height;
+QRect ToolFrame::grip() const {
+    return {0, 0, imgTitleClose->x(), toolTitleHeight};
 }
 
 void ToolFrame::paintEvent(QPaintEvent*) {

@@ -41,11 +41,16 @@ public:
     WindowPlace place;
 
     /// Places the window from two settings in twips, "form2 left" and "form2 top" for the key
-    /// "form2". A text that is no number leaves that coordinate at its default; a window whose
-    /// title no screen shows goes to the default whole.
+    /// "form2". A text that is no number leaves that coordinate at its default; a place that no
+    /// desktop has puts the window at the default whole. A window whose title no screen shows
+    /// comes into the nearest one.
     void placeFrom(platform::Settings& settings, const std::string& key, float defaultLeft,
-                   float defaultTop, platform::SizePx screen);
+                   float defaultTop, platform::Desktop& desktop);
     void savePlace(platform::Settings& settings, const std::string& key) const;
+
+    /// Where the user can take hold of the window: the title as far as the button.
+    [[nodiscard]] QRect grip() const;
+    void comeIntoReach(const Screens& screens) { place.comeIntoReach(grip(), screens); }
 
     std::function<void()> onClose;    ///< the title's button, or the window system's close
     std::function<void()> onActivate; ///< the window became the active one
@@ -59,9 +64,6 @@ protected:
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
-
-private:
-    [[nodiscard]] bool isTitleInReach(platform::SizePx screen) const;
 };
 
 /// The middle of a screen for a window of that size, in twips.

@@ -22,6 +22,10 @@ float toTwips(int pixels) {
 
 } // namespace
 
+bool isPlaceOfADesktop(float left, float top) {
+    return std::abs(left) <= largestTwips && std::abs(top) <= largestTwips;
+}
+
 float WindowPlace::Left() const {
     return keepsValues() && window_.x() == placedAt_.x() ? left_ : toTwips(window_.x());
 }
@@ -57,6 +61,15 @@ void WindowPlace::resizeTo(float width, float height) {
     height_ = height;
     placedSize_ = QSize(toPixels(width), toPixels(height));
     window_.resize(placedSize_);
+}
+
+void WindowPlace::comeIntoReach(const QRect& title, const Screens& screens) {
+    if (window_.isMaximized() || isTitleInReach(title.translated(window_.pos()), screens)) {
+        return;
+    }
+    const QPoint next = placeInNearest(QRect(window_.pos(), window_.size()), screens);
+    moveTo(next.x() == window_.x() ? Left() : toTwips(next.x()),
+           next.y() == window_.y() ? Top() : toTwips(next.y()));
 }
 
 } // namespace velorin

@@ -2,12 +2,19 @@
 // there.
 #pragma once
 
+#include "shell/ScreenReach.h"
+
 #include <QPoint>
 #include <QSize>
 
 class QWidget;
 
 namespace velorin {
+
+constexpr float largestTwips = 500'000.0F; ///< no desktop is wider
+
+/// Whether some desktop may have such a place, in twips. What has not is damage in the settings.
+[[nodiscard]] bool isPlaceOfADesktop(float left, float top);
 
 /// Left, top, width and height in twips, single precision. A value that is no whole number of
 /// pixels is rounded for the screen and kept as it is for the reader, so that a place that is saved
@@ -23,6 +30,10 @@ public:
 
     void moveTo(float left, float top);
     void resizeTo(float width, float height);
+
+    /// Moves the window into the nearest screen if the user cannot take hold of `title`, a
+    /// rectangle of the window. A maximised one stays: it goes with its screen.
+    void comeIntoReach(const QRect& title, const Screens& screens);
 
 private:
     /// Whether what was set is told while the window stands there.

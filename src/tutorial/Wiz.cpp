@@ -58,7 +58,7 @@ void Wiz::Form_Load() {
 void Wiz::placeWindow() {
     const platform::SizePx screen = studio_.platform.desktop.screenSize();
     placeFrom(studio_.platform.settings, "Wiz", middleTwips(screen.width, width()),
-              middleTwips(screen.height, height()), screen);
+              middleTwips(screen.height, height()), studio_.platform.desktop);
 }
 
 /// What an earlier lesson left, and has perhaps been changed since, makes way.

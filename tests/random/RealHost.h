@@ -33,6 +33,7 @@ public:
     explicit UsersDesktop(Chance& chance) : chance_(chance) {}
 
     platform::SizePx screenSize() override { return host_.screenSize(); }
+    std::vector<platform::Screen> screens() override { return host_.screens(); }
     platform::PointPx GetCursorPos() override { return {pointer.x(), pointer.y()}; }
     bool isAnotherCopyRunning() override { return false; }
     void HtmlHelpA(const std::string& file) override { host_.HtmlHelpA(file); }

@@ -59,6 +59,9 @@ private:
 class ScriptedDesktop final : public platform::Desktop {
 public:
     platform::SizePx screenSize() override { return screen; }
+    std::vector<platform::Screen> screens() override {
+        return otherScreens.empty() ? Desktop::screens() : otherScreens;
+    }
     platform::PointPx GetCursorPos() override { return cursor; }
     bool isAnotherCopyRunning() override { return anotherCopy; }
     void HtmlHelpA(const std::string& file) override { programs.push_back("help " + file); }
@@ -69,6 +72,7 @@ public:
     double Rnd() override; ///< the next of `randoms`; 0 when there is none
 
     platform::SizePx screen{1024, 768};
+    std::vector<platform::Screen> otherScreens; ///< in place of the one, if there are any
     platform::PointPx cursor;
     bool anotherCopy = false;
     std::deque<double> randoms;

@@ -137,9 +137,23 @@ TEST_F(ProgramTest, AWindowIsNeverPlacedWhereNoScreenShowsIt) {
     host.settings.SaveSetting("Settings", "form1 top", "no number");
     host.settings.SaveSetting("Settings", "form1 width", "-12");
     ASSERT_TRUE(program.start());
-    EXPECT_FLOAT_EQ(program.form1().place.Left(), 100.0F);
+    EXPECT_FLOAT_EQ(program.form1().place.Left(), (1024 - 1011) * 15.0F);
     EXPECT_FLOAT_EQ(program.form1().place.Top(), 200.0F);
     EXPECT_FLOAT_EQ(program.form1().place.Width(), 1024 * 15 - 200);
+}
+
+TEST_F(ProgramTest, AMainWindowWhoseTitleNoScreenShowsComesBack) {
+    host.settings.SaveSetting("Settings", "form1 left", "-5000"); // shows its right half
+    host.settings.SaveSetting("Settings", "form1 top", "-8700");  // pixel -580
+    ASSERT_TRUE(program.start());
+    EXPECT_EQ(program.form1().pos(), QPoint(0, 0));
+}
+
+TEST_F(ProgramTest, APlaceThatNoDesktopHasIsTheFirstOne) {
+    host.settings.SaveSetting("Settings", "form1 left", "600000");
+    ASSERT_TRUE(program.start());
+    EXPECT_FLOAT_EQ(program.form1().place.Left(), 100.0F);
+    EXPECT_FLOAT_EQ(program.form1().place.Top(), 200.0F);
 }
 
 TEST_F(ProgramTest, TheEndClosesTheDeviceOnceAndSavesTheSettings) {

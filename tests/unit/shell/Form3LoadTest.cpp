@@ -155,11 +155,33 @@ TEST_F(Form3LoadTest, TheWindowStandsWhereItWasLeft) {
     EXPECT_EQ(stored("form3 top"), "100");
 }
 
-TEST_F(Form3LoadTest, AWindowThatNoScreenShowsComesBack) {
+TEST_F(Form3LoadTest, AWindowThatNoScreenShowsComesBackToTheNearest) {
     store("form3 left", "-90000");
+    store("form3 top", "300");
+    EXPECT_EQ(form().place.Left(), 0.0F);
+    EXPECT_EQ(form().place.Top(), 300.0F);
+}
+
+TEST_F(Form3LoadTest, APlaceThatNoDesktopHasIsTheDefault) {
+    store("form3 left", "900000");
     store("form3 top", "300");
     EXPECT_EQ(form().place.Left(), 3690.0F);
     EXPECT_EQ(form().place.Top(), 7340.0F);
+}
+
+TEST_F(Form3LoadTest, APlaceOnASecondScreenIsKeptAsLongAsTheScreenIsThere) {
+    const platform::RectPx first{0, 0, 1024, 768};
+    const platform::RectPx second{1024, 0, 1280, 1024};
+    host.desktop.otherScreens = {{first, first}, {second, second}};
+    store("form3 left", "20000.5"); // pixel 1333
+    store("form3 top", "12000");
+    EXPECT_EQ(form().place.Left(), 20000.5F);
+    EXPECT_EQ(form().place.Top(), 12000.0F);
+    setup.unload();
+    EXPECT_EQ(stored("form3 left"), "20000.5");
+    host.desktop.otherScreens = {{first, first}};
+    EXPECT_EQ(form().place.Left(), (1024 - 532) * 15.0F);
+    EXPECT_EQ(form().place.Top(), (768 - 252) * 15.0F);
 }
 
 TEST_F(Form3LoadTest, APlaceThatIsNoNumberIsTheDefault) {
