@@ -51,6 +51,20 @@ private:
     fs::path path_;
 };
 
+// A stream that neither truncates nor appends has to be open for reading too, and then makes no
+// file; so a missing file is made first.
+std::unique_ptr<std::iostream> updated(const fs::path& path) {
+    std::error_code error;
+    if (isPipe(path) || fs::is_directory(path, error))
+        return nullptr;
+    if (!fs::exists(path, error))
+        std::ofstream(path, std::ios::binary | std::ios::app).close();
+    auto stream = std::make_unique<UpdatedFile>(path);
+    if (!stream->is_open())
+        return nullptr;
+    return stream;
+}
+
 } // namespace
 
 std::unique_ptr<std::istream> HostFiles::openForInput(const std::string& name) {
@@ -65,7 +79,7 @@ std::unique_ptr<std::istream> HostFiles::openForInput(const std::string& name) {
 }
 
 std::unique_ptr<std::ostream> HostFiles::openForOutput(const std::string& name) {
-    const fs::path path = platform::resolve(name);
+    const fs::path path = platform::resolveForWriting(name);
     if (isPipe(path))
         return nullptr;
     auto stream = std::make_unique<std::ofstream>(path, std::ios::binary | std::ios::trunc);
@@ -74,23 +88,12 @@ std::unique_ptr<std::ostream> HostFiles::openForOutput(const std::string& name) 
     return stream;
 }
 
-// A stream that neither truncates nor appends has to be open for reading too, and then makes no
-// file; so a missing file is made first.
 std::unique_ptr<std::iostream> HostFiles::openForUpdate(const std::string& name) {
-    const fs::path path = platform::resolve(name);
-    std::error_code error;
-    if (isPipe(path) || fs::is_directory(path, error))
-        return nullptr;
-    if (!fs::exists(path, error))
-        std::ofstream(path, std::ios::binary | std::ios::app).close();
-    auto stream = std::make_unique<UpdatedFile>(path);
-    if (!stream->is_open())
-        return nullptr;
-    return stream;
+    return updated(platform::resolve(name));
 }
 
 std::unique_ptr<std::ostream> HostFiles::openForBinary(const std::string& name) {
-    return openForUpdate(name);
+    return updated(platform::resolveForWriting(name));
 }
 
 bool HostFiles::canRead(const std::string& name) {
@@ -107,13 +110,13 @@ bool HostFiles::remove(const std::string& name) {
 
 bool HostFiles::rename(const std::string& from, const std::string& to) {
     std::error_code error;
-    fs::rename(platform::resolve(from), platform::resolve(to), error);
+    fs::rename(platform::resolve(from), platform::resolveForWriting(to), error);
     return !error;
 }
 
 bool HostFiles::copy(const std::string& from, const std::string& to) {
     const fs::path source = platform::resolve(from);
-    const fs::path target = platform::resolve(to);
+    const fs::path target = platform::resolveForWriting(to);
     fs::path unfinished = target;
     unfinished += ".part";
     std::error_code error;

@@ -5,7 +5,7 @@
 
 namespace velorin::host {
 
-/// Names are found without regard to case (see platform/CaseBlind.h). No call throws.
+/// Names are looked up as platform/CaseBlind.h says. No call throws.
 class HostFiles final : public platform::Files {
 public:
     /// Null for all but regular files: a pipe or a device could hold the program up for ever.

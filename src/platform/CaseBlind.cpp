@@ -6,12 +6,29 @@
 
 #include <algorithm>
 #include <system_error>
+#include <vector>
 
 namespace platform {
 
 namespace fs = std::filesystem;
 
 namespace {
+
+/// A link that leads nowhere is there as well.
+bool isThere(const fs::path& path) {
+    std::error_code error;
+    return fs::exists(fs::symlink_status(path, error));
+}
+
+fs::path separated(std::string name) {
+    std::replace(name.begin(), name.end(), '\\', '/');
+    return name;
+}
+
+/// A part of a path as a path of its own: "a\\b" is "a/b", and "\\a" does not lead to the root.
+fs::path dividedPart(const fs::path& part) {
+    return part.has_root_directory() ? part : separated(part.string()).relative_path();
+}
 
 /// The entry of `folder` that differs from `name` in case only; `name` itself if there is none.
 fs::path entryIgnoringCase(const fs::path& folder, const fs::path& name) {
@@ -30,26 +47,47 @@ fs::path entryIgnoringCase(const fs::path& folder, const fs::path& name) {
     return found;
 }
 
+/// The path below `found`, which is empty for a path that begins here, part by part.
+fs::path foundIgnoringCase(fs::path found, const fs::path& rest) {
+    for (const fs::path& part : rest) {
+        const fs::path next = found / part;
+        if (isThere(next))
+            found = next;
+        else
+            found /= entryIgnoringCase(found.empty() ? fs::path(".") : found, part);
+    }
+    return found;
+}
+
 } // namespace
 
 fs::path resolve(const std::string& name) {
-    std::string separated = name;
-    std::replace(separated.begin(), separated.end(), '\\', '/');
-    const fs::path exact(separated);
-    std::error_code error;
-    if (exact.empty() || fs::exists(exact, error))
+    const fs::path exact(name);
+    if (exact.empty() || isThere(exact))
         return exact;
-
+    const fs::path divided = separated(name);
+    if (isThere(divided))
+        return divided;
     fs::path found;
     for (const fs::path& part : exact) {
-        const fs::path next = found / part;
-        if (fs::exists(next, error)) {
+        if (const fs::path next = found / part; isThere(next))
             found = next;
-            continue;
-        }
-        found /= entryIgnoringCase(found.empty() ? fs::path(".") : found, part);
+        else
+            found = foundIgnoringCase(found,
+                                      found.empty() ? separated(part.string()) : dividedPart(part));
     }
     return found;
+}
+
+fs::path resolveForWriting(const std::string& name) {
+    const fs::path exact(name);
+    if (exact.empty() || isThere(exact))
+        return exact;
+    // The last '\' or '/' ends the folder; the folder's own '\' are looked up with it.
+    const std::size_t end = name.find_last_of("/\\");
+    if (end == std::string::npos)
+        return exact;
+    return resolve(name.substr(0, std::max<std::size_t>(end, 1))) / name.substr(end + 1);
 }
 
 } // namespace platform

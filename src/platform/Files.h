@@ -1,5 +1,5 @@
-// The host's files, by name: UTF-8 paths in which '\' and '/' both separate, found without regard
-// to case.
+// The host's files, by name: UTF-8 paths in which '\' and '/' both separate. Files to be read are
+// found without regard to case; files to be written have exactly the name that is given.
 #pragma once
 
 #include <iosfwd>
@@ -8,8 +8,9 @@
 
 namespace platform {
 
-/// Every call takes a name as the program has it (see `resolve` in CaseBlind.h): the exact name is
-/// tried first, then one that differs in case only. A stream that is null stands for a failed open.
+/// Every call takes a name as the program has it (see CaseBlind.h). A call that reads tries the
+/// exact name first, then one that differs in case only; a call that writes takes the exact name. A
+/// stream that is null stands for a failed open.
 class Files {
 public:
     virtual ~Files() = default;
@@ -25,13 +26,14 @@ public:
     [[nodiscard]] virtual std::unique_ptr<std::ostream> openForBinary(const std::string& name) = 0;
 
     /// For reading and writing, binary, created if missing and never truncated. Both have one place
-    /// in the file.
+    /// in the file. A file that is there is found as for reading.
     [[nodiscard]] virtual std::unique_ptr<std::iostream> openForUpdate(const std::string& name) = 0;
 
     /// True if the name can be opened for input.
     [[nodiscard]] virtual bool canRead(const std::string& name) = 0;
 
-    // These return whether they did what they say.
+    // These return whether they did what they say. What is removed, renamed or copied from is found
+    // as for reading.
     virtual bool remove(const std::string& name) = 0;
     virtual bool rename(const std::string& from, const std::string& to) = 0; ///< replaces `to`
     virtual bool copy(const std::string& from, const std::string& to) = 0;   ///< replaces `to`

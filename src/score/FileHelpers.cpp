@@ -22,10 +22,11 @@ bool FileExists(platform::Platform& platform, const std::string& name) {
     return platform.files.canRead(name);
 }
 
-// The open comes first, so that the file is there to be deleted; a failure of either is ignored,
-// and the wait lasts all the same.
+// A file that is there under a name that differs in case is the one to be deleted, and none is made
+// beside it. A failure of either step is ignored, and the wait lasts all the same.
 void p_DestroyFile(platform::Platform& platform, const std::string& name) {
-    platform.files.openForBinary(name).reset();
+    if (!FileExists(platform, name))
+        platform.files.openForBinary(name).reset();
     platform.files.remove(name);
     constexpr int settlingMs = 200;
     yieldFor(platform, settlingMs);

@@ -41,7 +41,7 @@ std::unique_ptr<std::istream> ScriptedFiles::openForInput(const std::string& nam
 }
 
 std::unique_ptr<std::ostream> ScriptedFiles::openForOutput(const std::string& name) {
-    const fs::path path = platform::resolve(name);
+    const fs::path path = platform::resolveForWriting(name);
     if (name.empty() || !mayWrite(path))
         return nullptr;
     auto stream = std::make_unique<std::ofstream>(path, std::ios::binary | std::ios::trunc);
@@ -49,11 +49,15 @@ std::unique_ptr<std::ostream> ScriptedFiles::openForOutput(const std::string& na
 }
 
 std::unique_ptr<std::ostream> ScriptedFiles::openForBinary(const std::string& name) {
-    return openForUpdate(name);
+    return updated(name, platform::resolveForWriting(name));
 }
 
 std::unique_ptr<std::iostream> ScriptedFiles::openForUpdate(const std::string& name) {
-    const fs::path path = platform::resolve(name);
+    return updated(name, platform::resolve(name));
+}
+
+std::unique_ptr<std::iostream> ScriptedFiles::updated(const std::string& name,
+                                                      const fs::path& path) const {
     std::error_code error;
     if (name.empty() || !mayWrite(path) || fs::is_directory(path, error))
         return nullptr;
@@ -77,7 +81,7 @@ bool ScriptedFiles::remove(const std::string& name) {
 
 bool ScriptedFiles::rename(const std::string& from, const std::string& to) {
     const fs::path source = platform::resolve(from);
-    const fs::path target = platform::resolve(to);
+    const fs::path target = platform::resolveForWriting(to);
     if (!mayWrite(source) || !mayWrite(target))
         return false;
     std::error_code error;
@@ -86,7 +90,7 @@ bool ScriptedFiles::rename(const std::string& from, const std::string& to) {
 }
 
 bool ScriptedFiles::copy(const std::string& from, const std::string& to) {
-    const fs::path target = platform::resolve(to);
+    const fs::path target = platform::resolveForWriting(to);
     std::error_code error;
     return mayWrite(target) && fs::copy_file(platform::resolve(from), target,
                                              fs::copy_options::overwrite_existing, error);

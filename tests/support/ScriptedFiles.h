@@ -40,6 +40,8 @@ public:
     void makeReadOnly(const std::string& name);
 
 private:
+    [[nodiscard]] std::unique_ptr<std::iostream> updated(const std::string& name,
+                                                         const std::filesystem::path& path) const;
     [[nodiscard]] bool mayWrite(const std::filesystem::path& path) const;
 
     std::vector<std::filesystem::path> readOnly_;

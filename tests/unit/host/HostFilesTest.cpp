@@ -49,10 +49,22 @@ TEST_F(HostFilesTest, FileIsFoundUnderANameThatDiffersInCase) {
     EXPECT_TRUE(files.canRead(at("MEIN LIED \xC3\x84.sng")));
 }
 
-TEST_F(HostFilesTest, WritingUnderAnotherCaseReplacesTheFileThatIsThere) {
+TEST_F(HostFilesTest, WritingUnderAnotherCaseMakesAnotherFile) {
     put("Song.SNG", "old");
     put("song.sng", "new");
-    EXPECT_EQ(content("Song.SNG"), "new");
+    *files.openForBinary(at("SONG.sng")) << "third";
+    EXPECT_EQ(content("Song.SNG"), "old");
+    EXPECT_EQ(content("song.sng"), "new");
+    EXPECT_EQ(content("SONG.sng"), "third");
+}
+
+TEST_F(HostFilesTest, FileWithABackslashInItsNameIsReadAndWritten) {
+    const std::string name = folder + "/a\\b.sng";
+    std::ofstream(name) << "old";
+    EXPECT_TRUE(files.canRead(name));
+    *files.openForOutput(name) << "new";
+    std::ifstream stream(name);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(stream), {}), "new");
     EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 1);
 }
 

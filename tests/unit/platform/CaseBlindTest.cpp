@@ -7,6 +7,7 @@
 #include <fstream>
 
 using platform::resolve;
+using platform::resolveForWriting;
 namespace fs = std::filesystem;
 
 namespace {
@@ -25,6 +26,10 @@ protected:
     }
     [[nodiscard]] fs::path found(const std::string& name) const {
         return resolve(folder.string() + "\\" + name).lexically_relative(folder);
+    }
+
+    [[nodiscard]] fs::path toWrite(const std::string& name) const {
+        return resolveForWriting(folder.string() + "\\" + name).lexically_relative(folder);
     }
 
     fs::path folder;
@@ -67,4 +72,37 @@ TEST_F(CaseBlindTest, FileYetToBeMadeKeepsItsNameInTheFolderThatIsFound) {
 
 TEST_F(CaseBlindTest, EmptyNameStaysEmpty) {
     EXPECT_EQ(resolve(""), fs::path());
+}
+
+TEST_F(CaseBlindTest, NameWithABackslashOfItsOwnIsFoundBeforeItSeparates) {
+    make("Songs/a\\b.sng");
+    EXPECT_EQ(resolve((folder / "Songs/a\\b.sng").string()), folder / "Songs/a\\b.sng");
+    EXPECT_EQ(found("songs\\a\\b.sng"), "Songs/a/b.sng") << "no such folder, and no such file";
+    make("Songs/a/b.sng");
+    EXPECT_EQ(resolve((folder / "Songs/a\\b.sng").string()), folder / "Songs/a\\b.sng");
+    EXPECT_EQ(found("songs\\a\\b.sng"), "Songs/a/b.sng");
+}
+
+TEST_F(CaseBlindTest, FolderMayHaveABackslashOfItsOwn) {
+    make("my\\songs/A.sng");
+    EXPECT_EQ(resolve((folder / "my\\songs/a.sng").string()), folder / "my\\songs/A.sng");
+    EXPECT_EQ(resolveForWriting((folder / "my\\songs/new.sng").string()),
+              folder / "my\\songs/new.sng");
+}
+
+TEST_F(CaseBlindTest, NameToBeWrittenIsExactInAFolderThatIsFound) {
+    make("Songs/Song.sng");
+    EXPECT_EQ(toWrite("songs\\song.sng"), "Songs/song.sng");
+    EXPECT_EQ(toWrite("SONGS\\Song.sng"), "Songs/Song.sng");
+    EXPECT_EQ(toWrite("other\\Song.sng"), "other/Song.sng");
+    EXPECT_EQ(resolveForWriting(""), fs::path());
+    EXPECT_EQ(resolveForWriting("new.sng"), "new.sng");
+    EXPECT_EQ(resolveForWriting("\\new.sng"), "/new.sng");
+}
+
+TEST_F(CaseBlindTest, FileWithABackslashInItsNameIsWrittenWhereItIs) {
+    make("a\\b.sng");
+    EXPECT_EQ(resolveForWriting((folder / "a\\b.sng").string()), folder / "a\\b.sng");
+    make("c/x.sng");
+    EXPECT_EQ(toWrite("c\\d.sng"), "c/d.sng");
 }

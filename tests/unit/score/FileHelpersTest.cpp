@@ -41,6 +41,13 @@ TEST_F(FileHelpersTest, DestroyedFileIsGoneBeforeTheWait) {
     EXPECT_EQ(host.time.now(), 200 * millisecond);
 }
 
+TEST_F(FileHelpersTest, FileIsDestroyedUnderANameThatDiffersInCase) {
+    std::ofstream(at("Tune.wav")) << "x";
+    p_DestroyFile(host.platform, at("tune.wav"));
+    EXPECT_FALSE(std::filesystem::exists(at("Tune.wav")));
+    EXPECT_FALSE(std::filesystem::exists(at("tune.wav")));
+}
+
 TEST_F(FileHelpersTest, DestroyingAMissingFileWaitsAllTheSame) {
     p_DestroyFile(host.platform, at("a.sng"));
     EXPECT_FALSE(std::filesystem::exists(at("a.sng")));

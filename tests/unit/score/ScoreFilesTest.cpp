@@ -246,3 +246,17 @@ TEST_F(ScoreFilesTest, SavingAnOldFileLoadedWithItsOwnNameKeepsItsBytes) {
     files.SaveScoreFile(at("b.sng"));
     EXPECT_EQ(content("b.sng"), whole);
 }
+
+TEST_F(ScoreFilesTest, SavingUnderANameThatDiffersInCaseLeavesTheOtherFileAlone) {
+    put("Song.sng", "other");
+    files.SaveScoreFile(at("song.sng"));
+    EXPECT_EQ(content("Song.sng"), "other");
+    EXPECT_EQ(content("song.sng").substr(0, 4), "-1\r\n");
+}
+
+TEST_F(ScoreFilesTest, ExportingUnderANameThatDiffersInCaseLeavesTheOtherFileAlone) {
+    put("keep.mid", std::string(300, 'x'));
+    files.ExportMidiFile(at("KEEP.mid"));
+    EXPECT_EQ(content("keep.mid"), std::string(300, 'x'));
+    EXPECT_EQ(content("KEEP.mid").size(), 197U);
+}
