@@ -12,7 +12,8 @@ class MessageLoop;
 
 namespace velorin::host {
 
-/// Remembers the folder of the last file chosen for the run.
+/// Remembers the folder of the last file chosen for the run. A new file is made without a question,
+/// whatever `ofnCreatePrompt` says: in a dialog for saving a new name is what is expected.
 class QtDialogs final : public platform::FileDialogs {
 public:
     /// `folder` is where the first dialog opens.
@@ -25,8 +26,7 @@ public:
     GetSaveFileNameA(const platform::FileDialogRequest& request) override;
 
 private:
-    std::optional<platform::FileDialogAnswer> ask(const platform::FileDialogRequest& request,
-                                                  bool saves);
+    std::optional<platform::FileDialogAnswer> answered(const QString& name, qsizetype filter);
 
     platform::MessageLoop& loop_;
     QString folder_;

@@ -167,4 +167,11 @@ bool endsWithIgnoringCase(std::string_view text, std::string_view ending) {
            lowerCase(text.substr(text.size() - ending.size())) == lowerCase(ending);
 }
 
+std::string withEnding(std::string_view name, std::string_view ending) {
+    std::string whole(name);
+    if (!endsWithIgnoringCase(name, ending))
+        whole += ending;
+    return whole;
+}
+
 } // namespace platform

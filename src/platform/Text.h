@@ -34,4 +34,7 @@ namespace platform {
 /// True if `text` ends in `ending`, where case does not count.
 [[nodiscard]] bool endsWithIgnoringCase(std::string_view text, std::string_view ending);
 
+/// `name` with `ending` (".sng") added, unless it ends in it already, where case does not count.
+[[nodiscard]] std::string withEnding(std::string_view name, std::string_view ending);
+
 } // namespace platform

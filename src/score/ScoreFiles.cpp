@@ -42,10 +42,6 @@ std::string savedName(const std::string& answered) {
     return name;
 }
 
-std::string withExtension(const std::string& name, const std::string& extension) {
-    return platform::endsWithIgnoringCase(name, extension) ? name : name + extension;
-}
-
 } // namespace
 
 // The file is found under the name that was chosen, and goes by its lower-cased name from then on.
@@ -73,9 +69,9 @@ void ScoreFiles::mSaveAs_Click() {
         return;
     const std::string name = savedName(answer->name);
     if (answer->filterIndex == midiFilter)
-        ExportMidiFile(withExtension(name, ".mid"));
+        ExportMidiFile(platform::withEnding(name, ".mid"));
     else
-        SaveScoreFile(withExtension(name, ".sng"));
+        SaveScoreFile(platform::withEnding(name, ".sng"));
     desk_.returnToTopMost();
 }
 

@@ -79,4 +79,6 @@ TEST(Text, TrimTakesBlanksOnly) {
 TEST(Text, EndingIsFoundWhateverItsCase) {
     EXPECT_TRUE(endsWithIgnoringCase("a.SNG", ".sng"));
     EXPECT_FALSE(endsWithIgnoringCase("sng", ".sng"));
+    EXPECT_EQ(withEnding("a.SNG", ".sng"), "a.SNG");
+    EXPECT_EQ(withEnding("a.mid", ".sng"), "a.mid.sng");
 }
