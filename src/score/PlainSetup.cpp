@@ -26,7 +26,7 @@ bool PlainSetup::TrackHide(int r) {
     return isRow(r) && row[index(r)].hidden;
 }
 
-std::optional<std::string> PlainSetup::vol(int r) {
+std::optional<std::string_view> PlainSetup::vol(int r) {
     if (!hasVolumeBox(r))
         return std::nullopt;
     return row[index(r)].volume;

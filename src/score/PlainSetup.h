@@ -28,7 +28,7 @@ struct PlainSetup : SetupControls {
     int tempo = 100;
 
     bool TrackHide(int r) override;
-    std::optional<std::string> vol(int r) override;
+    std::optional<std::string_view> vol(int r) override;
     bool Ch(int r) override;
     bool Chkstrum(int r) override;
 

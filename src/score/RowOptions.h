@@ -3,7 +3,7 @@
 #pragma once
 
 #include <optional>
-#include <string>
+#include <string_view>
 
 namespace velorin {
 
@@ -15,8 +15,9 @@ public:
     /// The row is hidden: not drawn, not played, not touched by block edits.
     [[nodiscard]] virtual bool TrackHide(int row) = 0;
 
-    /// The row's velocity as text; no value for row 9, which has no box.
-    [[nodiscard]] virtual std::optional<std::string> vol(int row) = 0;
+    /// The row's velocity as text, valid until it changes; no value for row 9, which has no box.
+    /// Read for each note, so it is no copy.
+    [[nodiscard]] virtual std::optional<std::string_view> vol(int row) = 0;
 
     /// Every note of the row [0, 8) sounds as a chord.
     [[nodiscard]] virtual bool Ch(int row) = 0;

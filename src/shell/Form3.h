@@ -13,6 +13,7 @@
 #include <QTabWidget>
 
 #include <array>
+#include <string>
 
 namespace velorin {
 
@@ -76,9 +77,10 @@ public:
     // "Setup"
     QScrollBar* HScroll1 = nullptr; ///< tempo
     QLabel* TempoLabel = nullptr;
-    QComboBox* Combo2 = nullptr;             ///< devices
-    QScrollBar* HScroll2 = nullptr;          ///< volume of the selected row
-    std::array<QLineEdit*, scoreRows> vol{}; ///< entry 9 is null: that row has no box
+    QComboBox* Combo2 = nullptr;                ///< devices
+    QScrollBar* HScroll2 = nullptr;             ///< volume of the selected row
+    std::array<QLineEdit*, scoreRows> vol{};    ///< entry 9 is null: that row has no box
+    std::array<std::string, scoreRows> volText; ///< what the boxes show
 
     Flag Form3Loading = flagClear; ///< while it is set the instrument lists' handlers do nothing
     int MidiDeviceCount = 0;

@@ -117,6 +117,10 @@ void Form3::makeVolumes(QWidget* page) {
         box->setStyleSheet("font-size: 11px;");
         box->setAlignment(Qt::AlignCenter);
         vol[static_cast<std::size_t>(row)] = box;
+        std::string& text = volText[static_cast<std::size_t>(row)];
+        text = box->text().toStdString();
+        connect(box, &QLineEdit::textChanged, this,
+                [&text](const QString& now) { text = now.toStdString(); });
     };
     for (int row = 0; row < musicRows; ++row) {
         makeBox(row, 10 + 40 * row);

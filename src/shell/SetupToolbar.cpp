@@ -77,11 +77,11 @@ bool SetupToolbar::TrackHide(int row) {
     return isRow(row) && form().TrackHide[at(row)]->isChecked();
 }
 
-std::optional<std::string> SetupToolbar::vol(int row) {
+std::optional<std::string_view> SetupToolbar::vol(int row) {
     if (!isRow(row) || form().vol[at(row)] == nullptr) {
         return std::nullopt;
     }
-    return form().vol[at(row)]->text().toStdString();
+    return form().volText[at(row)];
 }
 
 bool SetupToolbar::Ch(int row) {

@@ -34,7 +34,7 @@ public:
     void unload() override;
 
     bool TrackHide(int row) override;
-    std::optional<std::string> vol(int row) override;
+    std::optional<std::string_view> vol(int row) override;
     bool Ch(int row) override;
     bool Chkstrum(int row) override;
 

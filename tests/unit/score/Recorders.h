@@ -65,7 +65,7 @@ public:
     explicit RecordingSetup(Log& log) : log_(log) {}
 
     bool TrackHide(int r) override { return plain.TrackHide(r); }
-    std::optional<std::string> vol(int r) override { return plain.vol(r); }
+    std::optional<std::string_view> vol(int r) override { return plain.vol(r); }
     bool Ch(int r) override { return plain.Ch(r); }
     bool Chkstrum(int r) override { return plain.Chkstrum(r); }
     bool TrackSel(int r) override { return plain.TrackSel(r); }

@@ -233,6 +233,13 @@ TEST_F(Form3Test, TheVolumeBarMovesTheSelectedRowOnly) {
     EXPECT_EQ(setup.vol(5), "127");
 }
 
+TEST_F(Form3Test, AVolumeIsReadWithoutACopy) {
+    EXPECT_EQ(setup.vol(2)->data(), setup.vol(2)->data());
+    form().vol[2]->setText("a text that is longer than any volume");
+    EXPECT_EQ(setup.vol(2), "a text that is longer than any volume");
+    EXPECT_EQ(setup.vol(2)->data(), setup.vol(2)->data());
+}
+
 TEST_F(Form3Test, TheVolumeBarMovesTheFirstOfSeveralSelectedRows) {
     setup.setTrackSel(10, true);
     form().HScroll2->setValue(10);
