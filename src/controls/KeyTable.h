@@ -30,13 +30,13 @@ constexpr std::array<Key, 5> mainKeys{{
     {"Esc", "Stops all sound", 8, 8},
 }};
 
-/// Those of the Editing Toolbar, in the same windows, whether it is open or not.
-constexpr std::array<Key, 7> editKeys{{
+/// Those of the Editing Toolbar, in the same windows, whether it is open or not. Duplicate has
+/// none: it cuts the song behind its pattern, which must not happen to a user who tries Ctrl+D.
+constexpr std::array<Key, 6> editKeys{{
     {"Ctrl+C", "Copies the selection", 12, 12},
     {"Ctrl+X", "Cuts the selection", 13, 13},
     {"Ctrl+V", "Pastes at the marker, over what is there", 14, 14},
     {"Ctrl+Shift+V", "Pastes at the marker, and moves what is there to the right", 15, 15},
-    {"Ctrl+D", "Duplicates the notes, in select mode", 17, 17},
     {"P", "Pauses", 6, 6},
     {"F2", "Changes between drawing and selecting", 11, 11},
 }};

@@ -27,7 +27,7 @@ struct Key {
 };
 
 /// Each shortcut, what moves the focus, what changes a control, and what does nothing.
-const std::array<Key, 36> keys{{
+const std::array<Key, 35> keys{{
     {Qt::Key_Space},
     {Qt::Key_Space},
     {Qt::Key_Space},
@@ -40,7 +40,6 @@ const std::array<Key, 36> keys{{
     {Qt::Key_X, Qt::ControlModifier},
     {Qt::Key_V, Qt::ControlModifier},
     {Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier},
-    {Qt::Key_D, Qt::ControlModifier},
     {Qt::Key_N, Qt::ControlModifier},
     {Qt::Key_O, Qt::ControlModifier},
     {Qt::Key_S, Qt::ControlModifier},

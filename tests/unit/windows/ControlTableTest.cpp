@@ -121,6 +121,7 @@ TEST(ControlTableTest, KeysAreToldWithTheirButtons) {
     EXPECT_EQ(keysOf("Form1", "Cmd2(3)"), "Ctrl+S");
     EXPECT_EQ(keysOf("Form1", "Cmd2(7)"), "Space");
     EXPECT_EQ(keysOf("Form2", "Cmd2(3)"), "");
+    EXPECT_EQ(keysOf("Form2", "Cmd2(17)"), ""); // Duplicate cuts the song: by its button alone
     const auto windows = whole.windows();
     const auto description = [](const QWidget* window, const char* button) {
         return window->findChild<QWidget*>(button)->accessibleDescription();
