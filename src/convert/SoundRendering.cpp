@@ -6,6 +6,7 @@
 #include "convert/RenderedMidi.h"
 #include "host/media/MidiFile.h"
 #include "host/media/SoundReader.h"
+#include "host/media/WavChunks.h"
 #include "platform/CaseBlind.h"
 #include "playback/NoteSounding.h"
 #include "playback/Sequencer.h"
@@ -171,7 +172,7 @@ std::string copyWav(const SoundRequest& request, const MakeTarget& make) {
     const std::filesystem::path path = platform::resolve(request.source);
     const auto file = host::openWav(path);
     if (!file)
-        return "is no WAV file";
+        return host::whyNotRead(host::readWavChunks(path));
     std::string problem;
     const auto target = make(file->rateHz(), std::min(file->channels(), 2), problem);
     if (!target)

@@ -1,5 +1,7 @@
 // WAV files of every sample form, through libsndfile.
+#include "host/media/PaddedFile.h"
 #include "host/media/SoundReader.h"
+#include "host/media/WavChunks.h"
 
 #include <sndfile.h>
 
@@ -27,7 +29,9 @@ float mixable(float sample) {
 
 class WavReader final : public SoundReader {
 public:
-    WavReader(SoundFile file, const SF_INFO& info) : file_(std::move(file)), info_(info) {}
+    /// `padded` is what the file is read through; null if it is read as it is.
+    WavReader(std::unique_ptr<PaddedFile> padded, SoundFile file, const SF_INFO& info)
+        : padded_(std::move(padded)), file_(std::move(file)), info_(info) {}
 
     int rateHz() const override { return info_.samplerate; }
     int channels() const override { return info_.channels; }
@@ -49,6 +53,7 @@ public:
     bool seek(std::int64_t frame) override { return sf_seek(file_.get(), frame, SEEK_SET) >= 0; }
 
 private:
+    std::unique_ptr<PaddedFile> padded_; ///< outlives the file
     SoundFile file_;
     SF_INFO info_;
     std::vector<float> samples_;
@@ -61,6 +66,33 @@ bool isWav(int format) {
            kind == SF_FORMAT_W64;
 }
 
+sf_count_t lengthOf(void* file) {
+    return static_cast<PaddedFile*>(file)->length();
+}
+
+sf_count_t seekIn(sf_count_t offset, int whence, void* file) {
+    auto& padded = *static_cast<PaddedFile*>(file);
+    if (whence == SEEK_CUR)
+        offset += padded.place();
+    else if (whence == SEEK_END)
+        offset += padded.length();
+    return padded.seek(offset);
+}
+
+sf_count_t readFrom(void* bytes, sf_count_t count, void* file) {
+    return static_cast<PaddedFile*>(file)->read(static_cast<char*>(bytes), count);
+}
+
+sf_count_t writeNothing(const void*, sf_count_t, void*) {
+    return 0;
+}
+
+sf_count_t placeIn(void* file) {
+    return static_cast<PaddedFile*>(file)->place();
+}
+
+constexpr SF_VIRTUAL_IO paddedFileCalls{lengthOf, seekIn, readFrom, writeNothing, placeIn};
+
 } // namespace
 
 std::unique_ptr<SoundReader> openWav(const fs::path& path) {
@@ -68,11 +100,16 @@ std::unique_ptr<SoundReader> openWav(const fs::path& path) {
     if (!fs::is_regular_file(path, failed))
         return nullptr;
     SF_INFO info{};
-    SoundFile file(sf_open(path.string().c_str(), SFM_READ, &info));
+    std::unique_ptr<PaddedFile> padded;
+    if (auto pads = readWavChunks(path).missingPads; !pads.empty())
+        padded = std::make_unique<PaddedFile>(path, std::move(pads));
+    SF_VIRTUAL_IO calls = paddedFileCalls;
+    SoundFile file(padded ? sf_open_virtual(&calls, SFM_READ, &info, padded.get())
+                          : sf_open(path.string().c_str(), SFM_READ, &info));
     if (!file || !isWav(info.format) || info.channels < 1 || info.samplerate < lowestRateHz ||
         info.samplerate > highestRateHz)
         return nullptr;
-    return std::make_unique<WavReader>(std::move(file), info);
+    return std::make_unique<WavReader>(std::move(padded), std::move(file), info);
 }
 
 } // namespace velorin::host
