@@ -1,9 +1,11 @@
 // MP3 files, through libmpg123.
+#include "host/media/Mp3Frames.h"
 #include "host/media/SoundReader.h"
 
 #include <mpg123.h>
 
 #include <algorithm>
+#include <cstdio>
 
 namespace velorin::host {
 
@@ -18,8 +20,10 @@ using Mp3File = std::unique_ptr<mpg123_handle, Mp3Closer>;
 
 class Mp3Reader final : public SoundReader {
 public:
-    Mp3Reader(Mp3File file, int rateHz, int channels)
-        : file_(std::move(file)),
+    /// `pieces` is what the file is read through; null if it is read as it is.
+    Mp3Reader(std::unique_ptr<PiecedFile> pieces, Mp3File file, int rateHz, int channels)
+        : pieces_(std::move(pieces)),
+          file_(std::move(file)),
           rateHz_(rateHz),
           channels_(channels),
           frames_(std::max<std::int64_t>(mpg123_length(file_.get()), 0)) {}
@@ -44,6 +48,7 @@ public:
     }
 
 private:
+    std::unique_ptr<PiecedFile> pieces_; ///< outlives the file
     Mp3File file_;
     int rateHz_;
     int channels_;
@@ -54,7 +59,7 @@ private:
 // after a jump sounds wrong in files of low bitrates.
 constexpr long framesBeforeJump = 10;
 
-Mp3File openedQuietly(const fs::path& path) {
+Mp3File quietHandle() {
     int problem = MPG123_OK;
     Mp3File file(mpg123_new(nullptr, &problem));
     if (!file)
@@ -63,29 +68,66 @@ Mp3File openedQuietly(const fs::path& path) {
     mpg123_param(handle, MPG123_ADD_FLAGS, MPG123_QUIET | MPG123_FORCE_STEREO | MPG123_FORCE_FLOAT,
                  0.0);
     mpg123_param(handle, MPG123_PREFRAMES, framesBeforeJump, 0.0);
-    return mpg123_open(handle, path.string().c_str()) == MPG123_OK ? std::move(file) : nullptr;
+    return file;
+}
+
+ssize_t readFrom(void* file, void* bytes, std::size_t count) {
+    return static_cast<ssize_t>(static_cast<PiecedFile*>(file)->read(
+        static_cast<char*>(bytes), static_cast<std::int64_t>(count)));
+}
+
+off_t seekIn(void* file, off_t offset, int whence) {
+    auto& pieces = *static_cast<PiecedFile*>(file);
+    if (whence == SEEK_CUR)
+        offset += pieces.place();
+    else if (whence == SEEK_END)
+        offset += pieces.length();
+    return pieces.seek(offset);
+}
+
+struct Format {
+    long rateHz = 0;
+    int channels = 0;
+    int encoding = 0;
+};
+
+// The rate of the first frame, and where all of them are: a file without a tag, or with a wrong
+// one, tells its true length only when all of its frames have been looked at.
+bool scan(const Mp3File& file, Format& format) {
+    return mpg123_getformat(file.get(), &format.rateHz, &format.channels, &format.encoding) ==
+               MPG123_OK &&
+           mpg123_scan(file.get()) == MPG123_OK;
 }
 
 } // namespace
 
-// A file without a tag, or with a wrong one, tells its true length only when all of its frames have
-// been looked at.
+// The library gives up at a kilobyte that is no sound. Searching further, it would take anything
+// that looks like a frame for one and play it as noise; so what is no sound is left out.
 std::unique_ptr<SoundReader> openMp3(const fs::path& path) {
     std::error_code failed;
     if (!fs::is_regular_file(path, failed))
         return nullptr;
-    Mp3File file = openedQuietly(path);
-    if (!file)
+    Format format;
+    std::unique_ptr<PiecedFile> pieces;
+    Mp3File file = quietHandle();
+    if (!file || mpg123_open(file.get(), path.string().c_str()) != MPG123_OK || !scan(file, format))
         return nullptr;
-    long rateHz = 0;
-    int channels = 0;
-    int encoding = 0;
-    if (mpg123_getformat(file.get(), &rateHz, &channels, &encoding) != MPG123_OK ||
-        mpg123_scan(file.get()) != MPG123_OK || rateHz < lowestRateHz || rateHz > highestRateHz)
+    if (mpg123_errcode(file.get()) == MPG123_RESYNC_FAIL) {
+        if (auto found = findMp3Pieces(path); !found.empty()) {
+            pieces = std::make_unique<PiecedFile>(path, std::move(found));
+            file = quietHandle();
+            if (!file ||
+                mpg123_replace_reader_handle(file.get(), readFrom, seekIn, nullptr) != MPG123_OK ||
+                mpg123_open_handle(file.get(), pieces.get()) != MPG123_OK || !scan(file, format))
+                return nullptr;
+        }
+    }
+    if (format.rateHz < lowestRateHz || format.rateHz > highestRateHz)
         return nullptr;
     mpg123_frameinfo info{};
     const bool isMono = mpg123_info(file.get(), &info) == MPG123_OK && info.mode == MPG123_M_MONO;
-    return std::make_unique<Mp3Reader>(std::move(file), static_cast<int>(rateHz), isMono ? 1 : 2);
+    return std::make_unique<Mp3Reader>(std::move(pieces), std::move(file),
+                                       static_cast<int>(format.rateHz), isMono ? 1 : 2);
 }
 
 } // namespace velorin::host

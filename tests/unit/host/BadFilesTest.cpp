@@ -154,6 +154,38 @@ TEST_F(AFileFromElsewhere, PlaysAsAnMp3UpToWhereItWasCut) {
     EXPECT_EQ(openMp3("noise.mp3"), mci::badFile);
 }
 
+// Random bytes look like the head of a frame every few thousand bytes.
+std::string junk(std::size_t size) {
+    std::string bytes;
+    std::uint32_t random = 1;
+    while (bytes.size() < size) {
+        random = random * 1664525 + 1013904223;
+        bytes += static_cast<char>(random >> 24);
+    }
+    return bytes;
+}
+
+TEST_F(AFileFromElsewhere, PlaysAsAnMp3OnBehindWhatIsNoSound) {
+    if (!writeMp3("plain.mp3", 88200))
+        GTEST_SKIP() << "no MP3 encoder (libmp3lame0)";
+    const std::string plain = readBytes("plain.mp3");
+    ASSERT_EQ(openMp3("plain.mp3"), 0U);
+    const int length = play("audiomp3");
+    const double peak = peakHeard();
+    ASSERT_GT(length, 2000);
+    const std::size_t half = plain.size() / 2;
+    for (const std::string& between : {std::string(2000, '\0'), junk(100'000)}) {
+        stream_.stereo.clear();
+        writeBytes("parted.mp3", plain.substr(0, half) + between + plain.substr(half));
+        ASSERT_EQ(openMp3("parted.mp3"), 0U);
+        EXPECT_NEAR(play("audiomp3"), length, 60);
+        EXPECT_LT(peakHeard(), 1.5 * peak) << "what is no sound does not sound";
+    }
+    writeBytes("tail.mp3", plain + junk(100'000));
+    ASSERT_EQ(openMp3("tail.mp3"), 0U);
+    EXPECT_EQ(play("audiomp3"), length);
+}
+
 TEST_F(AFileFromElsewhere, PlaysAsAMidFileUpToWhereItWasCut) {
     const std::string whole = test::shortSong();
     for (std::size_t length = 0; length < whole.size(); ++length) {
