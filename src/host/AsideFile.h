@@ -25,6 +25,9 @@ public:
     /// Its name; empty before it is made.
     [[nodiscard]] const std::filesystem::path& path() const { return path_; }
 
+    /// Open for reading and writing.
+    [[nodiscard]] const Descriptor& file() const { return file_; }
+
     /// Appends bytes.
     [[nodiscard]] std::error_code write(const std::string& bytes);
 

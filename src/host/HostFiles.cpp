@@ -2,6 +2,7 @@
 #include "host/HostFiles.h"
 
 #include "host/Complaint.h"
+#include "host/FileReplacement.h"
 #include "platform/CaseBlind.h"
 
 #include <filesystem>
@@ -94,6 +95,14 @@ std::unique_ptr<std::iostream> HostFiles::openForUpdate(const std::string& name)
 
 std::unique_ptr<std::ostream> HostFiles::openForBinary(const std::string& name) {
     return updated(platform::resolveForWriting(name));
+}
+
+platform::WriteError HostFiles::replace(const std::string& name, const std::string& bytes) {
+    return replaceFile(platform::resolveForWriting(name), bytes);
+}
+
+platform::WriteError HostFiles::overwrite(const std::string& name, const std::string& bytes) {
+    return replaceFile(platform::resolveForWriting(name), bytes, OldTail::stays);
 }
 
 bool HostFiles::canRead(const std::string& name) {

@@ -13,6 +13,8 @@ public:
     std::unique_ptr<std::ostream> openForOutput(const std::string& name) override;
     std::unique_ptr<std::ostream> openForBinary(const std::string& name) override;
     std::unique_ptr<std::iostream> openForUpdate(const std::string& name) override;
+    platform::WriteError replace(const std::string& name, const std::string& bytes) override;
+    platform::WriteError overwrite(const std::string& name, const std::string& bytes) override;
     bool canRead(const std::string& name) override;
 
     bool remove(const std::string& name) override; ///< no folder, no write-protected file

@@ -2,6 +2,8 @@
 // found without regard to case; files to be written have exactly the name that is given.
 #pragma once
 
+#include "platform/WriteError.h"
+
 #include <iosfwd>
 #include <memory>
 #include <string>
@@ -28,6 +30,15 @@ public:
     /// For reading and writing, binary, created if missing and never truncated. Both have one place
     /// in the file. A file that is there is found as for reading.
     [[nodiscard]] virtual std::unique_ptr<std::iostream> openForUpdate(const std::string& name) = 0;
+
+    /// Writes the whole file at once, and returns when it is on the disk. At every moment, also of
+    /// a crash or a power cut, the old or the new file is whole. On an error the old file is as it
+    /// was and no new one is left, unless the error is `damaged`.
+    [[nodiscard]] virtual WriteError replace(const std::string& name, const std::string& bytes) = 0;
+
+    /// The same, but a longer file keeps what it holds behind the last new byte.
+    [[nodiscard]] virtual WriteError overwrite(const std::string& name,
+                                               const std::string& bytes) = 0;
 
     /// True if the name can be opened for input.
     [[nodiscard]] virtual bool canRead(const std::string& name) = 0;

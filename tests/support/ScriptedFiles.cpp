@@ -69,6 +69,36 @@ std::unique_ptr<std::iostream> ScriptedFiles::updated(const std::string& name,
     return stream->is_open() ? std::move(stream) : nullptr;
 }
 
+platform::WriteError ScriptedFiles::replace(const std::string& name, const std::string& bytes) {
+    const platform::WriteError refusal = refusalOf(platform::resolveForWriting(name));
+    if (refusal != platform::WriteError::none)
+        return refusal;
+    const auto file = openForOutput(name);
+    return file && *file << bytes << std::flush ? platform::WriteError::none
+                                                : platform::WriteError::other;
+}
+
+platform::WriteError ScriptedFiles::overwrite(const std::string& name, const std::string& bytes) {
+    const platform::WriteError refusal = refusalOf(platform::resolveForWriting(name));
+    if (refusal != platform::WriteError::none)
+        return refusal;
+    const auto file = openForBinary(name);
+    return file && *file << bytes << std::flush ? platform::WriteError::none
+                                                : platform::WriteError::other;
+}
+
+platform::WriteError ScriptedFiles::refusalOf(const fs::path& path) const {
+    std::error_code error;
+    if (writeError != platform::WriteError::none)
+        return writeError;
+    if (path.empty() || fs::is_directory(path, error))
+        return platform::WriteError::notAFile;
+    if (!mayWrite(path))
+        return platform::WriteError::readOnly;
+    const bool hasFolder = !path.has_parent_path() || fs::exists(path.parent_path(), error);
+    return hasFolder ? platform::WriteError::none : platform::WriteError::folderMissing;
+}
+
 bool ScriptedFiles::canRead(const std::string& name) {
     return openForInput(name) != nullptr;
 }

@@ -29,6 +29,8 @@ public:
     std::unique_ptr<std::ostream> openForOutput(const std::string& name) override;
     std::unique_ptr<std::ostream> openForBinary(const std::string& name) override;
     std::unique_ptr<std::iostream> openForUpdate(const std::string& name) override;
+    platform::WriteError replace(const std::string& name, const std::string& bytes) override;
+    platform::WriteError overwrite(const std::string& name, const std::string& bytes) override;
     bool canRead(const std::string& name) override;
     bool remove(const std::string& name) override;
     bool rename(const std::string& from, const std::string& to) override;
@@ -39,7 +41,11 @@ public:
     /// deleted, and nothing new comes into the folder.
     void makeReadOnly(const std::string& name);
 
+    /// Unless it is `none`, how every `replace` and `overwrite` fails. The file stays as it is.
+    platform::WriteError writeError = platform::WriteError::none;
+
 private:
+    [[nodiscard]] platform::WriteError refusalOf(const std::filesystem::path& path) const;
     [[nodiscard]] std::unique_ptr<std::iostream> updated(const std::string& name,
                                                          const std::filesystem::path& path) const;
     [[nodiscard]] bool mayWrite(const std::filesystem::path& path) const;

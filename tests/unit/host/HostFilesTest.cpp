@@ -160,3 +160,18 @@ TEST_F(HostFilesTest, FullDiskIsToldByTheStream) {
     stream->flush();
     EXPECT_FALSE(stream->good());
 }
+
+TEST_F(HostFilesTest, WholeFileIsReplacedUnderItsExactName) {
+    put("Song.sng", "other");
+    EXPECT_EQ(files.replace(at("song.sng"), "new"), platform::WriteError::none);
+    EXPECT_EQ(files.replace(at("song.sng"), "newer"), platform::WriteError::none);
+    EXPECT_EQ(content("song.sng"), "newer");
+    EXPECT_EQ(content("Song.sng"), "other");
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 2);
+}
+
+TEST_F(HostFilesTest, OverwrittenFileKeepsWhatLiesBehindTheLastByte) {
+    put("a.mid", "123456789");
+    EXPECT_EQ(files.overwrite(at("a.mid"), "abc"), platform::WriteError::none);
+    EXPECT_EQ(content("a.mid"), "abc456789");
+}
