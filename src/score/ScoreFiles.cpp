@@ -3,10 +3,11 @@
 
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
+#include "platform/Notices.h"
 #include "platform/Text.h"
 #include "score/FileHelpers.h"
-#include "score/KeptCopy.h"
 #include "score/MidiExport.h"
+#include "score/SaveFailure.h"
 #include "score/ScoreDesk.h"
 #include "score/ScoreReader.h"
 #include "score/ScoreWriter.h"
@@ -14,7 +15,6 @@
 #include "score/Studio.h"
 
 #include <istream>
-#include <ostream>
 
 namespace velorin {
 
@@ -124,8 +124,11 @@ void ScoreFiles::showLoaded() {
 }
 
 void ScoreFiles::SaveScoreFile(const std::string& name) {
-    if (save(name, scoreText(studio_.score), true))
+    const auto error = studio_.platform.files.replace(name, scoreText(studio_.score));
+    if (error == platform::WriteError::none)
         studio_.saved.setSaved(studio_.score);
+    else
+        reportFailure(name, error);
     studio_.score.CurrentFileName = platform::lowerCase(name);
 }
 
@@ -136,20 +139,13 @@ void ScoreFiles::ExportMidiFile(const std::string& name) {
     const std::string content = midiFileOf(studio_.score, studio_.setup);
     if (!FileExists(studio_.platform, name))
         p_DestroyFile(studio_.platform, name);
-    save(name, content, false);
+    const auto error = studio_.platform.files.overwrite(name, content);
+    if (error != platform::WriteError::none)
+        reportFailure(name, error);
 }
 
-bool ScoreFiles::save(const std::string& name, const std::string& content, bool replaceWhole) {
-    platform::Files& files = studio_.platform.files;
-    KeptCopy copy(files, name, name == unfinishedSave_);
-    bool saved = false;
-    if (const auto file = replaceWhole ? files.openForOutput(name) : files.openForBinary(name)) {
-        *file << content << std::flush;
-        saved = file->good();
-    }
-    copy.finish(saved);
-    unfinishedSave_ = saved ? std::string() : name;
-    return saved;
+void ScoreFiles::reportFailure(const std::string& name, platform::WriteError error) {
+    platform::notify(studio_.platform, saveFailureText(name, error));
 }
 
 } // namespace velorin

@@ -2,6 +2,8 @@
 // them.
 #pragma once
 
+#include "platform/WriteError.h"
+
 #include <string>
 
 namespace velorin {
@@ -9,9 +11,8 @@ namespace velorin {
 class ScoreDesk;
 struct Studio;
 
-/// None of these reports a failure; they keep what was read, or written, so far. While a file is
-/// replaced its old content lies beside it under its name with ".bak" added; after a save that
-/// failed it stays there.
+/// A load reports no failure and keeps what was read so far. A save or an export that fails leaves
+/// the old file as it was, or none, and posts a notice.
 class ScoreFiles {
 public:
     ScoreFiles(Studio& studio, ScoreDesk& desk) : studio_(studio), desk_(desk) {}
@@ -22,6 +23,7 @@ public:
 
     void OpenFile(const std::string& name);     ///< a score without its chord marks
     void OpenPoliFile(const std::string& name); ///< a score of any stage, chord marks included
+    /// Makes the name `CurrentFileName`, also when the save fails.
     void SaveScoreFile(const std::string& name);
 
     /// A Standard MIDI File, format 1. A file that is there is not made shorter. A new one is made
@@ -31,11 +33,10 @@ public:
 private:
     void load(const std::string& name, bool withChordMarks);
     void showLoaded();
-    bool save(const std::string& name, const std::string& content, bool replaceWhole);
+    void reportFailure(const std::string& name, platform::WriteError error);
 
     Studio& studio_;
     ScoreDesk& desk_;
-    std::string unfinishedSave_; ///< the file whose last save failed; its copy is the good one
 };
 
 } // namespace velorin
