@@ -32,7 +32,7 @@ struct Score {
 
     std::int16_t Tempo = 100;    ///< beats of four columns per minute; 20..300 from the scroll bar
     std::int16_t CurrentRow = 0; ///< the selected row [0, 13)
-    std::string CurrentFileName; ///< lower-cased; empty for a new score
+    std::string CurrentFileName; ///< lower-cased if it was opened; empty for a new score
     std::int16_t SelectStart = -1; ///< first selected column; -1 if nothing is selected
     std::int16_t SelectEnd = -1;   ///< last selected column, included
     std::int16_t StartColumn =

@@ -123,13 +123,14 @@ void ScoreFiles::showLoaded() {
     desk_.DrawBeatArray();
 }
 
+// The name stays as it is given; only the open command lower-cases it.
 void ScoreFiles::SaveScoreFile(const std::string& name) {
     const auto error = studio_.platform.files.replace(name, scoreText(studio_.score));
     if (error == platform::WriteError::none)
         studio_.saved.setSaved(studio_.score);
     else
         reportFailure(name, error);
-    studio_.score.CurrentFileName = platform::lowerCase(name);
+    studio_.score.CurrentFileName = name;
 }
 
 // A name that cannot be opened for input is tried out by making and deleting it. A file that is

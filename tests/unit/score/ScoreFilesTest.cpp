@@ -197,11 +197,11 @@ TEST_F(ScoreFilesTest, SavedNameLosesItsBlanksAndThenItsNul) {
     EXPECT_TRUE(exists("a.sng"));
 }
 
-TEST_F(ScoreFilesTest, SavedScoreIsTheOneInHandUnderItsLowerCasedName) {
+TEST_F(ScoreFilesTest, SavedScoreIsTheOneInHandUnderTheNameThatWasGiven) {
     answer(at("My Song.sng"), 2);
     files.mSaveAs_Click();
     EXPECT_TRUE(exists("My Song.sng"));
-    EXPECT_TRUE(studio.score.CurrentFileName.ends_with("/my song.sng"));
+    EXPECT_EQ(studio.score.CurrentFileName, at("My Song.sng"));
 }
 
 TEST_F(ScoreFilesTest, ExportLeavesTheFileInHand) {
