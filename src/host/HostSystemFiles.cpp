@@ -1,24 +1,14 @@
 // Escapes in short names, and INI files that are read and written whole.
 #include "host/HostSystemFiles.h"
 
+#include "host/DurableFile.h"
+#include "host/FileReplacement.h"
 #include "host/IniFile.h"
 #include "platform/CaseBlind.h"
-
-#include <fstream>
-#include <iterator>
 
 namespace velorin::host {
 
 namespace fs = std::filesystem;
-
-namespace {
-
-std::string textOf(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-} // namespace
 
 std::string HostSystemFiles::GetShortPathNameA(const std::string& path) {
     const fs::path found = platform::resolve(path);
@@ -52,29 +42,23 @@ std::string HostSystemFiles::GetPrivateProfileStringA(const std::string& section
                                                       const std::string& key,
                                                       const std::string& fallback,
                                                       const std::string& file) {
-    return iniValue(textOf(platform::resolve(file)), section, key).value_or(fallback);
+    return iniValue(readWhole(platform::resolve(file)).value_or(""), section, key)
+        .value_or(fallback);
 }
 
+// A file that is there and cannot be read is left alone: its other keys would be lost.
 bool HostSystemFiles::WritePrivateProfileStringA(const std::string& section, const std::string& key,
                                                  const std::string& value,
                                                  const std::string& file) {
     const fs::path path = platform::resolve(file);
-    const std::string text = withIniValue(textOf(path), section, key, value);
     std::error_code ignored; // a folder that is missing still shows with the file
+    const bool isThere = fs::exists(path, ignored);
+    const auto text = readWhole(path);
+    if (isThere && !text)
+        return false;
     fs::create_directories(path.parent_path(), ignored);
-    // Written beside and renamed, so that a full disk takes nothing away.
-    fs::path part = path;
-    part += ".part";
-    std::ofstream out(part, std::ios::binary);
-    out << text;
-    out.close();
-    std::error_code failed;
-    if (out)
-        fs::rename(part, path, failed);
-    const bool done = out && !failed;
-    if (!done)
-        fs::remove(part, ignored);
-    return done;
+    return replaceFile(path, withIniValue(text.value_or(""), section, key, value)) ==
+           platform::WriteError::none;
 }
 
 } // namespace velorin::host

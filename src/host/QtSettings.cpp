@@ -1,19 +1,31 @@
 // The settings store: one INI file for each user.
 #include "host/QtSettings.h"
 
+#include "host/DurableFile.h"
 #include "platform/Text.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QSettings>
 #include <QStandardPaths>
 
+#include <filesystem>
+#include <system_error>
+
 namespace velorin::host {
+
+namespace fs = std::filesystem;
 
 namespace {
 
 std::string canonical(const std::string& section, const std::string& key) {
     return platform::lowerCase(section + "/" + key);
+}
+
+/// The name of a new folder is on the disk as well.
+void makeFolderLasting(const fs::path& folder) {
+    std::error_code error;
+    if (fs::create_directories(folder, error))
+        syncFolder(folder.parent_path());
 }
 
 } // namespace
@@ -61,16 +73,20 @@ QtSettings::~QtSettings() {
     writeChanges();
 }
 
-// All in one go: each writing waits for the disk.
+// All in one go, since each writing waits for the disk: the store syncs the new file before it
+// renames it, and the folder keeps the new name.
 void QtSettings::writeChanges() {
     if (changed_.empty())
         return;
-    QDir().mkpath(QFileInfo(file_).absolutePath());
+    const fs::path folder = QFileInfo(file_).absolutePath().toStdString();
+    makeFolderLasting(folder);
     QSettings store(file_, QSettings::IniFormat);
     for (const std::string& name : changed_)
         store.setValue(QString::fromStdString(name), QString::fromStdString(values_[name]));
     changed_.clear();
     store.sync();
+    if (store.status() == QSettings::NoError)
+        syncFolder(folder);
     if (store.status() == QSettings::AccessError)
         notWritable_.say("the settings cannot be written to " + file_.toStdString());
 }

@@ -7,6 +7,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 
 namespace velorin::host {
 namespace {
@@ -44,6 +45,18 @@ TEST_F(SystemFiles, KeepAKeyBetweenTwoPrograms) {
     EXPECT_TRUE(files.WritePrivateProfileStringA("MCI", "MPEGVideo", "mciqtz.drv", file));
     HostSystemFiles again(folder);
     EXPECT_EQ(again.GetPrivateProfileStringA("mci", "mpegvideo", "None", file), "mciqtz.drv");
+}
+
+TEST_F(SystemFiles, KeepAFileThatCannotBeWrittenOrRead) {
+    const std::string file = (folder / "system.ini").string();
+    std::ofstream(file) << "[a]\r\nb=1\r\n";
+    fs::permissions(file, fs::perms::owner_read);
+    EXPECT_FALSE(files.WritePrivateProfileStringA("MCI", "MPEGVideo", "x", file));
+    EXPECT_EQ(files.GetPrivateProfileStringA("a", "b", "", file), "1");
+    fs::create_directory(folder / "folder.ini");
+    EXPECT_FALSE(
+        files.WritePrivateProfileStringA("MCI", "a", "x", (folder / "folder.ini").string()));
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 2) << "no remainder";
 }
 
 TEST_F(SystemFiles, GiveAShortNameWithoutBlanksThatLeadsBack) {
