@@ -57,6 +57,13 @@ void QtMessageLoop::waitUntil(std::int64_t counter) {
     sleepRest(counter);
 }
 
+void QtMessageLoop::rest() {
+    const std::int64_t end =
+        clock_.QueryPerformanceCounter() + clock_.QueryPerformanceFrequency() / 1000;
+    while (!ending_ && nanosecondsTo(end) > 0)
+        waitUntil(end);
+}
+
 /// Returns whether an event has been served, or the program is ending.
 bool QtMessageLoop::serveUntilNear(std::int64_t counter) {
     const std::int64_t sleepMs = (nanosecondsTo(counter) - timerEarly) / nanosecondsPerMs;

@@ -22,6 +22,7 @@ public:
 
     void Yield() override;
     void waitUntil(std::int64_t counter) override;
+    void rest() override;
     void end() override; ///< leaves the application's event loop and all dialogs in it
     [[nodiscard]] bool isEnding() const override { return ending_; }
 

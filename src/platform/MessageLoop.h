@@ -18,6 +18,14 @@ public:
     /// whichever comes first, and returns. The caller loops. Returns at once after `end`.
     virtual void waitUntil(std::int64_t counter) = 0;
 
+    /// For a wait that is over at its beginning: serves events for a millisecond, so that a loop of
+    /// such waits leaves the processor to others. Where time moves in waits alone, none goes by.
+    virtual void rest() {}
+
+    /// How many of these calls are running, each in an event that the one before it serves. A loop
+    /// that does not count answers 0.
+    [[nodiscard]] virtual int depth() const { return 0; }
+
     /// Asks every running loop to end: from now on `isEnding` holds and no wait lasts.
     virtual void end() = 0;
 

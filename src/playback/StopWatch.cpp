@@ -56,10 +56,22 @@ std::int64_t StopWatch::counterAt(int number, float reading) const {
     return watches_[static_cast<std::size_t>(number) - 1].start + overhead_ + ticks;
 }
 
+float StopWatch::endOfWait(int number, float seconds) {
+    return StopWatchElapsed(number) + seconds;
+}
+
+bool StopWatch::waitOn(int number, float end) {
+    if (!(end > StopWatchElapsed(number)) || loop_.isEnding())
+        return false;
+    loop_.waitUntil(counterAt(number, end));
+    return true;
+}
+
 void StopWatch::WaitSeconds(int number, float seconds) {
-    const float end = StopWatchElapsed(number) + seconds;
-    while (end > StopWatchElapsed(number) && !loop_.isEnding()) {
-        loop_.waitUntil(counterAt(number, end));
+    const float end = endOfWait(number, seconds);
+    if (!waitOn(number, end))
+        return loop_.rest();
+    while (waitOn(number, end)) {
     }
 }
 

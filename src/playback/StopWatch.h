@@ -27,8 +27,15 @@ public:
     /// Seconds since its start; 0 if it is not running, -1 for a number that is not in the table.
     [[nodiscard]] float StopWatchElapsed(int number);
 
-    /// Serves events until `seconds` have gone by on the stopwatch, or the program ends.
+    /// Serves events until `seconds` have gone by on the stopwatch, or the program ends. A wait
+    /// that is over at once lets the loop rest, so that a song of such waits does not spin.
     void WaitSeconds(int number, float seconds);
+
+    // A wait in pieces, for a caller that looks around between them.
+    [[nodiscard]] float endOfWait(int number, float seconds); ///< its end, a reading
+    /// Serves an event, or sleeps until the reading is `end`. False, and nothing is done, if it is
+    /// that already or the program ends.
+    [[nodiscard]] bool waitOn(int number, float end);
 
 private:
     struct Watch {

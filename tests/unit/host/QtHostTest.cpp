@@ -114,11 +114,22 @@ TEST_F(QtHostTest, AWindowThatIsGoneBeforeItsPaintingIsForgotten) {
     loop.waitUntil(clock.QueryPerformanceCounter() + oneMs);
 }
 
+TEST_F(QtHostTest, ARestSleepsAMillisecondAndServesEvents) {
+    int served = 0;
+    for (int i = 0; i < 3; ++i)
+        QTimer::singleShot(0, [&served] { ++served; });
+    const std::int64_t start = clock.QueryPerformanceCounter();
+    loop.rest();
+    EXPECT_GE(clock.QueryPerformanceCounter(), start + oneMs);
+    EXPECT_EQ(served, 3);
+}
+
 TEST_F(QtHostTest, NoWaitLastsAfterTheEnd) {
     loop.end();
     EXPECT_TRUE(loop.isEnding());
     const std::int64_t end = clock.QueryPerformanceCounter() + 10'000 * oneMs;
     loop.waitUntil(end);
+    loop.rest();
     EXPECT_LT(clock.QueryPerformanceCounter(), end);
 }
 

@@ -150,5 +150,33 @@ TEST_F(StopWatches, AWaitEndsWithTheProgram) {
     EXPECT_EQ(time.now(), 100'000'000);
 }
 
+/// A loop whose time is the stepping clock's, and that counts what it is asked for.
+struct CountingLoop final : platform::MessageLoop {
+    int waits = 0;
+    int rests = 0;
+    void Yield() override {}
+    void waitUntil(std::int64_t) override { ++waits; }
+    void rest() override { ++rests; }
+    void end() override {}
+    [[nodiscard]] bool isEnding() const override { return false; }
+};
+
+// A song with a negative tempo has columns of less than no time.
+TEST(AWait, ThatIsOverAtOnceRestsAndAnyOtherDoesNot) {
+    SteppingClock clock;
+    CountingLoop loop;
+    StopWatch watch(clock, loop);
+    const int number = watch.StopWatchNew();
+    ASSERT_EQ(watch.StopWatchStart(number), 1);
+    watch.WaitSeconds(number, -0.12F);
+    watch.WaitSeconds(number, 0.0F);
+    EXPECT_EQ(loop.rests, 2);
+    EXPECT_EQ(loop.waits, 0);
+    clock.step = 1;
+    watch.WaitSeconds(number, 0.1F);
+    EXPECT_EQ(loop.rests, 2);
+    EXPECT_GT(loop.waits, 10);
+}
+
 } // namespace
 } // namespace velorin
