@@ -3,7 +3,7 @@
 #pragma once
 
 #include "playback/PositionDisplay.h"
-#include "playback/WaitingPasses.h"
+#include "playback/WaitingLoops.h"
 #include "score/Cell.h"
 
 #include <array>

@@ -14,6 +14,8 @@
 #include "score/SetupControls.h"
 #include "score/Studio.h"
 
+#include <utility>
+
 namespace velorin {
 
 namespace {
@@ -44,8 +46,7 @@ void FilePlayer::Cmd2_Click(int index) {
         commands_.ShowToolbars();
         break;
     case 1:
-        Command4_Click(1);
-        studio_.run.PlayerPaused = flagClear;
+        carryOut(1, Rest::endOfPause);
         break;
     case 2:
         studio_.run.PlayerPaused = flagSet;
@@ -78,6 +79,11 @@ void FilePlayer::C4_Click() {
 }
 
 void FilePlayer::Command4_Click(int index) {
+    carryOut(index, Rest::nothing);
+}
+
+// Whatever is done to a WAV, a loop follows it from then on.
+void FilePlayer::carryOut(int index, Rest rest) {
     const std::string name =
         platform::trimBlanks(platform::lowerCase(desk_.text(RecordText::Text6)));
     studio_.run.SoundFinished = flagClear;
@@ -87,6 +93,15 @@ void FilePlayer::Command4_Click(int index) {
         pauseOrResume(name);
     else if (index == 3)
         stop(name);
+    if (index >= 1 && index <= 3 && name.ends_with(".wav"))
+        pollWav(rest);
+    else
+        finish(rest);
+}
+
+void FilePlayer::finish(Rest rest) {
+    if (rest == Rest::endOfPause)
+        studio_.run.PlayerPaused = flagClear;
 }
 
 void FilePlayer::play(const std::string& name) {
@@ -97,7 +112,6 @@ void FilePlayer::play(const std::string& name) {
         send("close sound");
         send("open waveaudio!" + name + " alias sound");
         send("play sound");
-        pollWav();
     } else if (name.ends_with(".mp3")) {
         mp3_.CmdPlayMP3_Click();
     } else if (name.ends_with(".mid")) {
@@ -112,7 +126,6 @@ void FilePlayer::pauseOrResume(const std::string& name) {
         commands_.PlayAndStop_Click(0);
     } else if (name.ends_with(".wav")) {
         send(pauses ? "pause sound" : "resume sound");
-        pollWav();
     } else if (name.ends_with(".mp3")) {
         pauses ? mp3_.PauseMP3() : mp3_.ResumeMP3();
     } else if (name.ends_with(".mid")) {
@@ -125,8 +138,7 @@ void FilePlayer::stop(const std::string& name) {
         commands_.PlayAndStop_Click(1);
         return;
     }
-    const bool isWav = name.ends_with(".wav");
-    if (isWav) {
+    if (name.ends_with(".wav")) {
         send("stop sound");
         send("close sound");
     } else if (name.ends_with(".mp3")) {
@@ -136,20 +148,47 @@ void FilePlayer::stop(const std::string& name) {
         send("close midi");
     }
     clearProgress();
-    if (isWav)
-        pollWav();
 }
 
-// Each click on a WAV begins a loop of its own, nested in the wait of the one before. Only the
-// innermost ends with the sound; an outer one clears the flag at its next step and polls on.
-void FilePlayer::pollWav() {
+// Each click on a WAV begins a loop of its own, inside the wait of the one before. Only the
+// innermost ends with the sound; an outer one clears the flag at its next step and polls on, for
+// the rest of the run if no other sound comes to its end. So such loops are counted and not nested:
+// the click returns, and the wait that it came in goes on as the wait of its loop.
+void FilePlayer::pollWav(Rest rest) {
+    const platform::MessageLoop& loop = studio_.platform.loop;
     studio_.run.SoundFinished = flagClear;
     watch_.StopWatchStart(wavTimer_);
-    while (studio_.run.SoundFinished == flagClear) {
-        watch_.WaitSeconds(wavTimer_, wavPollSeconds);
+    const WavLoop begun = waitFor(rest);
+    if (wavLoops_ != nullptr && wavLoops_->depth == loop.depth()) {
+        wavLoops_->outer.push(wavLoops_->innermost);
+        wavLoops_->innermost = begun;
+        return;
+    }
+    WavLoops loops{loop.depth() + 1, begun, {}};
+    WavLoops* const below = std::exchange(wavLoops_, &loops);
+    runWavLoops(loops);
+    wavLoops_ = below;
+}
+
+FilePlayer::WavLoop FilePlayer::waitFor(Rest rest) {
+    return {wavTimer_, watch_.endOfWait(wavTimer_, wavPollSeconds), rest};
+}
+
+void FilePlayer::runWavLoops(WavLoops& loops) {
+    for (;;) {
+        while (watch_.waitOn(loops.innermost.timer, loops.innermost.end)) {
+        }
         if (studio_.platform.loop.isEnding())
             return;
         Soundstatus();
+        if (studio_.run.SoundFinished == flagClear) {
+            loops.innermost = waitFor(loops.innermost.rest);
+            continue;
+        }
+        finish(loops.innermost.rest);
+        if (loops.outer.empty())
+            return;
+        loops.innermost = loops.outer.pop();
     }
 }
 

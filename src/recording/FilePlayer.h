@@ -2,6 +2,8 @@
 // ending of its name.
 #pragma once
 
+#include "playback/WaitingLoops.h"
+
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -35,10 +37,32 @@ public:
     std::function<void()> Recordcontrol; ///< ends the recording that a MID file was played for
 
 private:
+    /// What a click has left to do when the file that it began to follow is over.
+    enum class Rest { nothing, endOfPause };
+
+    /// A loop that follows a WAV, while it waits for its next look or for a loop inside it.
+    struct WavLoop {
+        std::int32_t timer = 0; ///< of its wait: a load of the window brings other stopwatches
+        float end = 0.0F;       ///< a reading of that stopwatch
+        Rest rest = Rest::nothing;
+        bool operator==(const WavLoop&) const = default;
+    };
+
+    /// Loops of which each was begun in the wait of the one before, and by nothing in between.
+    struct WavLoops {
+        int depth = 0; ///< of the message loop in their waits
+        WavLoop innermost;
+        WaitingLoops<WavLoop> outer;
+    };
+
+    void carryOut(int index, Rest rest);
+    void finish(Rest rest);
     void play(const std::string& name);
     void pauseOrResume(const std::string& name);
     void stop(const std::string& name);
-    void pollWav();
+    void pollWav(Rest rest);
+    [[nodiscard]] WavLoop waitFor(Rest rest);
+    void runWavLoops(WavLoops& loops);
     void pollMidi();
     void clearProgress();
     void send(const std::string& command);
@@ -49,7 +73,8 @@ private:
     StopWatch& watch_;
     RecordDesk& desk_;
     RecordCommands& commands_;
-    std::int32_t wavTimer_ = 0; ///< stopwatch number
+    std::int32_t wavTimer_ = 0;    ///< stopwatch number
+    WavLoops* wavLoops_ = nullptr; ///< those that run; of some that nest, the innermost
 };
 
 } // namespace velorin

@@ -14,6 +14,17 @@ constexpr Nanoseconds nanosecondsPerMillisecond = 1'000'000;
 // A loop that yields this often without waiting will never end by itself.
 constexpr std::int64_t idleYieldLimit = 20'000'000;
 
+class Deeper {
+public:
+    explicit Deeper(int& depth) : depth_(depth) { ++depth_; }
+    ~Deeper() { --depth_; }
+    Deeper(const Deeper&) = delete;
+    Deeper& operator=(const Deeper&) = delete;
+
+private:
+    int& depth_;
+};
+
 } // namespace
 
 std::uint32_t VirtualTime::GetTickCount() {
@@ -59,6 +70,7 @@ void VirtualTime::runDue() {
 }
 
 void VirtualTime::Yield() {
+    const Deeper deeper(depth_);
     if (++idleYields_ > idleYieldLimit && deadline_ != INT64_MAX) {
         brokenOff_ = true;
         now_ = deadline_;
@@ -67,6 +79,7 @@ void VirtualTime::Yield() {
 }
 
 void VirtualTime::waitUntil(std::int64_t counter) {
+    const Deeper deeper(depth_);
     if (isEnding() || now_ >= counter)
         return;
     if (onNothingPlanned && !isAnythingPlanned() && onNothingPlanned())

@@ -39,6 +39,7 @@ public:
     /// Moves the clock to `counter` or to what is planned before it, whichever comes first, and
     /// runs the latter.
     void waitUntil(std::int64_t counter) override;
+    [[nodiscard]] int depth() const override { return depth_; }
     void end() override { ended_ = true; }
     [[nodiscard]] bool isEnding() const override { return ended_ || brokenOff_; }
 
@@ -87,6 +88,7 @@ private:
     Nanoseconds now_ = 0;
     Nanoseconds deadline_ = INT64_MAX;
     std::int64_t idleYields_ = 0; ///< since the clock moved last
+    int depth_ = 0;               ///< yields and waits that run
     int lastNumber_ = 0;
     bool ended_ = false;
     bool brokenOff_ = false;

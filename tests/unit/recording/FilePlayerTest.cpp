@@ -104,6 +104,81 @@ TEST_F(Player, NestsALoopForEveryClickAndEndsOnlyTheInnermost) {
               3); // at the start, and at the end of each loop
 }
 
+// Ten thousand presses of Stop, each in the wait of the loop before: the last handler is no deeper
+// on the stack than the first, and the sound is asked for as often as by one loop.
+TEST_F(Player, TakesNoStackAndNoTimeForTheLoopsOfManyClicks) {
+    constexpr int presses = 10'000;
+    desk.texts[RecordText::Text6] = "a.wav";
+    std::vector<const char*> depths;
+    std::function<void()> press = [&] {
+        const char here = 0;
+        depths.push_back(&here);
+        if (depths.size() < presses)
+            in(0.25, press);
+        else
+            in(10.05, [this] { host.time.end(); });
+        player.Cmd2_Click(3);
+    };
+    in(0.25, press);
+    player.Cmd2_Click(3);
+    ASSERT_EQ(depths.size(), std::size_t{presses});
+    EXPECT_EQ(depths.back(), depths.front());
+    const Lines all = sent();
+    const auto count = [&all](const std::string& from, const std::string& ending) {
+        return std::count_if(all.begin(), all.end(), [&](const std::string& line) {
+            return line >= from && line.size() == from.size() + ending.size() + 1 &&
+                   line.ends_with(ending);
+        });
+    };
+    EXPECT_EQ(count("2500.000", "status sound length"), 100) << "in the last ten seconds";
+    EXPECT_EQ(std::count_if(all.begin(), all.end(),
+                            [](const std::string& line) { return line.ends_with("close sound"); }),
+              presses + 1);
+}
+
+// Each loop has stopped at a reading of the one stopwatch, which each click restarts; it goes on
+// when that reading comes again. The clicks of "Play" leave the end of a pause to do.
+TEST_F(Player, EndsTheLoopsOfManyClicksOneByOne) {
+    desk.texts[RecordText::Text6] = "a.wav";
+    host.mci.reply("status sound length", 0, "100");
+    host.mci.reply("status sound position", 0, "10");
+    std::vector<std::int16_t> flags;
+    in(0.15, [this] { player.Cmd2_Click(2); }); // at 0.15 of the first
+    in(0.40, [&] {
+        player.Cmd2_Click(1); // at 0.25 of the second
+        EXPECT_EQ(studio.run.PlayerPaused, flagSet);
+        host.mci.reply("status sound position", 0, "100");
+    });
+    in(0.55, [&] { flags.push_back(studio.run.PlayerPaused); });
+    player.Cmd2_Click(1);
+    Lines polls;
+    for (const std::string& line : sent()) {
+        if (line.ends_with("status sound length"))
+            polls.push_back(line.substr(0, 5));
+    }
+    EXPECT_EQ(polls, (Lines{"0.100", "0.250", "0.350", "0.500", "0.700", "0.700"}));
+    EXPECT_EQ(flags, (std::vector<std::int16_t>{flagClear})) << "the third click was a Play";
+    EXPECT_EQ(studio.run.PlayerPaused, flagClear);
+}
+
+// What a click has begun in between waits for the loop, which a click in that has begun.
+TEST_F(Player, NestsALoopThatIsBegunInTheWaitOfSomethingElse) {
+    desk.texts[RecordText::Text6] = "a.wav";
+    bool isOver = false;
+    in(0.05, [&] {
+        in(0.1, [this] { player.Cmd2_Click(2); });
+        const std::int64_t end = host.time.now() + scripted::nanosecondsPerSecond;
+        while (host.time.now() < end && !host.time.isEnding())
+            host.time.waitUntil(end);
+        isOver = true;
+    });
+    in(5.0, [&] {
+        EXPECT_FALSE(isOver);
+        host.time.end();
+    });
+    player.Cmd2_Click(1);
+}
+
 TEST_F(Player, PausesAndResumesAWavByTheFlag) {
     desk.texts[RecordText::Text6] = "a.wav";
     host.mci.reply("status sound length", 0, "1");
