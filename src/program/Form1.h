@@ -191,6 +191,7 @@ public:
     void addKeys(ToolFrame& window) override;
     FrameState& frames() override;
     void destroyLater(std::unique_ptr<QWidget> window) override;
+    void runHandler(const QWidget& window, const std::function<void()>& handler) override;
     void endWithError(const std::string& text) override;
 
 private:

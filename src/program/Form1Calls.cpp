@@ -14,7 +14,7 @@ void Form1::mSaveAs_Click() {
 }
 
 void Form1::PlaySelection() {
-    sequencer.PlaySelection();
+    program_.runHandler(nullptr, [this] { sequencer.PlaySelection(); });
 }
 
 void Form1::InsertColumnBut_Click() {
@@ -70,7 +70,7 @@ void Form1::RewindBut_Click() {
 }
 
 void Form1::PlayAndStop_Click(int index) {
-    sequencer.PlayAndStop_Click(index);
+    program_.runHandler(nullptr, [this, index] { sequencer.PlayAndStop_Click(index); });
 }
 
 void Form1::Command32_Click() {
@@ -123,6 +123,10 @@ FrameState& Form1::frames() {
 
 void Form1::destroyLater(std::unique_ptr<QWidget> window) {
     program_.destroyLater(std::move(window));
+}
+
+void Form1::runHandler(const QWidget& window, const std::function<void()>& handler) {
+    program_.runHandler(&window, handler);
 }
 
 void Form1::endWithError(const std::string& text) {

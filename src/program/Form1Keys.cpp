@@ -34,6 +34,7 @@ void Form1::addShortcuts(QWidget& window, bool typedToo) {
 }
 
 void Form1::addKeys(ToolFrame& window) {
+    program_.noteMade(window);
     addShortcuts(window, false);
     window.onKey = [this](const QKeyEvent& event) { return pressTypedKey(event); };
 }

@@ -11,10 +11,13 @@
 #include "shell/SetupToolbar.h"
 #include "shell/openerF.h"
 
+#include <QAbstractEventDispatcher>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QThread>
-#include <QTimer>
+
+#include <algorithm>
+#include <iterator>
 
 namespace velorin {
 
@@ -42,12 +45,15 @@ Program::Program(platform::Platform& host)
       setup_(std::make_unique<SetupToolbar>(studio_)),
       studio_(platform_, *setup_),
       kept_(platform_.kept, studio_.score) {
-    loop_->onFree = [this] { scheduleDestruction(); };
+    // Each round of the dispatcher, also one that is full of events and never sleeps: a timer, even
+    // of no time, would wait for the end of those.
+    QAbstractEventDispatcher* const dispatcher = QAbstractEventDispatcher::instance();
+    for (const auto signal :
+         {&QAbstractEventDispatcher::awake, &QAbstractEventDispatcher::aboutToBlock})
+        QObject::connect(dispatcher, signal, &dispatcherWatch_, [this] { destroyClosed(); });
 }
 
-Program::~Program() {
-    loop_->onFree = nullptr;
-}
+Program::~Program() = default;
 
 bool Program::start(const std::function<void()>& behindSplash) {
     if (IsProgramRunning()) {
@@ -196,24 +202,34 @@ void Program::unloadWindow(const QString& name) {
         tool->unload();
 }
 
+void Program::noteMade(const QWidget& window) {
+    madeAt_[&window] = loop_->now();
+}
+
 void Program::destroyLater(std::unique_ptr<QWidget> window) {
     if (!window)
         return;
     window->hide();
-    waiting_.push_back(std::move(window));
-    scheduleDestruction();
+    const auto made = madeAt_.extract(window.get());
+    closed_.push_back({std::move(window), made.empty() ? 0 : made.mapped()});
 }
 
-void Program::scheduleDestruction() {
-    if (!waiting_.empty() && loop_->isFree())
-        QTimer::singleShot(0, &focus, [this] { destroyWaiting(); });
+void Program::runHandler(const QWidget* window, const std::function<void()>& handler) {
+    const HoldingLoop::Handler running(*loop_, window);
+    handler();
 }
 
-// A timer of the outermost loop: no handler is below it. A dialog's or a menu's own loop counts as
-// a nested one.
-void Program::destroyWaiting() {
-    if (loop_->isFree() && QThread::currentThread()->loopLevel() <= 1)
-        waiting_.clear();
+// Called by the event dispatcher between two rounds, so what is below is the handlers that wait,
+// and the loop of a dialog or a menu, of which nothing is known.
+void Program::destroyClosed() {
+    if (closed_.empty() || QThread::currentThread()->loopLevel() > 1)
+        return;
+    const auto free = std::partition(closed_.begin(), closed_.end(), [this](const auto& closed) {
+        return loop_->mayHold(closed.window.get(), closed.madeAt);
+    });
+    const std::vector<ClosedWindow> destroyed(std::make_move_iterator(free),
+                                              std::make_move_iterator(closed_.end()));
+    closed_.erase(free, closed_.end());
 }
 
 } // namespace velorin

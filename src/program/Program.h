@@ -11,9 +11,12 @@
 #include "shell/ToolWindow.h"
 #include "shell/frminfo.h"
 
+#include <QObject>
 #include <QString>
 
+#include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -79,8 +82,16 @@ public:
     void showWindow(const QString& name);
     void unloadWindow(const QString& name);
 
-    /// Hides the window at once and destroys it when no handler runs any more.
+    /// To be called for each tool window when it is made: no handler that runs by then is its own.
+    void noteMade(const QWidget& window);
+
+    /// Hides the window at once and destroys it as soon as no handler of its own can be running.
     void destroyLater(std::unique_ptr<QWidget> window);
+
+    /// Runs a handler that may wait for long, so that windows can be closed and destroyed
+    /// meanwhile: all but `window`, to which it belongs, or all that are made meanwhile if that is
+    /// null.
+    void runHandler(const QWidget* window, const std::function<void()>& handler);
 
     /// Takes the splash off the screen.
     void unloadSplash();
@@ -90,12 +101,15 @@ private:
         QString name;
         std::unique_ptr<ToolWindow> window;
     };
+    struct ClosedWindow {
+        std::unique_ptr<QWidget> window;
+        std::uint64_t madeAt; ///< as `loop_` counts
+    };
 
     void showSplash();
     void recoverScores();
     void tellOfRecovered(const std::vector<std::string>& names);
-    void scheduleDestruction();
-    void destroyWaiting();
+    void destroyClosed();
 
     std::unique_ptr<HoldingLoop> loop_;
     platform::Platform platform_; ///< the host's, with `loop_` in place of its loop
@@ -111,7 +125,9 @@ private:
     std::unique_ptr<SetupToolbar> setup_;
     Studio studio_;
     KeptScore kept_;
-    std::vector<std::unique_ptr<QWidget>> waiting_; ///< to be destroyed
+    std::map<const QWidget*, std::uint64_t> madeAt_; ///< of tool windows
+    std::vector<ClosedWindow> closed_;               ///< to be destroyed
+    QObject dispatcherWatch_;
     std::vector<NamedWindow> toolWindows_;
     std::unique_ptr<openerF> splash_;
     std::unique_ptr<Form1> form1_; ///< null until `makeMainWindow`

@@ -53,7 +53,8 @@ void Record::connectHandlers() {
     desk_.addKeys(*this);
     for (int i = 0; i < static_cast<int>(Cmd2.size()); ++i) {
         PictureButton* button = Cmd2[static_cast<std::size_t>(i)];
-        connect(button, &PictureButton::clicked, this, [this, i] { owner_.player.Cmd2_Click(i); });
+        connect(button, &PictureButton::clicked, this,
+                [this, i] { desk_.runHandler(*this, [this, i] { owner_.player.Cmd2_Click(i); }); });
         button->onMouseMove = [this, i](int) { ImgR_MouseMove(i); };
     }
     Picture7->setMouseTracking(true);

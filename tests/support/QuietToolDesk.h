@@ -21,6 +21,7 @@ struct QuietToolDesk final : velorin::ToolDesk {
     void destroyLater(std::unique_ptr<QWidget> window) override {
         gone.push_back(std::move(window));
     }
+    void runHandler(const QWidget&, const std::function<void()>& handler) override { handler(); }
 };
 
 } // namespace scripted

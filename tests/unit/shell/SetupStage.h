@@ -47,6 +47,7 @@ public:
     void destroyLater(std::unique_ptr<QWidget> window) override {
         gone.push_back(std::move(window));
     }
+    void runHandler(const QWidget&, const std::function<void()>& handler) override { handler(); }
     void endWithError(const std::string& text) override { log.push_back("end: " + text); }
 
 private:
