@@ -1,0 +1,88 @@
+"""Saves with the real dialog: what it asks before it replaces a file, and what is told of a save that fails."""
+
+import shutil
+
+from desk import DeskWithoutSound, check, run, wait_until
+
+DIALOG = "Save music file"
+MIDI, SCORE = 0, 1
+OLD = b"of the user"
+
+
+def type_name(desk, program, name, kind):
+    """Opens the dialog, chooses the kind, types the name, and presses Return."""
+    program.press(3)
+    x, y, width, height = desk.settled(desk.window(DIALOG))
+    desk.choose_filter(x, y, width, height, kind)
+    desk.tool("mousemove", x + width // 2, y + height - 56, "click", 1)
+    desk.key("ctrl+a")
+    desk.type(name)
+    desk.key("Return")
+
+
+def test_question(desk, program, name, kind, file):
+    """The typed name has no ending, or another one: the question is about the file that would be replaced."""
+    path = desk.songs / file
+    path.write_bytes(OLD)
+    type_name(desk, program, name, kind)
+    wait_until(lambda: len(desk.windows(DIALOG)) == 2, f"the question about {file}")
+    desk.key("Escape")
+    wait_until(lambda: len(desk.windows(DIALOG)) == 1, "the end of the question")
+    check(path.read_bytes() == OLD, f"{file} was replaced before the answer")
+    desk.key("Escape")
+    desk.no_window(DIALOG)
+    check(path.read_bytes() == OLD, f"{file} was replaced after a no")
+
+    type_name(desk, program, name, kind)
+    wait_until(lambda: len(desk.windows(DIALOG)) == 2, f"the question about {file} again")
+    desk.key("alt+y")
+    desk.no_window(DIALOG)
+    begin = b"MThd" if kind == MIDI else b"-1\r\n"
+    wait_until(lambda: path.read_bytes().startswith(begin), f"the new {file}")
+
+
+def test_new_names(desk, program):
+    """A new name is not asked about, also if it differs from another one in case only."""
+    (desk.songs / "Tune.sng").write_bytes(OLD)
+    type_name(desk, program, "tune", SCORE)
+    desk.no_window(DIALOG)
+    wait_until((desk.songs / "tune.sng").exists, "the new file")
+    check((desk.songs / "Tune.sng").read_bytes() == OLD, "the file with a capital was replaced")
+    (desk.songs / "a\\b.sng").write_bytes(OLD)
+    type_name(desk, program, "a\\b", SCORE)
+    wait_until(lambda: len(desk.windows(DIALOG)) == 2, "the question about a name with a backslash")
+    desk.key("alt+y")
+    desk.no_window(DIALOG)
+    wait_until(lambda: (desk.songs / "a\\b.sng").read_bytes().startswith(b"-1"), "the file with a backslash")
+
+
+def test_failure(desk, program):
+    """The folder is deleted while the dialog is open."""
+    program.press(3)
+    x, y, width, height = desk.settled(desk.window(DIALOG))
+    desk.choose_filter(x, y, width, height, SCORE)
+    desk.tool("mousemove", x + width // 2, y + height - 56, "click", 1)
+    desk.key("ctrl+a")
+    desk.type("late")
+    shutil.rmtree(desk.songs)
+    desk.key("Return")
+    desk.no_window(DIALOG)
+    told = '"late.sng" was not saved: its folder is not there. Save it in another folder.'
+    wait_until(lambda: told in program.complaints(), "the notice")
+
+
+def test(build):
+    with DeskWithoutSound(build) as desk:
+        program = desk.launch()
+        program.main_window()
+        wait_until(desk.songs.exists, "the folder of songs")
+        test_question(desk, program, "song", SCORE, "song.sng")
+        test_question(desk, program, "song", MIDI, "song.mid")
+        test_question(desk, program, "no. 3.sng", MIDI, "no. 3.sng.mid")
+        test_new_names(desk, program)
+        left_over = [path.name for path in desk.songs.iterdir() if path.name.startswith(".") or path.suffix == ".bak"]
+        check(not left_over, f"left beside the scores: {left_over}")
+        test_failure(desk, program)
+
+
+run(test)
