@@ -117,29 +117,6 @@ bool HostFiles::remove(const std::string& name) {
     return fs::remove(path, error) && !error;
 }
 
-bool HostFiles::rename(const std::string& from, const std::string& to) {
-    std::error_code error;
-    fs::rename(platform::resolve(from), platform::resolveForWriting(to), error);
-    return !error;
-}
-
-bool HostFiles::copy(const std::string& from, const std::string& to) {
-    const fs::path source = platform::resolve(from);
-    const fs::path target = platform::resolveForWriting(to);
-    fs::path unfinished = target;
-    unfinished += ".part";
-    std::error_code error;
-    bool done = fs::copy_file(source, unfinished, fs::copy_options::overwrite_existing, error);
-    if (done && !error) {
-        fs::rename(unfinished, target, error);
-        done = !error;
-    }
-    std::error_code ignored; // nothing more can be done about a remainder that stays
-    if (!done)
-        fs::remove(unfinished, ignored);
-    return done;
-}
-
 bool HostFiles::createFolder(const std::string& name) {
     std::error_code error;
     return fs::create_directory(platform::resolve(name), error) && !error;

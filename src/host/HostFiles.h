@@ -18,11 +18,6 @@ public:
     bool canRead(const std::string& name) override;
 
     bool remove(const std::string& name) override; ///< no folder, no write-protected file
-    bool rename(const std::string& from, const std::string& to) override;
-
-    /// The copy takes its name only when it is whole; if it fails, a file of that name stays as it
-    /// was.
-    bool copy(const std::string& from, const std::string& to) override;
     bool createFolder(const std::string& name) override;
 };
 

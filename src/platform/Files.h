@@ -43,11 +43,8 @@ public:
     /// True if the name can be opened for input.
     [[nodiscard]] virtual bool canRead(const std::string& name) = 0;
 
-    // These return whether they did what they say. What is removed, renamed or copied from is found
-    // as for reading.
-    virtual bool remove(const std::string& name) = 0;
-    virtual bool rename(const std::string& from, const std::string& to) = 0; ///< replaces `to`
-    virtual bool copy(const std::string& from, const std::string& to) = 0;   ///< replaces `to`
+    // These return whether they did what they say.
+    virtual bool remove(const std::string& name) = 0;       ///< found as for reading
     virtual bool createFolder(const std::string& name) = 0; ///< false also if it was there
 };
 

@@ -109,23 +109,6 @@ bool ScriptedFiles::remove(const std::string& name) {
     return mayWrite(path) && fs::is_regular_file(path, error) && fs::remove(path, error);
 }
 
-bool ScriptedFiles::rename(const std::string& from, const std::string& to) {
-    const fs::path source = platform::resolve(from);
-    const fs::path target = platform::resolveForWriting(to);
-    if (!mayWrite(source) || !mayWrite(target))
-        return false;
-    std::error_code error;
-    fs::rename(source, target, error);
-    return !error;
-}
-
-bool ScriptedFiles::copy(const std::string& from, const std::string& to) {
-    const fs::path target = platform::resolveForWriting(to);
-    std::error_code error;
-    return mayWrite(target) && fs::copy_file(platform::resolve(from), target,
-                                             fs::copy_options::overwrite_existing, error);
-}
-
 bool ScriptedFiles::createFolder(const std::string& name) {
     const fs::path path = platform::resolve(name);
     std::error_code error;

@@ -33,8 +33,6 @@ public:
     platform::WriteError overwrite(const std::string& name, const std::string& bytes) override;
     bool canRead(const std::string& name) override;
     bool remove(const std::string& name) override;
-    bool rename(const std::string& from, const std::string& to) override;
-    bool copy(const std::string& from, const std::string& to) override;
     bool createFolder(const std::string& name) override;
 
     /// From now on this file, or whatever lies in this folder, cannot be written, renamed or

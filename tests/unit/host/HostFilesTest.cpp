@@ -100,12 +100,10 @@ TEST_F(HostFilesTest, FolderIsNoFile) {
     EXPECT_TRUE(fs::exists(folder + "/songs"));
 }
 
-TEST_F(HostFilesTest, MissingFileCanNeitherBeReadNorRemovedNorCopied) {
+TEST_F(HostFilesTest, MissingFileCanNeitherBeReadNorRemoved) {
     EXPECT_FALSE(files.canRead(at("a")));
     EXPECT_FALSE(files.canRead(""));
     EXPECT_FALSE(files.remove(at("a")));
-    EXPECT_FALSE(files.copy(at("a"), at("b")));
-    EXPECT_FALSE(files.rename(at("a"), at("b")));
 }
 
 TEST_F(HostFilesTest, WriteProtectedFileIsNotRemoved) {
@@ -113,29 +111,6 @@ TEST_F(HostFilesTest, WriteProtectedFileIsNotRemoved) {
     fs::permissions(folder + "/a", fs::perms::owner_read);
     EXPECT_FALSE(files.remove(at("a")));
     EXPECT_EQ(content("a"), "kept");
-}
-
-TEST_F(HostFilesTest, CopyReplacesItsTargetAndLeavesNoRemainder) {
-    put("a", "new");
-    put("b", "old");
-    EXPECT_TRUE(files.copy(at("a"), at("b")));
-    EXPECT_EQ(content("b"), "new");
-    EXPECT_EQ(content("a"), "new");
-    EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 2);
-}
-
-TEST_F(HostFilesTest, FailedCopyLeavesItsTargetAlone) {
-    put("b", "old");
-    EXPECT_FALSE(files.copy(at("missing"), at("b")));
-    EXPECT_EQ(content("b"), "old");
-}
-
-TEST_F(HostFilesTest, RenameReplacesItsTarget) {
-    put("a", "new");
-    put("b", "old");
-    EXPECT_TRUE(files.rename(at("a"), at("b")));
-    EXPECT_EQ(content("b"), "new");
-    EXPECT_FALSE(files.canRead(at("a")));
 }
 
 TEST_F(HostFilesTest, FileWrittenPieceByPieceSaysThatItIsNotWhole) {

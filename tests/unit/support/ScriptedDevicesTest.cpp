@@ -60,14 +60,14 @@ TEST(ScriptedMci, NewestMatchingReplyCountsWhateverItsCase) {
 TEST(ScriptedFiles, ReadOnlyFolderRefusesEveryChange) {
     ScriptedPlatform host;
     const std::string folder = host.folder.path().string();
-    *host.files.openForOutput(folder + "\\a.txt") << "kept";
     EXPECT_TRUE(host.files.createFolder(folder + "/locked"));
-    EXPECT_TRUE(host.files.copy(folder + "/A.TXT", folder + "/locked/b.txt"));
+    *host.files.openForOutput(folder + "\\LOCKED\\b.txt") << "kept";
     host.files.makeReadOnly(folder + "/locked");
     EXPECT_EQ(host.files.openForOutput(folder + "/locked/c.txt"), nullptr);
     EXPECT_EQ(host.files.openForBinary(folder + "/locked/b.txt"), nullptr);
     EXPECT_FALSE(host.files.remove(folder + "/locked/B.txt"));
-    EXPECT_FALSE(host.files.rename(folder + "/a.txt", folder + "/locked/b.txt"));
+    EXPECT_EQ(host.files.replace(folder + "/locked/b.txt", "new"), platform::WriteError::readOnly);
+    EXPECT_EQ(host.files.overwrite(folder + "/locked/b.txt", "n"), platform::WriteError::readOnly);
     EXPECT_FALSE(host.files.createFolder(folder + "/locked/inner"));
     const auto stream = host.files.openForInput(folder + "/locked/b.txt");
     ASSERT_NE(stream, nullptr);
