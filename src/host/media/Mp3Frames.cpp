@@ -123,8 +123,10 @@ std::vector<FilePiece> findMp3Pieces(const std::filesystem::path& path) {
 
 PiecedFile::PiecedFile(const std::filesystem::path& path, std::vector<FilePiece> pieces)
     : file_(path, std::ios::binary), pieces_(std::move(pieces)) {
-    for (const FilePiece& piece : pieces_)
+    for (const FilePiece& piece : pieces_) {
+        begins_.push_back(length_);
         length_ += piece.end - piece.begin;
+    }
 }
 
 std::int64_t PiecedFile::seek(std::int64_t place) {
@@ -134,21 +136,17 @@ std::int64_t PiecedFile::seek(std::int64_t place) {
 
 std::int64_t PiecedFile::read(char* bytes, std::int64_t count) {
     std::int64_t done = 0;
-    std::int64_t begin = 0; // of a piece, in what is read
-    for (const FilePiece& piece : pieces_) {
-        const std::int64_t size = piece.end - piece.begin;
-        const std::int64_t wanted = std::min(count - done, begin + size - place_);
-        if (wanted > 0) {
-            file_.clear();
-            file_.seekg(piece.begin + place_ - begin);
-            file_.read(bytes + done, wanted);
-            const std::int64_t got = std::max<std::int64_t>(file_.gcount(), 0);
-            done += got;
-            place_ += got;
-            if (got < wanted)
-                break;
-        }
-        begin += size;
+    while (done < count && place_ < length_) {
+        const auto after = std::upper_bound(begins_.begin(), begins_.end(), place_);
+        const auto index = static_cast<std::size_t>(after - begins_.begin()) - 1;
+        const std::int64_t from = pieces_[index].begin + place_ - begins_[index];
+        file_.clear();
+        file_.seekg(from);
+        file_.read(bytes + done, std::min(count - done, pieces_[index].end - from));
+        if (file_.gcount() <= 0)
+            break;
+        done += file_.gcount();
+        place_ += file_.gcount();
     }
     return done;
 }

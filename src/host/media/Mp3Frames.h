@@ -36,6 +36,7 @@ public:
 private:
     std::ifstream file_;
     std::vector<FilePiece> pieces_;
+    std::vector<std::int64_t> begins_; ///< of each piece, in what is read
     std::int64_t length_ = 0;
     std::int64_t place_ = 0;
 };

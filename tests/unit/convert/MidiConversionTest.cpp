@@ -37,6 +37,15 @@ protected:
         std::ofstream(at(name), std::ios::binary) << bytes + track;
     }
 
+    /// Two notes in columns 0 and 4, at tempo 1.
+    void writeScore(const std::string& name) const {
+        std::string score = "60,-1,-1,-1,60\r\n115,0,0,0,115\r\n";
+        for (int row = 1; row < 13; ++row)
+            score += "-1\r\n0\r\n";
+        std::ofstream(at(name), std::ios::binary)
+            << score + " 1 \r\n115,0,0,0,0,0,0,0,0,0,0,0,0\r\n";
+    }
+
     [[nodiscard]] std::string read(const std::string& name) const {
         std::ifstream in(at(name), std::ios::binary);
         return {std::istreambuf_iterator<char>(in), {}};
@@ -119,11 +128,7 @@ TEST_F(AMidiConversion, SaysALengthOfTenMinutesBefore) {
 
 // Tempo 1 makes a column 12 seconds long; the song has one before its first.
 TEST_F(AMidiConversion, OfAScoreKnowsItsLengthToo) {
-    std::string score = "60,-1,-1,-1,60\r\n115,0,0,0,115\r\n";
-    for (int row = 1; row < 13; ++row)
-        score += "-1\r\n0\r\n";
-    std::ofstream(at("a.sng"), std::ios::binary)
-        << score + " 1 \r\n115,0,0,0,0,0,0,0,0,0,0,0,0\r\n";
+    writeScore("a.sng");
     options_.mostMinutes = 1;
     EXPECT_EQ(make("a.sng", "a.wav"),
               at("a.sng") + " is too long: 1:24 of sound, 3 MB; --most-minutes allows 1");
@@ -135,6 +140,15 @@ TEST_F(AMidiConversion, TakesAndMakesLongNames) {
     writeMidi(name + ".mid", oneQuarter);
     EXPECT_EQ(make(name + ".mid", name + ".wav"), "");
     EXPECT_TRUE(fs::exists(at(name + ".wav")));
+}
+
+TEST_F(AMidiConversion, TakesAndMakesNamesWithBackslashes) {
+    writeMidi("a\\b.mid", oneQuarter);
+    EXPECT_EQ(make("a\\b.mid", "a\\b.wav"), "");
+    EXPECT_TRUE(fs::exists(at("a\\b.wav")));
+    writeScore("c\\d.sng");
+    EXPECT_EQ(make("c\\d.sng", "c\\d.mid", Kind::mid), "");
+    EXPECT_TRUE(fs::exists(at("c\\d.mid")));
 }
 
 } // namespace
