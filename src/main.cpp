@@ -62,6 +62,9 @@ constexpr int firstPaintMs = 50;
 int runProgram(velorin::host::EndSignals& signals) {
     using namespace velorin;
     const std::filesystem::path folder = workFolder();
+    const auto state = host::stateFolder(std::getenv("XDG_STATE_HOME"), std::getenv("HOME"));
+    // First, so that a copy that waits for this one to end finds the sound card free.
+    host::HostDesktop desktop(host::oneCopyFile(std::getenv("XDG_RUNTIME_DIR"), state));
     host::NoticeBoard notices;
     host::HostSound sound(QCoreApplication::applicationDirPath().toStdString(),
                           (folder / "Songs").string());
@@ -70,10 +73,9 @@ int runProgram(velorin::host::EndSignals& signals) {
     host::QtMessageBoxes boxes;
     host::HostFiles files;
     host::QtSettings settings;
-    host::HostDesktop desktop;
     host::QtPopupMenus menus(loop);
     host::QtTimers timers;
-    host::KeptFolder kept(host::stateFolder(std::getenv("XDG_STATE_HOME"), std::getenv("HOME")));
+    host::KeptFolder kept(state);
     host::HostSystemFiles systemFiles(configFolder());
     host::LameEncoder encoder(QCoreApplication::applicationDirPath().toStdString());
     platform::Platform platform{

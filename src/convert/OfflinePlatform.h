@@ -87,6 +87,7 @@ struct NoDesktop final : platform::Desktop {
     platform::SizePx screenSize() override { return {}; }
     platform::PointPx GetCursorPos() override { return {}; }
     bool isAnotherCopyRunning() override { return false; }
+    void announceEnd() override {}
     void HtmlHelpA(const std::string&) override {}
     bool startProgram(const std::string&) override { return false; }
     double Rnd() override { return 0.0; }

@@ -4,25 +4,12 @@
 #include "platform/Text.h"
 
 #include <QCursor>
-#include <QDir>
 #include <QGuiApplication>
 #include <QProcess>
 #include <QScreen>
 #include <QStandardPaths>
 
 namespace velorin::host {
-
-namespace {
-
-/// A folder that is the user's own and is emptied when the machine starts, where there is one.
-QString lockFileName() {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-    if (!folder.isEmpty())
-        return folder + "/velorin.lock";
-    return QDir::tempPath() + "/velorin-" + QDir::home().dirName() + ".lock";
-}
-
-} // namespace
 
 platform::SizePx HostDesktop::screenSize() {
     const QScreen* screen = QGuiApplication::primaryScreen();
@@ -48,18 +35,6 @@ std::vector<platform::Screen> HostDesktop::screens() {
 platform::PointPx HostDesktop::GetCursorPos() {
     const QPoint place = QCursor::pos();
     return {place.x(), place.y()};
-}
-
-bool HostDesktop::isAnotherCopyRunning() {
-    if (lock_)
-        return false;
-    auto lock = std::make_unique<QLockFile>(lockFileName());
-    // However long a copy has run, only its end frees the lock.
-    lock->setStaleLockTime(0);
-    const bool isHeld = lock->tryLock(0);
-    const bool isOthers = !isHeld && lock->error() == QLockFile::LockFailedError;
-    lock_ = std::move(lock);
-    return isOthers;
 }
 
 void HostDesktop::HtmlHelpA(const std::string& file) {

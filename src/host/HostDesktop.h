@@ -2,22 +2,25 @@
 #pragma once
 
 #include "host/Complaint.h"
+#include "host/OneCopy.h"
 #include "platform/Desktop.h"
 
-#include <QLockFile>
-
+#include <filesystem>
 #include <functional>
-#include <memory>
 #include <random>
 
 namespace velorin::host {
 
 class HostDesktop final : public platform::Desktop {
 public:
+    /// `oneCopyFile` as in OneCopy.h.
+    explicit HostDesktop(std::filesystem::path oneCopyFile = {}) : copy_(std::move(oneCopyFile)) {}
+
     platform::SizePx screenSize() override; ///< logical pixels
     std::vector<platform::Screen> screens() override;
     platform::PointPx GetCursorPos() override;
-    bool isAnotherCopyRunning() override;
+    bool isAnotherCopyRunning() override { return copy_.isTaken(); }
+    void announceEnd() override { copy_.announceEnd(); }
     void HtmlHelpA(const std::string& file) override;
     bool startProgram(const std::string& path) override;
     double Rnd() override;
@@ -26,7 +29,7 @@ public:
     std::function<bool()> openHelp;
 
 private:
-    std::unique_ptr<QLockFile> lock_; ///< held from the test to the end of the run
+    OneCopy copy_;
     std::mt19937 generator_{std::random_device{}()};
     Complaint noHelp_;
 };

@@ -6,6 +6,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
+
 namespace velorin::host {
 
 namespace fs = std::filesystem;
@@ -30,11 +32,18 @@ Descriptor lockFile(const fs::path& path) {
     constexpr int attempts = 10;
     for (int attempt = 0; attempt < attempts; ++attempt) {
         Descriptor file(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, forTheUser));
-        if (!file.isOpen() || flock(file.number(), LOCK_EX | LOCK_NB) != 0)
-            return Descriptor();
+        if (!file.isOpen())
+            return file;
+        if (flock(file.number(), LOCK_EX | LOCK_NB) != 0) {
+            const int reason = errno;
+            file = Descriptor();
+            errno = reason;
+            return file;
+        }
         if (isSameFile(file.number(), path))
             return file;
     }
+    errno = EWOULDBLOCK; // others come and go
     return Descriptor();
 }
 

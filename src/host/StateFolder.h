@@ -10,8 +10,9 @@
 
 namespace velorin::host {
 
-/// Makes the file if it is missing and locks it. Not open if another process holds the lock, or if
-/// the file cannot be made. The lock ends with the descriptor, and so with the process.
+/// Makes the file if it is missing and locks it. Not open if another process holds the lock, with
+/// `errno` EWOULDBLOCK, or if the file cannot be made or locked. The lock ends with the descriptor,
+/// and so with the process.
 [[nodiscard]] Descriptor lockFile(const std::filesystem::path& path);
 
 /// The names in a folder, in no order; none if it cannot be read.

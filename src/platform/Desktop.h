@@ -47,8 +47,12 @@ public:
     [[nodiscard]] virtual PointPx GetCursorPos() = 0; ///< on the screen
 
     /// Whether another copy of the program runs for this user; holds the place of the one copy if
-    /// not.
+    /// not. Waits some seconds for a copy that has announced its end.
     [[nodiscard]] virtual bool isAnotherCopyRunning() = 0;
+
+    /// This copy is about to end: one that starts from now on need not tell the user that this one
+    /// is running.
+    virtual void announceEnd() = 0;
 
     /// Opens the help at its first page; `file` is the help's name as the program has it.
     virtual void HtmlHelpA(const std::string& file) = 0;

@@ -126,6 +126,7 @@ void Program::Command3_Click() {
     if (ending_ || ended_)
         return;
     ending_ = true;
+    platform_.desktop.announceEnd();
     if (splash_)
         splash_->hide(); // and no more: its own showing may have let this through
     hints.unload();

@@ -36,6 +36,7 @@ public:
     std::vector<platform::Screen> screens() override { return host_.screens(); }
     platform::PointPx GetCursorPos() override { return {pointer.x(), pointer.y()}; }
     bool isAnotherCopyRunning() override { return false; }
+    void announceEnd() override {}
     void HtmlHelpA(const std::string& file) override { host_.HtmlHelpA(file); }
     bool startProgram(const std::string&) override { return true; }
     double Rnd() override { return chance_.fraction(); }

@@ -64,6 +64,7 @@ public:
     }
     platform::PointPx GetCursorPos() override { return cursor; }
     bool isAnotherCopyRunning() override { return anotherCopy; }
+    void announceEnd() override { isEndAnnounced = true; }
     void HtmlHelpA(const std::string& file) override { programs.push_back("help " + file); }
     bool startProgram(const std::string& path) override {
         programs.push_back("mixer " + path);
@@ -75,6 +76,7 @@ public:
     std::vector<platform::Screen> otherScreens; ///< in place of the one, if there are any
     platform::PointPx cursor;
     bool anotherCopy = false;
+    bool isEndAnnounced = false;
     std::deque<double> randoms;
     std::vector<std::string> programs; ///< what was started outside: "help name", "mixer path"
 };
