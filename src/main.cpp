@@ -91,18 +91,18 @@ int runProgram(velorin::host::EndSignals& signals) {
     Program program(platform);
     const host::StreamRest rest(sound,
                                 [&program] { return program.studio().run.IsPlaying != flagClear; });
-    signals.listen([&program] { program.endFromOutside(); });
+    signals.listen([&program] { program.Command3_Click(); });
     // A session that ends would close the windows, which is what a user does who wants no more.
     QObject session;
     QObject::connect(qApp, &QGuiApplication::commitDataRequest, &session,
-                     [&program] { program.endFromOutside(); });
+                     [&program] { program.Command3_Click(); });
     if (program.start([&program] { addToolWindows(program); }) && !program.hasEnded()) {
         // The windows are painted first: opening the sound would take the processor from them.
         QTimer::singleShot(firstPaintMs, &session, [&sound] { sound.begin(); });
         QApplication::exec();
     }
     // The desktop can close the application without its exit command.
-    program.endFromOutside();
+    program.Command3_Click();
     return program.exitStatus();
 }
 

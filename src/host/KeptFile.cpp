@@ -5,6 +5,8 @@
 #include <charconv>
 #include <cstdio>
 #include <regex>
+#include <tuple>
+#include <utility>
 
 namespace velorin::host {
 
@@ -73,16 +75,26 @@ std::string recoveredName(std::time_t moment, int count) {
     return whole + ".sng";
 }
 
-// The name is the date, so the order of the names is the order of time. A file that the user has
-// given another name is the user's.
-std::vector<std::string> recoveredBeyond(std::vector<std::string> names, std::size_t most) {
-    static const std::regex ours(R"(recovered \d{4}-\d\d-\d\d \d\d-\d\d-\d\d( \(\d+\))?\.sng)");
-    std::erase_if(names, [](const std::string& name) { return !std::regex_match(name, ours); });
-    // Without the ending, since a count would sort before it.
-    std::sort(names.begin(), names.end(), [](const std::string& one, const std::string& other) {
-        return one.substr(0, one.size() - 4) < other.substr(0, other.size() - 4);
+// The name has the moment in local time. Where the time zone has changed since, a file that nobody
+// has touched counts as the user's, which is the harmless mistake.
+bool isUntouchedRecovery(const ScoreFile& file) {
+    static const std::regex ours(R"((recovered \d{4}-\d\d-\d\d \d\d-\d\d-\d\d)( \(\d+\))?\.sng)");
+    std::smatch parts;
+    return std::regex_match(file.name, parts, ours) &&
+           parts[1].str() + ".sng" == recoveredName(file.changed);
+}
+
+// The name does not tell when a file appeared: the clock may have been set back since, and a score
+// may have waited long for its recovery.
+std::vector<std::string> recoveredBeyond(std::vector<ScoreFile> files, std::size_t most) {
+    std::erase_if(files, [](const ScoreFile& file) { return !isUntouchedRecovery(file); });
+    std::sort(files.begin(), files.end(), [](const ScoreFile& one, const ScoreFile& other) {
+        return std::tie(one.appearedAtNs, one.name) < std::tie(other.appearedAtNs, other.name);
     });
-    names.resize(names.size() - std::min(names.size(), most));
+    files.resize(files.size() - std::min(files.size(), most));
+    std::vector<std::string> names;
+    for (ScoreFile& file : files)
+        names.push_back(std::move(file.name));
     return names;
 }
 

@@ -26,8 +26,19 @@ struct KeptText {
 /// "recovered 2026-11-20 10-45-01 (2).sng".
 [[nodiscard]] std::string recoveredName(std::time_t moment, int count = 1);
 
-/// Those of `names` that `recoveredName` makes, without the `most` latest.
-[[nodiscard]] std::vector<std::string> recoveredBeyond(std::vector<std::string> names,
+/// A file among the user's scores.
+struct ScoreFile {
+    std::string name;
+    std::time_t changed = 0;       ///< when its content was written
+    std::int64_t appearedAtNs = 0; ///< when it came under this name
+};
+
+/// Whether `recoveredName` made the name and nobody has written to the file since: the name is the
+/// moment of its last change. All others are the user's.
+[[nodiscard]] bool isUntouchedRecovery(const ScoreFile& file);
+
+/// The names of the untouched recoveries among `files`, without the `most` that appeared last.
+[[nodiscard]] std::vector<std::string> recoveredBeyond(std::vector<ScoreFile> files,
                                                        std::size_t most);
 
 } // namespace velorin::host

@@ -3,10 +3,11 @@
 
 #include "platform/CaseBlind.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cstdio>
+#include <algorithm>
 #include <ctime>
 #include <memory>
 #include <optional>
@@ -62,6 +63,15 @@ std::optional<Found> latestOf(const std::vector<fs::path>& files) {
     return latest;
 }
 
+/// The time of change of a recovered score is that of its text. A failure leaves the present, which
+/// makes the file the user's.
+void setTimeOfChange(const fs::path& path, std::time_t moment) {
+    timespec times[2] = {};
+    times[0].tv_nsec = UTIME_OMIT;
+    times[1].tv_sec = moment;
+    utimensat(AT_FDCWD, path.c_str(), times, 0);
+}
+
 /// Returns the name of the new file, empty if none could be made.
 std::string putInto(const fs::path& folder, const Found& found) {
     constexpr int mostOfOneMoment = 100;
@@ -70,15 +80,44 @@ std::string putInto(const fs::path& folder, const Found& found) {
         const std::string name = recoveredName(found.changed, count);
         if (fs::exists(folder / name, error))
             continue;
-        return writeLasting(folder / name, found.kept.text) ? name : std::string();
+        if (!writeLasting(folder / name, found.kept.text))
+            return {};
+        setTimeOfChange(folder / name, found.changed);
+        return name;
     }
     return {};
 }
 
-void tell(const fs::path& file) {
-    const std::string line =
-        "velorin: the score of a run that was cut short is in " + file.string() + "\n";
-    std::fwrite(line.data(), 1, line.size(), stderr);
+void log(const platform::RecoveredText& recovered, const fs::path& folder) {
+    const char* ending = recovered.endedInOrder ? "ended without saving it" : "was cut short";
+    logLine(std::string("the score of a run that ") + ending + " is in " +
+            (folder / recovered.name).string());
+}
+
+/// What lies in the folder, as the limit of recovered scores needs it.
+std::vector<ScoreFile> scoreFilesIn(const fs::path& folder) {
+    constexpr std::int64_t nsPerSecond = 1'000'000'000;
+    std::vector<ScoreFile> files;
+    for (const std::string& name : namesIn(folder)) {
+        struct stat status {};
+        if (stat((folder / name).c_str(), &status) == 0)
+            files.push_back({name, status.st_mtime,
+                             status.st_ctim.tv_sec * nsPerSecond + status.st_ctim.tv_nsec});
+    }
+    return files;
+}
+
+/// Takes away the oldest recoveries beyond the limit; the new ones count, and stay.
+void limitRecovered(const fs::path& folder, const std::vector<platform::RecoveredText>& isNew) {
+    std::vector<ScoreFile> files = scoreFilesIn(folder);
+    std::erase_if(files, [&](const ScoreFile& file) {
+        return std::any_of(isNew.begin(), isNew.end(),
+                           [&](const auto& recovered) { return recovered.name == file.name; });
+    });
+    const std::size_t most = KeptFolder::mostRecovered;
+    for (const std::string& name :
+         recoveredBeyond(std::move(files), most - std::min(most, isNew.size())))
+        removeFile(folder / name);
 }
 
 } // namespace
@@ -178,34 +217,35 @@ void KeptFolder::forget() {
     removeParts(latest_);
 }
 
-std::vector<std::string> KeptFolder::recoverInto(const std::string& folder) {
+std::vector<platform::RecoveredText> KeptFolder::recoverInto(const std::string& folder) {
     std::set<std::string> runs;
     for (const std::string& name : namesIn(folder_))
         runs.insert(runOf(name));
     runs.erase(run_);
     runs.erase(std::string()); // files that are none of ours
     const fs::path target = platform::resolve(folder);
-    std::vector<std::string> recovered;
+    std::vector<platform::RecoveredText> recovered;
     for (const std::string& run : runs) {
-        const std::string name = recover(run, target);
-        if (name.empty())
-            continue;
-        recovered.push_back(name);
-        tell(target / name);
+        if (const auto text = recover(run, target)) {
+            recovered.push_back(*text);
+            log(*text, target);
+        }
     }
     if (!recovered.empty())
-        for (const std::string& name : recoveredBeyond(namesIn(target), mostRecovered))
-            removeFile(target / name);
+        limitRecovered(target, recovered);
     return recovered;
 }
 
-// Empty if the run still goes on or has left no whole text. The state files stay until the score
+// No value if the run still goes on or has left no whole text. The state files stay until the score
 // is safe in its new place.
-std::string KeptFolder::recover(const std::string& run, const fs::path& target) {
+std::optional<platform::RecoveredText> KeptFolder::recover(const std::string& run,
+                                                           const fs::path& target) {
     const fs::path lockPath = folder_ / (run + ".lock");
+    std::error_code error;
+    const bool endedInOrder = !fs::exists(lockPath, error);
     const Descriptor lock = lockFile(lockPath);
     if (!lock.isOpen())
-        return {};
+        return std::nullopt;
     std::vector<fs::path> files;
     for (const std::string& name : namesIn(folder_))
         if (runOf(name) == run && folder_ / name != lockPath)
@@ -216,13 +256,17 @@ std::string KeptFolder::recover(const std::string& run, const fs::path& target) 
         if (name.empty()) {
             cannotRecover_.say("the score of an earlier run stays in " + folder_.string() +
                                ", since nothing can be written to " + target.string());
-            return {};
+            if (endedInOrder)
+                removeFile(lockPath);
+            return std::nullopt;
         }
     }
     for (const fs::path& file : files)
         removeFile(file);
     removeFile(lockPath);
-    return name;
+    if (name.empty())
+        return std::nullopt;
+    return platform::RecoveredText{name, endedInOrder};
 }
 
 } // namespace velorin::host

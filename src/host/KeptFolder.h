@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <mutex>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -23,7 +24,8 @@ namespace velorin::host {
 ///     keep        part 7 written ---------> returns
 ///     thread                      fsync ...... rename to RUN.score, parts before 7 go
 ///
-/// So the process may end at any moment: the latest whole text is in RUN.score or in a part.
+/// So the process may end at any moment: the latest whole text is in RUN.score or in a part. An end
+/// in order removes the lock, which tells the next run how this one ended.
 class KeptFolder final : public platform::KeptState {
 public:
     /// Nothing is made in the folder before the first text is kept. With an empty path nothing is
@@ -36,9 +38,9 @@ public:
 
     void keep(const std::string& text) override;
     void forget() override;
-    std::vector<std::string> recoverInto(const std::string& folder) override;
+    std::vector<platform::RecoveredText> recoverInto(const std::string& folder) override;
 
-    /// The files that are kept of recovered texts.
+    /// The files that stay of recovered texts.
     static constexpr std::size_t mostRecovered = 20;
 
 private:
@@ -47,7 +49,8 @@ private:
     [[nodiscard]] std::filesystem::path partFile(std::uint64_t number) const;
     void settle(std::uint64_t number, const Descriptor& part);
     void removeParts(std::uint64_t before);
-    [[nodiscard]] std::string recover(const std::string& run, const std::filesystem::path& target);
+    [[nodiscard]] std::optional<platform::RecoveredText>
+    recover(const std::string& run, const std::filesystem::path& target);
 
     std::filesystem::path folder_;
     std::string run_;

@@ -7,6 +7,12 @@
 
 namespace platform {
 
+/// A text of an earlier run, in a file of its own now.
+struct RecoveredText {
+    std::string name;          ///< of the file, without its folder
+    bool endedInOrder = false; ///< the run ended in order and kept its text all the same
+};
+
 /// All calls come from the user-interface thread.
 class KeptState {
 public:
@@ -21,10 +27,11 @@ public:
     virtual void forget() = 0;
 
     /// Puts each text that an earlier run kept and did not forget into a file of its own in
-    /// `folder` (a name as the program has it), and takes away the oldest such files when there are
-    /// more than twenty. Texts of runs that are still going on are left alone. Returns the names of
-    /// the new files, without the folder; each is told of on standard error.
-    virtual std::vector<std::string> recoverInto(const std::string& folder) = 0;
+    /// `folder` (a name as the program has it). When there are more than twenty such files, the
+    /// ones that were put there first are removed, but none that is new or that the user has
+    /// changed since. Texts of runs that are still going on are left alone. Returns the new files;
+    /// each is logged on standard error.
+    virtual std::vector<RecoveredText> recoverInto(const std::string& folder) = 0;
 };
 
 } // namespace platform

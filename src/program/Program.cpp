@@ -5,7 +5,7 @@
 #include "platform/Dialogs.h"
 #include "platform/KeptState.h"
 #include "platform/MidiOut.h"
-#include "platform/Timers.h"
+#include "platform/Notices.h"
 #include "program/Form1.h"
 #include "program/HoldingLoop.h"
 #include "shell/SetupToolbar.h"
@@ -24,6 +24,14 @@ namespace velorin {
 namespace {
 
 constexpr char title[] = "Velorin";
+
+std::string recoveryText(const platform::RecoveredText& recovered) {
+    const std::string place =
+        "in \"Songs\" as\r\n\"" + recovered.name + "\". Click here to open it.";
+    if (recovered.endedInOrder)
+        return "The score that was open when Velorin ended was not saved. It is " + place;
+    return "Velorin did not end in order the last time. Nothing is lost: the score is " + place;
+}
 
 platform::Platform withLoop(const platform::Platform& host, platform::MessageLoop& loop) {
     return {host.clock,   loop,
@@ -44,7 +52,7 @@ Program::Program(platform::Platform& host)
       hints(platform_),
       setup_(std::make_unique<SetupToolbar>(studio_)),
       studio_(platform_, *setup_),
-      kept_(platform_.kept, studio_.score) {
+      kept_(platform_.kept, studio_.score, studio_.saved) {
     // Each round of the dispatcher, also one that is full of events and never sleeps: a timer, even
     // of no time, would wait for the end of those.
     QAbstractEventDispatcher* const dispatcher = QAbstractEventDispatcher::instance();
@@ -90,24 +98,13 @@ Form1& Program::makeMainWindow() {
     return *form1_;
 }
 
-// After everything else: the window is there to tell beside, and the folder for scores exists.
+// After everything else: the folder for scores exists by then.
 void Program::recoverScores() {
     if (platform_.kept == nullptr || ended_)
         return;
-    const auto names = platform_.kept->recoverInto(studio_.run.SongsFolder);
-    if (!names.empty())
-        platform_.timers.after(0, [this, names] { tellOfRecovered(names); });
-}
-
-void Program::tellOfRecovered(const std::vector<std::string>& names) {
-    if (ending_ || ended_)
-        return;
-    const std::string text = "Velorin did not end in order the last time.\r\n"
-                             "Nothing is lost: the score as it stood is in \"Songs\" as\r\n\"" +
-                             names.back() + "\".";
-    const QWidget& beside = *form1_->area->MusicBox;
-    constexpr int insideCorner = 32;
-    hints.showHint(&beside, text, beside.mapToGlobal(QPoint(insideCorner, insideCorner)));
+    const std::string& folder = studio_.run.SongsFolder;
+    for (const platform::RecoveredText& recovered : platform_.kept->recoverInto(folder))
+        platform::notify(platform_, {recoveryText(recovered), folder + "\\" + recovered.name});
 }
 
 bool Program::IsProgramRunning() {
@@ -126,6 +123,7 @@ void Program::Command3_Click() {
     if (ending_ || ended_)
         return;
     ending_ = true;
+    kept_.end(); // before the windows change the score by their own end
     platform_.desktop.announceEnd();
     if (splash_)
         splash_->hide(); // and no more: its own showing may have let this through
@@ -137,7 +135,6 @@ void Program::Command3_Click() {
             unloadWindow(name);
         form1_->Form_Unload();
     }
-    kept_.end();
     ended_ = true;
     platform_.loop.end();
 }
@@ -148,13 +145,6 @@ void Program::endWithError(const std::string& text) {
     exitStatus_ = 1;
     kept_.setAside();
     platform_.boxes.MsgBox(platform::BoxIcon::critical, title, text);
-    Command3_Click();
-}
-
-void Program::endFromOutside() {
-    if (ending_ || ended_)
-        return;
-    kept_.setAside();
     Command3_Click();
 }
 

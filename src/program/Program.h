@@ -51,7 +51,8 @@ public:
     /// What the process is to return: 0, or 1 after `endWithError`.
     [[nodiscard]] int exitStatus() const { return exitStatus_; }
 
-    /// The exit command. A second call does nothing.
+    /// The exit command, also for an end from outside: a signal, the end of the session. A second
+    /// call does nothing. A score that is not saved is kept for the next start.
     void Command3_Click();
 
     /// Whether another copy runs; says so in a message box.
@@ -60,10 +61,6 @@ public:
     /// For an error that nothing may go on after: puts the score aside for the next start, says
     /// what happened in one message box and ends in the usual order.
     void endWithError(const std::string& text);
-
-    /// The exit command for an end that the user has not asked for in the program: the score is put
-    /// aside for the next start.
-    void endFromOutside();
 
     [[nodiscard]] Studio& studio() { return studio_; }
     [[nodiscard]] Form1& form1() { return *form1_; } ///< from `makeMainWindow` on
@@ -108,7 +105,6 @@ private:
 
     void showSplash();
     void recoverScores();
-    void tellOfRecovered(const std::vector<std::string>& names);
     void destroyClosed();
 
     std::unique_ptr<HoldingLoop> loop_;

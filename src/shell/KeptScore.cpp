@@ -2,6 +2,7 @@
 #include "shell/KeptScore.h"
 
 #include "platform/KeptState.h"
+#include "score/SavedState.h"
 #include "score/Score.h"
 #include "score/ScoreWriter.h"
 
@@ -12,8 +13,8 @@
 
 namespace velorin {
 
-KeptScore::KeptScore(platform::KeptState* state, const Score& score)
-    : state_(state), score_(score) {}
+KeptScore::KeptScore(platform::KeptState* state, const Score& score, const SavedState& saved)
+    : state_(state), score_(score), saved_(saved) {}
 
 void KeptScore::watch() {
     if (state_ == nullptr)
@@ -42,7 +43,7 @@ KeptScore::Stamp KeptScore::stamp() const {
 }
 
 void KeptScore::changeFinished() {
-    if (state_ == nullptr || isSetAside_)
+    if (state_ == nullptr || isDecided_)
         return;
     const Stamp now = stamp();
     if (now == seen_)
@@ -58,19 +59,20 @@ void KeptScore::changeFinished() {
         state_->keep(kept_);
 }
 
-// What the end of the program does to the score is no change of the user's.
 void KeptScore::setAside() {
     changeFinished();
-    isSetAside_ = true;
+    isDecided_ = true;
 }
 
 void KeptScore::end() {
     if (state_ == nullptr)
         return;
+    changeFinished();
     QCoreApplication::instance()->removeEventFilter(this);
     disconnect(QAbstractEventDispatcher::instance(), nullptr, this, nullptr);
-    if (!isSetAside_)
+    if (!isDecided_ && saved_.isSaved(score_))
         state_->forget();
+    isDecided_ = true;
 }
 
 } // namespace velorin

@@ -1,4 +1,4 @@
-// Nothing is lost: the score as it stands after each finished change, given to the host to keep.
+// Nothing is lost: the score after each finished change, given to the host to keep.
 #pragma once
 
 #include "score/Cell.h"
@@ -15,6 +15,7 @@ class KeptState;
 
 namespace velorin {
 
+class SavedState;
 struct Score;
 
 /// A change is finished when its handler is back in the message loop and no mouse button is held:
@@ -24,8 +25,8 @@ class KeptScore : public QObject {
     Q_OBJECT
 
 public:
-    /// `state` may be null, and then nothing here does anything. Both outlive this.
-    KeptScore(platform::KeptState* state, const Score& score);
+    /// `state` may be null, and then nothing here does anything. All outlive this.
+    KeptScore(platform::KeptState* state, const Score& score, const SavedState& saved);
 
     /// From now on the loop is watched.
     void watch();
@@ -34,11 +35,12 @@ public:
     /// is not kept: there is nothing to lose.
     void changeFinished();
 
-    /// Keeps the score as it stands for the next start, also when the program ends in order: for an
-    /// end that the user has not asked for.
+    /// Keeps the score as it is for the next start, saved or not: for an end by an error. Later
+    /// changes are not kept.
     void setAside();
 
-    /// The program ends in order: nothing stays, unless it was set aside.
+    /// The program is about to end in order, and what that does to the score is no change of the
+    /// user's. A score that is not saved stays kept for the next start; else nothing stays.
     void end();
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -55,9 +57,10 @@ private:
 
     platform::KeptState* state_;
     const Score& score_;
+    const SavedState& saved_;
     Stamp seen_;
-    std::string kept_; ///< the text that is kept; empty for none
-    bool isSetAside_ = false;
+    std::string kept_;       ///< the text that is kept; empty for none
+    bool isDecided_ = false; ///< what stays for the next start
 };
 
 } // namespace velorin

@@ -42,7 +42,7 @@ void RealHost::run() {
     sound_.begin();
     if (program.start() && !program.hasEnded())
         QApplication::exec();
-    program.endFromOutside();
+    program.Command3_Click();
 }
 
 } // namespace randomly

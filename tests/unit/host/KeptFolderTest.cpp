@@ -3,11 +3,13 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdlib>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -43,9 +45,37 @@ protected:
     /// What the next run finds; its lines on standard error go to `told`.
     std::vector<std::string> recover() {
         testing::internal::CaptureStderr();
-        const auto names = KeptFolder(state).recoverInto(songs.string());
+        recovered = KeptFolder(state).recoverInto(songs.string());
         told = testing::internal::GetCapturedStderr();
+        std::vector<std::string> names;
+        for (const platform::RecoveredText& text : recovered)
+            names.push_back(text.name);
         return names;
+    }
+
+    /// A score that was recovered earlier, of a text that was last changed so long after the start
+    /// of 2030.
+    void addRecovery(int seconds) {
+        constexpr std::time_t start = 1893456000;
+        const fs::path path = songs / recoveredName(start + seconds);
+        std::ofstream(path) << "earlier";
+        const timespec times[2] = {{0, UTIME_OMIT}, {start + seconds, 0}};
+        ASSERT_EQ(utimensat(AT_FDCWD, path.c_str(), times, 0), 0);
+        earlier.push_back(path);
+    }
+
+    /// Returns when the clock of the file system has gone on.
+    void passAMoment() const {
+        const fs::path probe = folder / "probe";
+        struct stat first {};
+        struct stat now {};
+        do {
+            std::ofstream(probe) << "tick";
+            stat(probe.c_str(), &now);
+            if (first.st_ctim.tv_sec == 0)
+                first = now;
+        } while (now.st_ctim.tv_sec == first.st_ctim.tv_sec &&
+                 now.st_ctim.tv_nsec == first.st_ctim.tv_nsec);
     }
 
     [[nodiscard]] std::string song(const std::string& name) const {
@@ -60,6 +90,8 @@ protected:
     fs::path songs;
     fs::path state;
     std::string told;
+    std::vector<platform::RecoveredText> recovered;
+    std::vector<fs::path> earlier;
 };
 
 } // namespace
@@ -173,16 +205,76 @@ TEST_F(KeptFolderTest, FilesOfOthersInTheFolderStay) {
 
 TEST_F(KeptFolderTest, LastTwentyRecoveredScoresAreKept) {
     std::ofstream(songs / "waltz.sng") << "mine";
-    for (int day = 10; day < 35; ++day)
-        std::ofstream(songs / ("recovered 1999-01-" + std::to_string(day) + " 12-00-00.sng"));
+    for (int second = 0; second < 25; ++second)
+        addRecovery(second);
     cutShort([](KeptFolder& kept) { kept.keep("newest"); });
     const auto names = recover();
     ASSERT_EQ(names.size(), 1U);
     EXPECT_EQ(filesIn(songs), 21);
     EXPECT_EQ(song(names[0]), "newest");
-    EXPECT_FALSE(fs::exists(songs / "recovered 1999-01-15 12-00-00.sng"));
-    EXPECT_TRUE(fs::exists(songs / "recovered 1999-01-16 12-00-00.sng"));
+    EXPECT_FALSE(fs::exists(earlier[5]));
+    EXPECT_TRUE(fs::exists(earlier[6]));
     EXPECT_TRUE(fs::exists(songs / "waltz.sng"));
+}
+
+TEST_F(KeptFolderTest, NewlyRecoveredScoreStaysAmongTwentyThatAreDatedLater) {
+    for (int second = 0; second < 20; ++second)
+        addRecovery(second);
+    passAMoment();
+    cutShort([](KeptFolder& kept) { kept.keep("first"); });
+    const auto first = recover();
+    ASSERT_EQ(first.size(), 1U);
+    EXPECT_EQ(song(first[0]), "first");
+    EXPECT_FALSE(fs::exists(earlier[0]));
+    EXPECT_EQ(filesIn(songs), 20);
+
+    cutShort([](KeptFolder& kept) { kept.keep("second"); });
+    const auto second = recover();
+    ASSERT_EQ(second.size(), 1U);
+    EXPECT_EQ(song(first[0]), "first") << "though its date is before all others";
+    EXPECT_EQ(song(second[0]), "second");
+    EXPECT_FALSE(fs::exists(earlier[1]));
+    EXPECT_EQ(filesIn(songs), 20);
+}
+
+TEST_F(KeptFolderTest, NoneOfManyScoresThatComeBackAtOnceIsTakenAway) {
+    addRecovery(0);
+    for (int run = 0; run < 22; ++run)
+        cutShort([](KeptFolder& kept) { kept.keep("one of many"); });
+    EXPECT_EQ(recover().size(), 22U);
+    EXPECT_FALSE(fs::exists(earlier[0]));
+    EXPECT_EQ(filesIn(songs), 22);
+}
+
+TEST_F(KeptFolderTest, RecoveredScoreThatTheUserHasSavedOverStays) {
+    for (int second = 0; second < 20; ++second)
+        addRecovery(second);
+    std::ofstream(earlier[0]) << "mine now";
+    cutShort([](KeptFolder& kept) { kept.keep("newest"); });
+    EXPECT_EQ(recover().size(), 1U);
+    EXPECT_EQ(readWhole(earlier[0]), "mine now");
+    EXPECT_EQ(filesIn(songs), 21);
+}
+
+TEST_F(KeptFolderTest, EndInOrderAndCrashAreToldApart) {
+    cutShort([](KeptFolder& kept) { kept.keep("cut short"); });
+    ASSERT_EQ(recover().size(), 1U);
+    EXPECT_FALSE(recovered[0].endedInOrder);
+
+    { KeptFolder(state).keep("not saved"); }
+    ASSERT_EQ(recover().size(), 1U);
+    EXPECT_TRUE(recovered[0].endedInOrder);
+    EXPECT_EQ(told, "velorin: the score of a run that ended without saving it is in " +
+                        (songs / recovered[0].name).string() + "\n");
+}
+
+TEST_F(KeptFolderTest, HowARunEndedIsKnownAfterARecoveryThatFailed) {
+    { KeptFolder(state).keep("not saved"); }
+    fs::remove(songs);
+    EXPECT_TRUE(recover().empty());
+    fs::create_directory(songs);
+    ASSERT_EQ(recover().size(), 1U);
+    EXPECT_TRUE(recovered[0].endedInOrder);
 }
 
 TEST_F(KeptFolderTest, TextStaysWhereItIsWhileTheFolderForScoresIsMissing) {

@@ -4,7 +4,6 @@
 #include "program/Program.h"
 #include "resources/Look.h"
 #include "score/ScoreWriter.h"
-#include "shell/frminfo.h"
 #include "support/ScriptedPlatform.h"
 
 #include <gtest/gtest.h>
@@ -21,14 +20,14 @@ class RecordingState final : public platform::KeptState {
 public:
     void keep(const std::string& textGiven) override { text = textGiven; }
     void forget() override { text.reset(); }
-    std::vector<std::string> recoverInto(const std::string& folderGiven) override {
+    std::vector<platform::RecoveredText> recoverInto(const std::string& folderGiven) override {
         folder = folderGiven;
         return recovered;
     }
 
     std::optional<std::string> text;
     std::string folder;
-    std::vector<std::string> recovered;
+    std::vector<platform::RecoveredText> recovered;
 };
 
 class KeptEndTest : public testing::Test {
@@ -42,6 +41,8 @@ protected:
         asItStood = keptText(program.studio().score);
     }
 
+    [[nodiscard]] std::string songs() const { return host.folder.path().string() + "\\Songs"; }
+
     scripted::ScriptedPlatform host;
     RecordingState state;
     std::string asItStood;
@@ -49,9 +50,69 @@ protected:
 
 } // namespace
 
-TEST_F(KeptEndTest, ExitCommandLeavesNothing) {
+TEST_F(KeptEndTest, ExitCommandKeepsAScoreThatIsNotSaved) {
     Program program(host.platform);
     startAndDraw(program);
+    program.Command3_Click();
+    EXPECT_EQ(state.text, asItStood);
+    EXPECT_EQ(program.exitStatus(), 0);
+}
+
+TEST_F(KeptEndTest, CloseButtonKeepsAScoreThatIsNotSaved) {
+    Program program(host.platform);
+    startAndDraw(program);
+    program.form1().close();
+    EXPECT_TRUE(program.hasEnded());
+    EXPECT_EQ(state.text, asItStood);
+}
+
+TEST_F(KeptEndTest, ExitCommandLeavesNothingOfASavedScore) {
+    Program program(host.platform);
+    startAndDraw(program);
+    program.form1().files.SaveScoreFile(songs() + "\\waltz.sng");
+    program.Command3_Click();
+    EXPECT_EQ(state.text, std::nullopt);
+}
+
+TEST_F(KeptEndTest, ExitCommandLeavesNothingOfAScoreThatWasOpenedAndNotChanged) {
+    Program program(host.platform);
+    startAndDraw(program);
+    program.form1().files.SaveScoreFile(songs() + "\\waltz.sng");
+    program.form1().files.OpenPoliFile(songs() + "\\waltz.sng");
+    program.Command3_Click();
+    EXPECT_EQ(state.text, std::nullopt);
+}
+
+TEST_F(KeptEndTest, ExitCommandKeepsWhatWasChangedAfterASave) {
+    Program program(host.platform);
+    startAndDraw(program);
+    program.form1().files.SaveScoreFile(songs() + "\\waltz.sng");
+    program.studio().score.NoteArray.write(0, 5, 62);
+    asItStood = keptText(program.studio().score);
+    program.Command3_Click();
+    EXPECT_EQ(state.text, asItStood);
+}
+
+TEST_F(KeptEndTest, ExitCommandKeepsAScoreWhoseSaveFailed) {
+    Program program(host.platform);
+    startAndDraw(program);
+    program.form1().files.SaveScoreFile(songs() + "\\no such folder\\waltz.sng");
+    program.Command3_Click();
+    EXPECT_EQ(state.text, asItStood);
+}
+
+TEST_F(KeptEndTest, MidiExportDoesNotSaveTheScore) {
+    Program program(host.platform);
+    startAndDraw(program);
+    program.form1().files.ExportMidiFile(songs() + "\\waltz.mid");
+    program.Command3_Click();
+    EXPECT_EQ(state.text, asItStood);
+}
+
+TEST_F(KeptEndTest, ExitCommandLeavesNothingOfAScoreWithoutNotes) {
+    Program program(host.platform);
+    startAndDraw(program);
+    program.studio().score.ClearNoteArrays();
     program.Command3_Click();
     EXPECT_EQ(state.text, std::nullopt);
 }
@@ -64,22 +125,43 @@ TEST_F(KeptEndTest, ErrorPutsTheScoreAsideBeforeItIsTold) {
     EXPECT_EQ(program.exitStatus(), 1);
 }
 
-TEST_F(KeptEndTest, SignalPutsTheScoreAsideAndEndsInTheUsualOrder) {
+TEST_F(KeptEndTest, ErrorPutsASavedScoreAsideToo) {
     Program program(host.platform);
     startAndDraw(program);
-    program.endFromOutside();
+    program.form1().files.SaveScoreFile(songs() + "\\waltz.sng");
+    program.endWithError("That cannot be.");
     EXPECT_EQ(state.text, asItStood);
-    EXPECT_EQ(program.exitStatus(), 0);
+}
+
+TEST_F(KeptEndTest, EndSavesTheSettingsAndIsAnnounced) {
+    Program program(host.platform);
+    startAndDraw(program);
+    EXPECT_FALSE(host.desktop.isEndAnnounced);
+    program.Command3_Click();
+    EXPECT_TRUE(host.desktop.isEndAnnounced);
     EXPECT_TRUE(host.settings.find("Settings", "form1 left").has_value());
 }
 
-TEST_F(KeptEndTest, RecoveredScoreIsToldOfInAHintWindow) {
-    state.recovered = {"recovered 2026-01-02 03-04-05.sng"};
+TEST_F(KeptEndTest, ScoreRecoveredAfterACrashIsOfferedAsThat) {
+    state.recovered = {{"recovered 2026-01-02 03-04-05.sng", false}};
     Program program(host.platform);
     ASSERT_TRUE(program.start());
-    EXPECT_EQ(state.folder, host.folder.path().string() + "\\Songs");
-    host.time.pass(1'500'000'000);
-    ASSERT_TRUE(program.hints.isLoaded());
-    EXPECT_TRUE(program.hints.window()->isVisible());
-    program.Command3_Click();
+    EXPECT_EQ(state.folder, songs());
+    ASSERT_EQ(host.notices.posted.size(), 1U);
+    EXPECT_EQ(host.notices.posted[0].text,
+              "Velorin did not end in order the last time. Nothing is lost: the score is in "
+              "\"Songs\" as\r\n\"recovered 2026-01-02 03-04-05.sng\". Click here to open it.");
+    EXPECT_EQ(host.notices.posted[0].scoreToOpen, songs() + "\\recovered 2026-01-02 03-04-05.sng");
+}
+
+TEST_F(KeptEndTest, ScoreThatWasNotSavedBeforeAnEndInOrderIsOfferedAsThat) {
+    state.recovered = {{"recovered 2026-01-02 03-04-05.sng", true},
+                       {"recovered 2026-01-02 03-04-06.sng", false}};
+    Program program(host.platform);
+    ASSERT_TRUE(program.start());
+    ASSERT_EQ(host.notices.posted.size(), 2U) << "one for each";
+    EXPECT_EQ(host.notices.posted[0].text,
+              "The score that was open when Velorin ended was not saved. It is in \"Songs\" as\r\n"
+              "\"recovered 2026-01-02 03-04-05.sng\". Click here to open it.");
+    EXPECT_EQ(host.notices.posted[1].scoreToOpen, songs() + "\\recovered 2026-01-02 03-04-06.sng");
 }

@@ -83,7 +83,7 @@ TEST_F(ProgramTest, TheSplashStandsBeforeTheMainWindowIsMade) {
 }
 
 TEST_F(ProgramTest, AnEndBehindTheSplashLeavesTheSettingsAlone) {
-    QTimer::singleShot(0, qApp, [this] { program.endFromOutside(); });
+    QTimer::singleShot(0, qApp, [this] { program.Command3_Click(); });
     bool wentOn = false;
     program.start([&wentOn] { wentOn = true; });
     EXPECT_TRUE(program.hasEnded());

@@ -2,6 +2,7 @@
 #include "shell/KeptScore.h"
 
 #include "platform/KeptState.h"
+#include "score/SavedState.h"
 #include "score/Score.h"
 #include "score/ScoreWriter.h"
 
@@ -27,7 +28,7 @@ public:
         ++timesKept;
     }
     void forget() override { text.reset(); }
-    std::vector<std::string> recoverInto(const std::string&) override { return {}; }
+    std::vector<platform::RecoveredText> recoverInto(const std::string&) override { return {}; }
 
     std::optional<std::string> text;
     int timesKept = 0;
@@ -59,7 +60,8 @@ class KeptScoreTest : public testing::Test {
 protected:
     std::unique_ptr<Score> score = std::make_unique<Score>();
     RecordingState state;
-    KeptScore kept{&state, *score};
+    SavedState saved;
+    KeptScore kept{&state, *score, saved};
 };
 
 } // namespace
@@ -102,15 +104,34 @@ TEST_F(KeptScoreTest, ScoreWithoutNotesIsNotKept) {
     EXPECT_EQ(state.text, std::nullopt);
 }
 
-TEST_F(KeptScoreTest, OrderlyEndLeavesNothing) {
+TEST_F(KeptScoreTest, OrderlyEndKeepsAScoreThatIsNotSaved) {
+    score->NoteArray.write(0, 3, 60);
+    kept.end();
+    const std::string asItStood = keptText(*score);
+    score->ClearNoteArrays(); // as the windows may do while they close
+    kept.changeFinished();
+    EXPECT_EQ(state.text, asItStood);
+}
+
+TEST_F(KeptScoreTest, OrderlyEndLeavesNothingOfASavedScore) {
     score->NoteArray.write(0, 3, 60);
     kept.changeFinished();
+    saved.setSaved(*score);
     kept.end();
     EXPECT_EQ(state.text, std::nullopt);
 }
 
+TEST_F(KeptScoreTest, SaveBeforeTheLastChangeDoesNotCount) {
+    score->NoteArray.write(0, 3, 60);
+    saved.setSaved(*score);
+    score->Tempo = 80;
+    kept.end();
+    EXPECT_EQ(state.text, keptText(*score));
+}
+
 TEST_F(KeptScoreTest, ScoreThatIsSetAsideOutlivesTheOrderlyEnd) {
     score->NoteArray.write(0, 3, 60);
+    saved.setSaved(*score);
     kept.setAside();
     const std::string asItStood = keptText(*score);
     score->ClearNoteArrays();
@@ -120,7 +141,7 @@ TEST_F(KeptScoreTest, ScoreThatIsSetAsideOutlivesTheOrderlyEnd) {
 }
 
 TEST_F(KeptScoreTest, NothingHappensOnAHostThatKeepsNothing) {
-    KeptScore idle(nullptr, *score);
+    KeptScore idle(nullptr, *score, saved);
     idle.watch();
     score->NoteArray.write(0, 3, 60);
     idle.changeFinished();

@@ -99,8 +99,8 @@ TEST_F(SilenceOfTheProgram, IsCompleteAfterTheExitThoughTheSongIsBrokenOff) {
     EXPECT_EQ(ledger.begun(), 1);
 }
 
-TEST_F(SilenceOfTheProgram, IsCompleteAfterAnEndFromOutsideOrByAnError) {
-    EXPECT_EQ(leftByPlaying([this] { program.endFromOutside(); }), none);
+TEST_F(SilenceOfTheProgram, IsCompleteAfterAnEndByAnError) {
+    EXPECT_EQ(leftByPlaying([this] { program.endWithError("That cannot be."); }), none);
     EXPECT_EQ(ledger.begun(), 1);
 }
 
