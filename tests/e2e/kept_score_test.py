@@ -14,6 +14,7 @@ TOP_PITCH = 55
 WIDTH_OF_A_NOTE = 3  # columns
 STEP = 4  # columns from one note to the next
 MOST_NOTES = 20
+CLOSE_FROM_RIGHT = 26  # the middle of the close button, in the title of the main window
 HANDLED_S = 0.25  # so long after the release of a button its handler has long returned, also on a busy machine
 
 
@@ -138,11 +139,49 @@ def test_signals(desk):
         check_comes_back(desk, notes, notes, number.name)
 
 
+def save(desk, program):
+    before = set(desk.songs.glob("*.sng"))
+    program.press(3)
+    desk.choose_file("Save music file", "kept", save_filter=1)
+    wait_until(lambda: set(desk.songs.glob("*.sng")) - before, "the saved score")
+
+
 def test_end_in_order(desk):
-    """After the exit button nothing comes back."""
+    """Exit and the close button keep a score that is not saved, and nothing of one that is."""
+    program, notes = draw(desk, 2)
+    program.press(14)
+    check(program.process.wait(20) == 0, "exit: the program did not end in order")
+    check_comes_back(desk, notes, notes, "exit")
+
+    program, notes = draw(desk, 2)
+    x, y, width, _ = program.place
+    desk.click(x + width - CLOSE_FROM_RIGHT, y + 14)
+    check(program.process.wait(20) == 0, "close: the program did not end in order")
+    check_comes_back(desk, notes, notes, "the close button")
+
     program, _ = draw(desk, 2)
+    save(desk, program)
     program.end()
-    check_comes_back(desk, 0, 0, "exit")
+    check_comes_back(desk, 0, 0, "exit after a save")
+
+
+def test_offer(desk):
+    """The next start offers the score in a notice, and a click on it opens the score."""
+    program, _ = draw(desk, 1)
+    program.press(14)
+    program.process.wait(20)
+    program = start(desk)
+    file = wait_until(lambda: recovered(desk), "the recovered score")[0]
+    check("was not saved" in program.complaints(), f"the offer says: {program.complaints()}")
+    place = program.cell(0, line_of(0))
+    blank = desk.screen.pixel(*place)
+    x, y, width, height = desk.settled(desk.window("Velorin Notice"))
+    desk.click(x + width // 2, y + height - 20)
+    wait_until(lambda: desk.screen.pixel(*place) != blank, "the note of the recovered score")
+    file.unlink()
+    program.press(14)
+    check(program.process.wait(20) == 0, "the program did not end in order")
+    check(not recovered(desk), "an opened score that was not changed is kept again")
 
 
 def main():
@@ -155,6 +194,7 @@ def main():
             test_kills(desk, options.kills)
             test_signals(desk)
             test_end_in_order(desk)
+            test_offer(desk)
     except Failure as failure:
         print(f"kept_score_test: {failure}")
         sys.exit(1)
