@@ -5,6 +5,14 @@
 #include "host/FileReplacement.h"
 #include "platform/CaseBlind.h"
 
+#ifdef __linux__
+#include <linux/magic.h>
+#include <sys/vfs.h>
+#endif
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <system_error>
@@ -18,6 +26,22 @@ namespace {
 bool isPipe(const fs::path& path) {
     std::error_code error;
     return fs::is_fifo(path, error);
+}
+
+/// Files that the system makes up while they are read have no size, may have no end, and one of
+/// them waits for the system's next message.
+bool isMadeUp(const fs::path& path) {
+#ifdef __linux__
+    struct statfs system {};
+    if (statfs(path.c_str(), &system) != 0)
+        return false;
+    constexpr std::array<std::uint32_t, 4> madeUp{PROC_SUPER_MAGIC, SYSFS_MAGIC, DEBUGFS_MAGIC,
+                                                  TRACEFS_MAGIC};
+    return std::find(madeUp.begin(), madeUp.end(), static_cast<std::uint32_t>(system.f_type)) !=
+           madeUp.end();
+#else
+    return false;
+#endif
 }
 
 /// A file that nobody may write to is not deleted either, whatever its folder allows.
@@ -71,7 +95,7 @@ std::unique_ptr<std::iostream> updated(const fs::path& path) {
 std::unique_ptr<std::istream> HostFiles::openForInput(const std::string& name) {
     const fs::path path = platform::resolve(name);
     std::error_code error;
-    if (!fs::is_regular_file(path, error))
+    if (!fs::is_regular_file(path, error) || isMadeUp(path))
         return nullptr;
     auto stream = std::make_unique<std::ifstream>(path, std::ios::binary);
     if (!stream->is_open())

@@ -8,7 +8,8 @@ namespace velorin::host {
 /// Names are looked up as platform/CaseBlind.h says. No call throws.
 class HostFiles final : public platform::Files {
 public:
-    /// Null for all but regular files: a pipe or a device could hold the program up for ever.
+    /// Null for all but regular files: a pipe, a device or a file in /proc could hold the program
+    /// up for ever.
     std::unique_ptr<std::istream> openForInput(const std::string& name) override;
     std::unique_ptr<std::ostream> openForOutput(const std::string& name) override;
     std::unique_ptr<std::ostream> openForBinary(const std::string& name) override;

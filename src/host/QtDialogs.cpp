@@ -1,9 +1,11 @@
 // File dialogs on Qt.
 #include "host/QtDialogs.h"
 
+#include "host/IconsByName.h"
 #include "host/SaveDialog.h"
 #include "platform/MessageLoop.h"
 
+#include <QComboBox>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHeaderView>
@@ -23,8 +25,27 @@ QStringList patternsOf(const std::string& filter) {
     return patterns;
 }
 
+/// The names of the pairs.
+QStringList labelsOf(const std::string& filter) {
+    const QStringList parts = QString::fromStdString(filter).split('|');
+    QStringList labels;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2)
+        labels.push_back(parts[i].trimmed());
+    return labels;
+}
+
+/// Shows the names as the program has them, where Qt wants them written otherwise. The desktop's
+/// own dialog has no such list here.
+void showLabels(const QFileDialog& dialog, const QStringList& labels) {
+    auto* const list = dialog.findChild<QComboBox*>("fileTypeCombo");
+    for (int i = 0; list != nullptr && i < list->count(); ++i)
+        list->setItemText(i, labels.value(i));
+}
+
 /// What both dialogs show alike.
-void prepare(QFileDialog& dialog, const QStringList& filters, int filterIndex) {
+void prepare(QFileDialog& dialog, QFileIconProvider& icons, const QStringList& filters,
+             int filterIndex) {
+    dialog.setIconProvider(&icons);
     // Sizes and dates are read whole.
     if (const auto* files = dialog.findChild<QTreeView*>())
         files->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
@@ -39,12 +60,13 @@ void prepare(QFileDialog& dialog, const QStringList& filters, int filterIndex) {
 } // namespace
 
 QStringList nameFilters(const std::string& filter) {
-    const QStringList parts = QString::fromStdString(filter).split('|');
+    const QStringList labels = labelsOf(filter);
     const QStringList patterns = patternsOf(filter);
     QStringList filters;
     for (qsizetype i = 0; i < patterns.size(); ++i) {
-        const QString name = parts[2 * i].section('(', 0, 0).trimmed();
-        filters.push_back(QStringLiteral("%1 (%2)").arg(name, patterns[i]));
+        const QString name = labels[i].section('(', 0, 0).trimmed();
+        const bool isWritten = labels[i].endsWith("(" + patterns[i] + ")");
+        filters.push_back(isWritten ? labels[i] : QStringLiteral("%1 (%2)").arg(name, patterns[i]));
     }
     return filters;
 }
@@ -57,11 +79,15 @@ QtDialogs::GetOpenFileNameA(const platform::FileDialogRequest& request) {
     const bool mustExist = (request.flags & platform::ofnFileMustExist) != 0;
     dialog.setFileMode(mustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     const QStringList filters = nameFilters(request.filter);
-    prepare(dialog, filters, request.filterIndex);
+    const QStringList labels = labelsOf(request.filter);
+    IconsByName icons;
+    prepare(dialog, icons, filters, request.filterIndex);
+    showLabels(dialog, labels);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
+    const QString chosen = dialog.selectedNameFilter();
     return answered(dialog.selectedFiles().constFirst(),
-                    filters.indexOf(dialog.selectedNameFilter()));
+                    std::max(filters.indexOf(chosen), labels.indexOf(chosen)));
 }
 
 std::optional<platform::FileDialogAnswer>
@@ -72,7 +98,8 @@ QtDialogs::GetSaveFileNameA(const platform::FileDialogRequest& request) {
     SaveDialog dialog(QString::fromStdString(request.title), folder_, filters,
                       patternsOf(request.filter),
                       (request.flags & platform::ofnOverwritePrompt) != 0);
-    prepare(dialog, filters, request.filterIndex);
+    IconsByName icons;
+    prepare(dialog, icons, filters, request.filterIndex);
     if (!dialog.choose())
         return std::nullopt;
     return answered(dialog.chosenName(), filters.indexOf(dialog.selectedNameFilter()));

@@ -32,7 +32,9 @@ private:
     QString folder_;
 };
 
-/// Filter pairs as Qt's dialogs take them, in their order: "Midi(*.mid)|*.mid" is "Midi (*.mid)".
+/// Filter pairs as Qt's dialogs take them, in their order: a name that ends in its patterns, with
+/// blanks between them. "Midi(*.mid)|*.mid" is "Midi(*.mid)", "Sound|*.wav;*.mp3" is
+/// "Sound (*.wav *.mp3)".
 [[nodiscard]] QStringList nameFilters(const std::string& filter);
 
 } // namespace velorin::host

@@ -127,6 +127,11 @@ TEST_F(HostFilesTest, FileWrittenPieceByPieceSaysThatItIsNotWhole) {
               "velorin: /dev/full could not be written whole; is the disk full?\n");
 }
 
+TEST_F(HostFilesTest, FileThatTheSystemMakesUpIsNotRead) {
+    EXPECT_EQ(files.openForInput("/proc/self/status"), nullptr);
+    EXPECT_FALSE(files.canRead("/proc/version"));
+}
+
 TEST_F(HostFilesTest, FullDiskIsToldByTheStream) {
     const auto stream = files.openForOutput("/dev/full");
     if (!stream)

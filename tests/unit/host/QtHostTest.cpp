@@ -181,7 +181,10 @@ TEST_F(QtHostTest, ADamagedSettingsFileCountsAsAnEmptyOne) {
 
 TEST_F(QtHostTest, FilterPairsAreWrittenAsTheDialogReadsThem) {
     EXPECT_EQ(nameFilters("Midi(*.mid)|*.mid|score(*.sng)|*.sng"),
-              QStringList({"Midi (*.mid)", "score (*.sng)"}));
+              QStringList({"Midi(*.mid)", "score(*.sng)"}));
+    EXPECT_EQ(nameFilters("Score Files (*.sng) |*.sng|"), QStringList({"Score Files (*.sng)"}));
+    EXPECT_EQ(nameFilters("Midi, wav(*.mid;*.wav)|*.mid;*.wav"),
+              QStringList({"Midi, wav (*.mid *.wav)"}));
     EXPECT_EQ(nameFilters("Sound|*.wav;*.mp3|odd"), QStringList({"Sound (*.wav *.mp3)"}));
 }
 
