@@ -50,7 +50,7 @@ void drawNote(Picture& target, const Studio& studio, const Note& note, Colour co
     const int x = (note.column - studio.view.FirstColumn) * cellPx;
     const int y = (note.pitch - studio.view.TopPitch) * cellPx;
     const int end = x + (note.last - note.column) * cellPx;
-    // The ring lies under the fill state that the note before it left.
+    // The ring is filled by the state that the note before it left.
     if (studio.score.PolyArray.read(note.row + 1, note.column + 1) == 1)
         target.circle(x + 5, y + 5, 7, ringColour);
     target.fillBox(x + 2, y + 4, end + 11, y + 7, colour);
@@ -112,6 +112,9 @@ void drawStartMarker(Picture& target, const Picture& red, const Studio& studio) 
 } // namespace
 
 void drawNoteArray(Picture& target, const Picture& blue, const Picture& red, Studio& studio) {
+    // The ring of the first note is filled as the picture's state at rest says, whatever a drag or
+    // the playing position has left; its colour stays.
+    target.fillStyle = FillStyle::horizontalLines;
     target.Cls();
     drawBands(target, studio.view);
     drawBarLines(target, studio.view.FirstColumn);
