@@ -23,6 +23,7 @@ struct NoDesk : PlaybackDesk {
     void returnToTopMost() override {}
 
     void clearMusicBox() override {}
+    unsigned musicDraws() override { return 0; }
     void GetColumn(int) override {}
     void PutColumn(int) override {}
     void drawPlayMarker(int) override {}

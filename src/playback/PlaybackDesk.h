@@ -13,6 +13,8 @@ class PlaybackDesk : public ScoreDesk {
 public:
     virtual void clearMusicBox() = 0;
 
+    /// Counts the times that the music tableau was drawn whole, by whomever.
+    [[nodiscard]] virtual unsigned musicDraws() = 0;
     virtual void GetColumn(int offset) = 0; ///< saves the strip that the marker will cover
     virtual void PutColumn(int offset) = 0; ///< puts that strip back
     virtual void drawPlayMarker(int offset) = 0;

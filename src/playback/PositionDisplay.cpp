@@ -30,8 +30,9 @@ void showFromColumn(View& view, std::int16_t column) {
 void PositionDisplay::moveMarker() {
     Run& run = studio_.run;
     View& view = studio_.view;
-    if (run.MarkerOffset < view.VisibleColumns && run.MarkerSaved != flagClear &&
-        view.ViewChanged == flagClear)
+    if (run.MarkerSaved == flagClear)
+        drawsAtSave_ = desk_.musicDraws(); // the first step of a play counts from itself
+    if (isStripGood())
         desk_.PutColumn(run.MarkerOffset);
     else
         run.MarkerSaved = flagSet;
@@ -44,7 +45,16 @@ void PositionDisplay::moveMarker() {
     if (run.MarkerOffset > view.VisibleColumns)
         turnPage();
     desk_.GetColumn(run.MarkerOffset);
+    drawsAtSave_ = desk_.musicDraws();
     desk_.drawPlayMarker(run.MarkerOffset);
+}
+
+// What drew the tableau whole has taken the marker away with it, and the strip shows what was there
+// before: a score that was cleared meanwhile, a row that was hidden.
+bool PositionDisplay::isStripGood() const {
+    return studio_.run.MarkerOffset < studio_.view.VisibleColumns &&
+           studio_.run.MarkerSaved != flagClear && studio_.view.ViewChanged == flagClear &&
+           desk_.musicDraws() == drawsAtSave_;
 }
 
 void PositionDisplay::turnPage() {

@@ -23,9 +23,11 @@ public:
 
 private:
     void turnPage();
+    [[nodiscard]] bool isStripGood() const;
 
     Studio& studio_;
     PlaybackDesk& desk_;
+    unsigned drawsAtSave_ = 0; ///< of the tableau, when the strip was saved
 };
 
 } // namespace velorin

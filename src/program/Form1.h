@@ -110,6 +110,7 @@ public:
     // PlaybackDesk
     void clearMusicBox() override;
     void GetColumn(int offset) override;
+    unsigned musicDraws() override;
     void PutColumn(int offset) override;
     void drawPlayMarker(int offset) override;
     void enableTableaux(bool enabled) override;

@@ -74,6 +74,10 @@ void Form1::clearMusicBox() {
     area->MusicBox->picture.Cls();
 }
 
+unsigned Form1::musicDraws() {
+    return music.draws();
+}
+
 void Form1::GetColumn(int offset) {
     music.GetColumn(offset);
 }

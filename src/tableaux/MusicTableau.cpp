@@ -26,6 +26,7 @@ constexpr int lastHiddenBar = 12;
 } // namespace
 
 void MusicTableau::DrawNoteArray() {
+    ++draws_;
     drawNoteArray(area_.MusicBox->picture, area_.BlueBox, area_.RedBox, studio_);
 }
 

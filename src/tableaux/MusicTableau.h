@@ -22,6 +22,7 @@ public:
     MusicTableau(Studio& studio, Picmain& area) : studio_(studio), area_(area) {}
 
     void DrawNoteArray();
+    [[nodiscard]] unsigned draws() const { return draws_; } ///< calls of `DrawNoteArray` so far
     void DrawNoteNames(); ///< refreshes `SharpRow` too, so it comes before `DrawNoteArray`
     void DrawBarNumbers();
 
@@ -42,6 +43,7 @@ public:
 private:
     Studio& studio_;
     Picmain& area_;
+    unsigned draws_ = 0;
     std::optional<QFont> nameFont_; ///< found at the first use
 };
 

@@ -33,7 +33,10 @@ public:
     std::function<void(int)> onHScroll1;
     std::function<void()> onRecordcontrol;
 
+    unsigned draws = 0; ///< of the music tableau, whole
+
     void DrawNoteArray() override {
+        ++draws;
         note("DrawNoteArray");
         if (onDrawNoteArray)
             onDrawNoteArray();
@@ -45,6 +48,7 @@ public:
             onHScroll1(value);
     }
 
+    unsigned musicDraws() override { return draws; }
     void clearMusicBox() override { note("clear"); }
     void GetColumn(int offset) override { note("GetColumn " + std::to_string(offset)); }
     void PutColumn(int offset) override { note("PutColumn " + std::to_string(offset)); }

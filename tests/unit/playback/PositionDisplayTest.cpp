@@ -81,6 +81,22 @@ TEST_F(Marker, AWindowResizeDropsTheSavedStrip) {
     EXPECT_EQ(step(6).front(), "0.000 PutColumn 5");
 }
 
+TEST_F(Marker, ADrawOfTheWholeTableauDropsTheSavedStrip) {
+    step(4);
+    ++desk.draws; // a Clear while the song plays
+    EXPECT_EQ(step(5), (Lines{"0.000 GetColumn 5", "0.000 marker 5"}));
+    EXPECT_EQ(studio.view.ViewChanged, flagClear);
+    EXPECT_EQ(step(6).front(), "0.000 PutColumn 5");
+}
+
+TEST_F(Marker, ADroppedStripStaysAwayWhileTheDisplayIsOff) {
+    step(4);
+    studio.run.ShowNotePosition = flagClear;
+    ++desk.draws;
+    EXPECT_EQ(step(5), Lines{});
+    EXPECT_EQ(step(6), Lines{});
+}
+
 TEST_F(Marker, SwitchedOffIsTakenAwayAndKeepsItsPlace) {
     step(4);
     studio.run.ShowNotePosition = flagClear;
