@@ -157,7 +157,8 @@ void Form1::connectToolbar() {
         PictureButton* button = toolbMenu->Cmd2[static_cast<std::size_t>(i)];
         connect(button, &QToolButton::clicked, this, [this, i] {
             Cmd2_Click(i);
-            Cmd2_MouseUp(i);
+            if (!button->isReleasing()) // pressed by a key
+                Cmd2_MouseUp(i);
         });
         button->onMouseDown = [this, i] { Cmd2_MouseDown(i); };
         button->onMouseMove = [this, i](int held) { Cmd2_MouseMove(i, held); };

@@ -5,6 +5,7 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPointer>
 
 namespace velorin {
 
@@ -30,8 +31,10 @@ bool PictureButton::event(QEvent* event) {
     return QToolButton::event(event);
 }
 
+// A move on the button is no move on what lies under it.
 void PictureButton::mouseMoveEvent(QMouseEvent* event) {
     QToolButton::mouseMoveEvent(event);
+    event->accept();
     if (onMouseMove)
         onMouseMove(event->buttons().testFlag(Qt::LeftButton)    ? 1
                     : event->buttons().testFlag(Qt::RightButton) ? 2
@@ -42,6 +45,17 @@ void PictureButton::mousePressEvent(QMouseEvent* event) {
     if (onMouseDown)
         onMouseDown();
     QToolButton::mousePressEvent(event);
+}
+
+void PictureButton::mouseReleaseEvent(QMouseEvent* event) {
+    const QPointer<PictureButton> self(this);
+    releasing_ = true;
+    QToolButton::mouseReleaseEvent(event);
+    if (!self) // the click may have ended the window
+        return;
+    releasing_ = false;
+    if (onMouseUp)
+        onMouseUp();
 }
 
 void PictureButton::leaveEvent(QEvent* event) {

@@ -21,13 +21,21 @@ public:
 
     std::function<void(int button)> onMouseMove; ///< the button held, 0 for none, 1 for the left
     std::function<void()> onMouseDown;
+    /// Of any button that was pressed here, wherever it is let go; after the click, if it is one.
+    std::function<void()> onMouseUp;
+    /// Whether a click comes of the mouse, and `onMouseUp` follows.
+    [[nodiscard]] bool isReleasing() const { return releasing_; }
     std::function<void()> onLeave;
 
 protected:
     bool event(QEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
+
+private:
+    bool releasing_ = false;
 };
 
 } // namespace velorin
