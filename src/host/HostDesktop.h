@@ -18,6 +18,7 @@ public:
 
     platform::SizePx screenSize() override; ///< logical pixels
     std::vector<platform::Screen> screens() override;
+    bool standsWindowsApart() override { return true; }
     platform::PointPx GetCursorPos() override;
     bool isAnotherCopyRunning() override { return copy_.isTaken(); }
     void announceEnd() override { copy_.announceEnd(); }

@@ -44,6 +44,9 @@ public:
         const RectPx only{0, 0, size.width, size.height};
         return {{only, only}};
     }
+    /// Whether a window that nobody has placed yet is to look for room beside the others, as on a
+    /// desktop where somebody sees them.
+    [[nodiscard]] virtual bool standsWindowsApart() { return false; }
     [[nodiscard]] virtual PointPx GetCursorPos() = 0; ///< on the screen
 
     /// Whether another copy of the program runs for this user; holds the place of the one copy if

@@ -155,11 +155,12 @@ void Form1::makeHiddenControls() {
 void Form1::connectToolbar() {
     for (int i = 1; i <= toolbarButtons; ++i) {
         PictureButton* button = toolbMenu->Cmd2[static_cast<std::size_t>(i)];
-        connect(button, &QToolButton::clicked, this, [this, i] {
+        connect(button, &QToolButton::clicked, this, [this, button, i] {
             Cmd2_Click(i);
             if (!button->isReleasing()) // pressed by a key
                 Cmd2_MouseUp(i);
         });
+        button->onMouseUp = [this, i] { Cmd2_MouseUp(i); };
         button->onMouseDown = [this, i] { Cmd2_MouseDown(i); };
         button->onMouseMove = [this, i](int held) { Cmd2_MouseMove(i, held); };
         button->onLeave = [this] { program_.hints.unload(); };
@@ -197,6 +198,9 @@ void Form1::connectTableaux() {
     program_.focus.onGot(area->MusicBox, [this] { musicMouse.MusicBox_GotFocus(); });
     program_.focus.onGot(area->Beatbox, [this] { percussion.Beatbox_GotFocus(); });
     program_.focus.onLost(area->Beatbox, [this] { percussion.Beatbox_LostFocus(); });
+    // Who goes through the window with the Tab key has not asked for another row yet.
+    program_.focus.letTabPass(area->Beatbox);
+    area->Beatbox->installEventFilter(this);
 }
 
 void Form1::connectHandles() {

@@ -2,6 +2,7 @@
 // is what they ask for a window.
 #pragma once
 
+#include "bars/WheelTurn.h"
 #include "editing/BlockEdits.h"
 #include "editing/Duplicate.h"
 #include "editing/EditCommands.h"
@@ -109,8 +110,8 @@ public:
 
     // PlaybackDesk
     void clearMusicBox() override;
-    void GetColumn(int offset) override;
     unsigned musicDraws() override;
+    void GetColumn(int offset) override;
     void PutColumn(int offset) override;
     void drawPlayMarker(int offset) override;
     void enableTableaux(bool enabled) override;
@@ -246,13 +247,19 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void fillScreenYourself();
+    void takeToolWindowsAlong();
+    bool chooseStripByKey(QEvent& event);
     void makeTitle();
     void makeHiddenControls();
     void addShortcuts(QWidget& window, bool typedToo);
@@ -275,8 +282,11 @@ private:
     void saveSettings();
 
     WindowDrag* drag_;
+    WheelTurn columnsTurned_;
+    WheelTurn linesTurned_;
     QPoint handlePressedAt_;
-    QRect beforeFilling_; ///< where the window stood before it filled the screen by itself
+    bool restoring_ = false; ///< the size from before the maximised state is still to come
+    QRect beforeFilling_;    ///< where the window stood before it filled the screen by itself
 };
 
 } // namespace velorin

@@ -115,6 +115,7 @@ void Form1::Device_Click() {
 
 void Form1::noteActiveToolbar(const char* name) {
     program_.activeToolbar = name;
+    program_.group.noteHighest(QLatin1String(name));
 }
 
 FrameState& Form1::frames() {

@@ -17,7 +17,6 @@ namespace velorin {
 
 namespace {
 
-/// The tool windows in the order in which they are hidden and shown.
 struct OpenWindow {
     const char* name;
     Flag Run::*isOpen;
@@ -135,10 +134,13 @@ void Form1::HideToolbars() {
                 shown->hide();
 }
 
+/// The one that lay above the others comes last.
 void Form1::ShowToolbars() {
-    for (const OpenWindow& window : toolWindows)
-        if (studio_.run.*window.isOpen != flagClear)
-            program_.showWindow(window.name);
+    const QStringList order = program_.group.order();
+    for (const QString& name : order)
+        for (const OpenWindow& window : toolWindows)
+            if (name == QLatin1String(window.name) && studio_.run.*window.isOpen != flagClear)
+                program_.showWindow(name);
 }
 
 void Form1::nameMaxRestore(const char* face) {
@@ -148,12 +150,14 @@ void Form1::nameMaxRestore(const char* face) {
 // No rectangle is kept here: restoring gives back what the window system kept.
 void Form1::ToggleMaximize() {
     if (windowState() != Qt::WindowNoState) {
+        const bool wasResizable = program_.frames.WindowResizable == 1;
+        restoring_ = true;
         setWindowState(Qt::WindowNoState);
         if (beforeFilling_.isValid())
             setGeometry(std::exchange(beforeFilling_, QRect()));
         imgTitleMaxRestore->setPicture("title-maximise");
         nameMaxRestore("imgTitleMaxRestore");
-        frame.SkinMainWindow(program_.frames.WindowResizable == 1 ? flagSet : flagClear);
+        frame.SkinMainWindow(wasResizable ? flagSet : flagClear);
     } else {
         setWindowState(Qt::WindowMaximized);
         imgTitleMaxRestore->setPicture("title-restore");

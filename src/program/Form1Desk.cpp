@@ -92,15 +92,15 @@ void Form1::drawPlayMarker(int offset) {
 
 void Form1::enableTableaux(bool enabled) {
     area->Picture11->setEnabled(enabled);
-    area->MusicBox->setEnabled(enabled);
-    area->Beatbox->setEnabled(enabled);
-    area->HScroll1->setEnabled(enabled);
-    area->VScroll1->setEnabled(enabled);
+    for (QWidget* locked :
+         {static_cast<QWidget*>(area->MusicBox), static_cast<QWidget*>(area->Beatbox),
+          static_cast<QWidget*>(area->HScroll1), static_cast<QWidget*>(area->VScroll1)})
+        program_.focus.enable(*locked, enabled);
 }
 
 void Form1::enableWizard(bool enabled) {
     if (QWidget* wizard = program_.window("Wiz", false))
-        wizard->setEnabled(enabled);
+        program_.focus.enable(*wizard, enabled);
 }
 
 void Form1::enableToolbars() {

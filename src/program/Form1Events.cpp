@@ -5,15 +5,50 @@
 #include "score/Studio.h"
 
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QPainter>
 #include <QWheelEvent>
+#include <QWindow>
+
+#include <cstdlib>
+#include <utility>
 
 namespace velorin {
 
+/// Whatever sized the window, its handles go with its edges; those of a maximised window stay as
+/// the last call has them. A size that the window system restores later than it was asked to
+/// changes nothing of what the restoring has set.
 void Form1::resizeEvent(QResizeEvent*) {
     layOutTitle();
-    frame.SkinMainWindow(program_.frames.WindowResizable == 1 ? flagSet : flagClear);
+    const std::int16_t before = program_.frames.WindowResizable;
+    frame.SkinMainWindow(!isMaximized() || before == 1 ? flagSet : flagClear);
+    if (!isMaximized() && std::exchange(restoring_, false))
+        program_.frames.WindowResizable = before;
     Form_Resize();
+}
+
+void Form1::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange) {
+        frame.holdHandles();
+        takeToolWindowsAlong();
+    }
+}
+
+void Form1::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    windowHandle()->installEventFilter(this); // tells when the window is off the screen
+}
+
+/// A window that counts as minimised stays where it is if no window manager takes it away; the tool
+/// windows go only when it has gone.
+void Form1::takeToolWindowsAlong() {
+    const QWindow* const handle = windowHandle();
+    const bool mayStay = QGuiApplication::platformName() == "xcb";
+    if (!isMinimized())
+        program_.group.showWithMain();
+    else if (!mayStay || handle == nullptr || !handle->isExposed())
+        program_.group.hideWithMain();
 }
 
 void Form1::paintEvent(QPaintEvent*) {
@@ -37,18 +72,38 @@ void Form1::mousePressEvent(QMouseEvent* event) {
         drag_->DragWindow(event->buttons(), event->globalPosition().toPoint());
 }
 
-/// The wheel over the tableaux turns the scroll bars: three lines, or three columns with Shift.
+void Form1::mouseMoveEvent(QMouseEvent* event) {
+    drag_->move(*event);
+}
+
+void Form1::mouseReleaseEvent(QMouseEvent* event) {
+    drag_->release(*event);
+}
+
+/// The wheel over the tableaux turns the scroll bars: three lines, or three columns with Shift. On
+/// a touchpad a finger never goes quite straight; the way that it goes further counts.
 void Form1::wheelEvent(QWheelEvent* event) {
-    const QPoint turned = event->angleDelta();
-    const bool sideways = turned.x() != 0 || event->modifiers().testFlag(Qt::ShiftModifier);
-    QScrollBar* bar = sideways ? area->HScroll1 : area->VScroll1;
-    const int steps = 3 * (turned.x() + turned.y()) / QWheelEvent::DefaultDeltasPerStep;
-    if (bar->isEnabled() && steps != 0)
-        bar->setValue(bar->value() - steps);
     event->accept();
+    const QPoint turned = event->angleDelta();
+    const bool isAcross = std::abs(turned.x()) > std::abs(turned.y());
+    const bool sideways = isAcross || event->modifiers().testFlag(Qt::ShiftModifier);
+    QScrollBar* bar = sideways ? area->HScroll1 : area->VScroll1;
+    if (!bar->isEnabled())
+        return;
+    WheelTurn& turn = sideways ? columnsTurned_ : linesTurned_;
+    const int steps = turn.steps(3 * (isAcross ? turned.x() : turned.y()));
+    if (steps != 0)
+        bar->setValue(bar->value() - steps);
 }
 
 bool Form1::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == windowHandle()) {
+        if (event->type() == QEvent::Expose)
+            takeToolWindowsAlong();
+        return false;
+    }
+    if (watched == area->Beatbox)
+        return chooseStripByKey(*event);
     if (event->type() == QEvent::Leave &&
         (watched == area->PicX || watched == area->TopBarOverlay)) {
         program_.hints.unload();

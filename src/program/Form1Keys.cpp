@@ -80,6 +80,21 @@ void Form1::openHelpByKey(const Key&) {
         Cmdhelp_Click();
 }
 
+/// Enter or Space on the strip that the Tab key has come to chooses a percussion row, where a press
+/// of Space would play otherwise.
+bool Form1::chooseStripByKey(QEvent& event) {
+    if (event.type() != QEvent::ShortcutOverride && event.type() != QEvent::KeyPress)
+        return false;
+    const int key = static_cast<QKeyEvent&>(event).key();
+    if ((key != Qt::Key_Space && key != Qt::Key_Return && key != Qt::Key_Enter) ||
+        !program_.focus.isWaiting(area->Beatbox) || percussion.isRowChosen())
+        return false;
+    if (event.type() == QEvent::KeyPress)
+        program_.focus.choose(area->Beatbox);
+    event.accept();
+    return true;
+}
+
 void Form1::keyPressEvent(QKeyEvent* event) {
     if (!pressButtonByEnter(*this, *event))
         QWidget::keyPressEvent(event);

@@ -9,6 +9,7 @@
 #include "program/Form1.h"
 #include "program/HoldingLoop.h"
 #include "shell/SetupToolbar.h"
+#include "shell/ToolFrame.h"
 #include "shell/openerF.h"
 
 #include <QAbstractEventDispatcher>
@@ -50,6 +51,7 @@ Program::Program(platform::Platform& host)
     : loop_(std::make_unique<HoldingLoop>(host.loop)),
       platform_(withLoop(host, *loop_)),
       hints(platform_),
+      group(*this, platform_.desktop),
       setup_(std::make_unique<SetupToolbar>(studio_)),
       studio_(platform_, *setup_),
       kept_(platform_.kept, studio_.score, studio_.saved) {
@@ -184,8 +186,11 @@ void Program::showWindow(const QString& name) {
     // A load that lets events through may be overtaken by the window's own end, or the program's.
     if (shown == nullptr || ending_ || shown != window(name, false))
         return;
+    if (auto* const tool = qobject_cast<ToolFrame*>(shown))
+        group.standBeside(*tool);
     shown->show();
     shown->raise();
+    group.noteHighest(name);
 }
 
 void Program::unloadWindow(const QString& name) {

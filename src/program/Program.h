@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/Platform.h"
+#include "program/WindowGroup.h"
 #include "score/Studio.h"
 #include "shell/FocusKeeper.h"
 #include "shell/HoverKeeper.h"
@@ -115,6 +116,7 @@ public:
     HoverKeeper hover;
     FrameState frames;
     frminfo hints;
+    WindowGroup group;
     QString activeToolbar; ///< the tool window that was active last
 
 private:

@@ -35,16 +35,19 @@ FocusKeeper::FocusKeeper() {
 FocusKeeper::~FocusKeeper() = default;
 
 void FocusKeeper::give(QWidget* control) {
+    if (control == current_)
+        choose(control);
     if (control == nullptr || control == current_ || !control->isEnabled() || !control->isVisible())
         return;
     control->setFocus(Qt::OtherFocusReason);
     moveTo(control);
 }
 
-void FocusKeeper::moveTo(QWidget* control) {
+void FocusKeeper::moveTo(QWidget* control, bool byTab) {
     const QPointer<QWidget> old = current_;
     const QPointer<QWidget> next = control;
     current_ = control;
+    waiting_ = byTab && control == passed_ ? control : nullptr;
     std::erase_if(visited_, [](const QPointer<QWidget>& one) { return one.isNull(); });
     if (!isVisited(control))
         visited_.emplace_back(control);
@@ -53,8 +56,46 @@ void FocusKeeper::moveTo(QWidget* control) {
             known->second.lost();
     if (!next || current_ != next)
         return; // the old control's handler has passed the focus on
-    if (const auto known = handlers_.find(next); known != handlers_.end() && known->second.got)
+    if (!isWaiting(next))
+        got(next);
+}
+
+void FocusKeeper::got(QWidget* control) {
+    if (const auto known = handlers_.find(control); known != handlers_.end() && known->second.got)
         known->second.got();
+}
+
+bool FocusKeeper::isWaiting(const QWidget* control) const {
+    return control != nullptr && control == waiting_;
+}
+
+void FocusKeeper::choose(QWidget* control) {
+    if (!isWaiting(control))
+        return;
+    waiting_ = nullptr;
+    got(control);
+}
+
+void FocusKeeper::enable(QWidget& control, bool enabled) {
+    QWidget* const window = control.window();
+    QWidget* const holder = window->focusWidget();
+    if (!enabled && holder != nullptr && holder != window &&
+        (holder == &control || control.isAncestorOf(holder))) {
+        disabled_.push_back({&control, holder});
+        window->setFocus(Qt::OtherFocusReason);
+    }
+    control.setEnabled(enabled);
+    if (!enabled)
+        return;
+    const auto known = std::ranges::find_if(
+        disabled_, [&](const Disabled& one) { return one.control == &control; });
+    if (known == disabled_.end())
+        return;
+    const QPointer<QWidget> back = known->holder;
+    disabled_.erase(known);
+    // As after a menu: the control shows what it showed before.
+    if (back && (window->focusWidget() == nullptr || window->focusWidget() == window))
+        back->setFocus(Qt::PopupFocusReason);
 }
 
 void FocusKeeper::onGot(QWidget* control, std::function<void()> handler) {
@@ -88,7 +129,7 @@ bool FocusKeeper::eventFilter(QObject* watched, QEvent* event) {
         break;
     case QEvent::FocusIn:
         if (auto* control = qobject_cast<QWidget*>(watched))
-            followWindowSystem(control, static_cast<QFocusEvent*>(event)->reason());
+            return followWindowSystem(control, static_cast<QFocusEvent*>(event)->reason());
         break;
     default:
         break;
@@ -96,20 +137,24 @@ bool FocusKeeper::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
-void FocusKeeper::followWindowSystem(QWidget* control, Qt::FocusReason reason) {
+bool FocusKeeper::followWindowSystem(QWidget* control, Qt::FocusReason reason) {
     if (control == current_ || !belongsToProgramWindow(*control))
-        return;
+        return false;
     const bool isTab = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
     const bool isUsers = reason == Qt::MouseFocusReason || reason == Qt::ShortcutFocusReason ||
                          (isTab && tabPressed_);
     const bool isFirstOfWindow = reason == Qt::ActiveWindowFocusReason && !isVisited(control);
-    if (isUsers && !control->isWindow())
-        moveTo(control);
-    else if ((isTab && !tabPressed_) || (isFirstOfWindow && !control->isWindow()))
-        // The control that had the keyboard was disabled or hidden, or a window became active in
-        // which nobody has gone to a control. The keyboard waits at the window, so that no key
-        // presses a button which the user did not go to.
-        control->window()->setFocus(Qt::OtherFocusReason);
+    if (isUsers && !control->isWindow()) {
+        moveTo(control, isTab);
+        return false;
+    }
+    if ((!isTab || tabPressed_) && (!isFirstOfWindow || control->isWindow()))
+        return false;
+    // The control that had the keyboard was disabled or hidden, or a window became active in which
+    // nobody has gone to a control. The keyboard waits at the window, so that no key presses a
+    // button which the user did not go to; and the control does not hear of what is over already.
+    control->window()->setFocus(Qt::OtherFocusReason);
+    return !control->isWindow();
 }
 
 } // namespace velorin

@@ -22,8 +22,21 @@ public:
     ~FocusKeeper() override;
 
     /// Runs the lost-focus handler of the old control, then the got-focus handler of the new one,
-    /// before it returns. Nothing happens if `control` has the focus, is disabled or is hidden.
+    /// before it returns. Nothing happens if `control` has the focus, is disabled or is hidden; but
+    /// a handler that the Tab key has left waiting runs.
     void give(QWidget* control);
+
+    /// Disables a control, or enables it again, and hands the keyboard to nobody else: as long as
+    /// the control is disabled the keyboard waits at the window, and who had it has it afterwards,
+    /// unless the user has gone elsewhere meanwhile.
+    void enable(QWidget& control, bool enabled);
+
+    /// The Tab key goes to `control` without its handler, which waits for `choose`.
+    void letTabPass(QWidget* control) { passed_ = control; }
+    /// Whether the Tab key has come to `control` and its handler waits.
+    [[nodiscard]] bool isWaiting(const QWidget* control) const;
+    /// Runs the handler that waits, if one does.
+    void choose(QWidget* control);
 
     /// Null if nothing has it: at the start, and after the window of the control has gone.
     [[nodiscard]] QWidget* current() const { return current_; }
@@ -41,14 +54,24 @@ private:
         std::function<void()> lost;
     };
 
+    struct Disabled {
+        QPointer<QWidget> control;
+        QPointer<QWidget> holder; ///< had the keyboard: the control, or one within it
+    };
+
     Handlers& handlersOf(QWidget* control);
-    void moveTo(QWidget* control);
+    void moveTo(QWidget* control, bool byTab = false);
+    void got(QWidget* control);
     [[nodiscard]] bool isVisited(const QWidget* control) const;
-    void followWindowSystem(QWidget* control, Qt::FocusReason reason);
+    /// Returns whether the control is not to hear of it.
+    bool followWindowSystem(QWidget* control, Qt::FocusReason reason);
 
     QPointer<QWidget> current_;
     std::vector<QPointer<QWidget>> visited_; ///< have had the focus
     std::unordered_map<QObject*, Handlers> handlers_;
+    std::vector<Disabled> disabled_;
+    QPointer<QWidget> passed_;  ///< the Tab key does not run its handler
+    QPointer<QWidget> waiting_; ///< its handler waits
     bool tabPressed_ = false;
 };
 

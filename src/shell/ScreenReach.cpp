@@ -3,10 +3,13 @@
 #include "shell/ScreenReach.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace velorin {
 
 namespace {
+
+constexpr int gapPx = 10; ///< between windows that stand beside each other
 
 QRect toQRect(const platform::RectPx& rect) {
     return {rect.left, rect.top, rect.width, rect.height};
@@ -47,6 +50,45 @@ QPoint placeInNearest(const QRect& window, const Screens& screens) {
     const platform::RectPx& room = nearest->free;
     return {within(window.x(), window.width(), room.left, room.width),
             within(window.y(), window.height(), room.top, room.height)};
+}
+
+QPoint placeBeside(const QRect& window, const std::vector<QRect>& taken, const Screens& screens) {
+    const auto isFree = [&taken](const QRect& place) {
+        return std::ranges::none_of(taken, [&](const QRect& one) { return one.intersects(place); });
+    };
+    if (isFree(window))
+        return window.topLeft();
+    // The nearest place touches a neighbour or the end of a screen, in each direction by itself.
+    std::vector<int> lefts{window.x()};
+    std::vector<int> tops{window.y()};
+    const auto offer = [&](int before, int behind, int above, int below) {
+        lefts.insert(lefts.end(), {before - window.width(), behind});
+        tops.insert(tops.end(), {above - window.height(), below});
+    };
+    for (const QRect& one : taken)
+        offer(one.x() - gapPx, one.x() + one.width() + gapPx, one.y() - gapPx,
+              one.y() + one.height() + gapPx);
+    for (const platform::Screen& screen : screens)
+        offer(screen.free.left + screen.free.width, screen.free.left,
+              screen.free.top + screen.free.height, screen.free.top);
+    QPoint best = window.topLeft();
+    long long least = std::numeric_limits<long long>::max();
+    for (const int left : lefts) {
+        for (const int top : tops) {
+            const QRect place(QPoint(left, top), window.size());
+            const bool isShown = std::ranges::any_of(screens, [&](const platform::Screen& screen) {
+                return toQRect(screen.free).contains(place);
+            });
+            const QPoint way = place.topLeft() - window.topLeft();
+            const long long length = static_cast<long long>(way.x()) * way.x() +
+                                     static_cast<long long>(way.y()) * way.y();
+            if (isShown && length < least && isFree(place)) {
+                least = length;
+                best = place.topLeft();
+            }
+        }
+    }
+    return best;
 }
 
 } // namespace velorin

@@ -28,4 +28,10 @@ constexpr int gripWidthPx = 48;
 /// as that takes. A window larger than the screen begins where the screen begins.
 [[nodiscard]] QPoint placeInNearest(const QRect& window, const Screens& screens);
 
+/// Where a window comes to stand that is to lie over none of `taken`: the nearest place that some
+/// screen has whole, a little away from its neighbours; its own place if it lies over none, or if
+/// there is no room.
+[[nodiscard]] QPoint placeBeside(const QRect& window, const std::vector<QRect>& taken,
+                                 const Screens& screens);
+
 } // namespace velorin

@@ -109,7 +109,14 @@ void SkinnedFrame::SkinMainWindow(Flag resizable) {
     state_.WindowResizable = resizable != flagClear ? 1 : 0;
     if (resizable != flagClear)
         placeResizers();
+    holdHandles();
     ApplyWindowRegion();
+}
+
+void SkinnedFrame::holdHandles() {
+    for (QWidget* handle : Resizer)
+        if (handle != nullptr)
+            handle->setAttribute(Qt::WA_TransparentForMouseEvents, window_.isMaximized());
 }
 
 void SkinnedFrame::SkinToolWindow() {

@@ -42,6 +42,9 @@ public:
     /// Lays out the pieces, and with the flag set shows and places the handles.
     void SkinMainWindow(Flag resizable);
     void SkinToolWindow();
+    /// The handles of a maximised window let the mouse through: they may lie anywhere over what it
+    /// shows, and it has no edge to be dragged. To be called when the window's state has changed.
+    void holdHandles();
     void ApplyWindowRegion();
 
     /// Moves the window's edges by what the pointer moved, in pixels. `handle` [0, 8).

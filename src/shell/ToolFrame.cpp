@@ -80,6 +80,11 @@ void ToolFrame::placeFrom(platform::Settings& settings, const std::string& key, 
         place.moveTo(defaultLeft, defaultTop);
     }
     comeIntoReach(desktop.screens());
+    const auto isStored = [&settings](const std::string& name) {
+        return settings.GetSetting(settingsSection, name, "1") ==
+               settings.GetSetting(settingsSection, name, "0");
+    };
+    unplaced_ = !isStored(key + " left") && !isStored(key + " top");
 }
 
 void ToolFrame::savePlace(platform::Settings& settings, const std::string& key) const {
@@ -120,6 +125,7 @@ void ToolFrame::keyPressEvent(QKeyEvent* event) {
 /// The close button comes last with the Tab key, as the title does in the main window.
 void ToolFrame::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
+    unplaced_ = false;
     QWidget* const last = stopBefore(*this);
     if (last == imgTitleClose || last == this) {
         return;

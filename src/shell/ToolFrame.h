@@ -48,6 +48,9 @@ public:
                    float defaultTop, platform::Desktop& desktop);
     void savePlace(platform::Settings& settings, const std::string& key) const;
 
+    /// Whether it stands at its default, has not been shown yet, and no place was stored.
+    [[nodiscard]] bool isUnplaced() const { return unplaced_; }
+
     /// Where the user can take hold of the window: the title as far as the button.
     [[nodiscard]] QRect grip() const;
     void comeIntoReach(const Screens& screens) { place.comeIntoReach(grip(), screens); }
@@ -64,6 +67,9 @@ protected:
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
+
+private:
+    bool unplaced_ = false;
 };
 
 /// The middle of a screen for a window of that size, in twips.

@@ -86,6 +86,19 @@ void WindowDrag::follow(const QMouseEvent& pointer) {
     }
 }
 
+void WindowDrag::move(const QMouseEvent& pointer) {
+    // The release may have gone to somebody else, a dialog that came up meanwhile.
+    following_ = following_ && pointer.buttons().testFlag(Qt::LeftButton);
+    follow(pointer);
+}
+
+void WindowDrag::release(const QMouseEvent& pointer) {
+    if (pointer.button() == Qt::LeftButton) {
+        follow(pointer); // a busy program may get no move before it
+        following_ = false;
+    }
+}
+
 bool WindowDrag::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
     case QEvent::MouseButtonPress:
@@ -95,19 +108,11 @@ bool WindowDrag::eventFilter(QObject* watched, QEvent* event) {
             DragWindow(press->buttons(), press->globalPosition().toPoint());
         }
         break;
-    case QEvent::MouseMove: {
-        const auto& move = *static_cast<QMouseEvent*>(event);
-        // The release may have gone to somebody else, a dialog that came up meanwhile.
-        following_ = following_ && move.buttons().testFlag(Qt::LeftButton);
-        follow(move);
+    case QEvent::MouseMove:
+        move(*static_cast<QMouseEvent*>(event));
         break;
-    }
     case QEvent::MouseButtonRelease:
-        if (const auto& release = *static_cast<QMouseEvent*>(event);
-            release.button() == Qt::LeftButton) {
-            follow(release); // a busy program may get no move before it
-            following_ = false;
-        }
+        release(*static_cast<QMouseEvent*>(event));
         break;
     default:
         break;

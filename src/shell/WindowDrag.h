@@ -34,8 +34,10 @@ public:
     void watch(QWidget* handle);
 
     /// Starts a drag at a place on the screen. Does nothing while the right button is down. Returns
-    /// whether a drag has begun.
+    /// whether a drag has begun. Who calls it hands on the moves and the release that follow.
     bool DragWindow(Qt::MouseButtons buttons, QPoint place);
+    void move(const QMouseEvent& pointer);
+    void release(const QMouseEvent& pointer);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

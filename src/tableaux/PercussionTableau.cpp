@@ -7,6 +7,7 @@
 #include "tableaux/Picmain.h"
 
 #include <algorithm>
+#include <array>
 
 namespace velorin {
 
@@ -93,17 +94,20 @@ void PercussionTableau::DrawBeatArray() {
 
 void PercussionTableau::Beatbox_GotFocus() {
     area_.Beatbox->setToolTip({});
+    if (isRowChosen())
+        return;
     SetupControls& setup = studio_.setup;
-    for (const int row : {8, 10, 11, 12}) {
-        if (setup.TrackSel(row))
-            return;
-    }
     setup.setTrackSel(firstPercussionRow, true);
     for (int row = 0; row < musicRows; ++row) {
         setup.setTrackSel(row, false);
         setup.setTrackHidePicture(row, false);
     }
     setup.setTrackHidePicture(firstPercussionRow, true);
+}
+
+bool PercussionTableau::isRowChosen() const {
+    constexpr std::array rows{8, 10, 11, 12};
+    return std::ranges::any_of(rows, [this](int row) { return studio_.setup.TrackSel(row); });
 }
 
 void PercussionTableau::Beatbox_LostFocus() {

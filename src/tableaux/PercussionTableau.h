@@ -21,7 +21,8 @@ public:
     void Beatbox_MouseUp(int button, int shift, double x, double y);
     void Beatbox_GotFocus(); ///< makes sure that a percussion row is selected; row 9 does not count
     void Beatbox_LostFocus();
-    void Check2_Click(); ///< shows or hides the strip
+    [[nodiscard]] bool isRowChosen() const; ///< the test of `Beatbox_GotFocus`
+    void Check2_Click();                    ///< shows or hides the strip
 
 private:
     void selectPercussionGroup();

@@ -1,4 +1,5 @@
-"""Uses the windows where a window manager has them: a drag ends with its button, and the help lies above the tool windows."""
+"""Uses the windows where a window manager has them: a drag ends with its button, the help lies above the tool windows, and the
+tool windows go and come with the main window."""
 
 import contextlib
 import re
@@ -7,6 +8,7 @@ import signal
 from desk import Desk, check, run, wait_until
 
 TITLE_PLACE = (300, 12)  # of the main window, where nothing else takes the press
+EDGE_PLACE = (14, 300)  # of the main window's frame, inside the handle
 TOOL_TITLE_PLACE = (250, 14)
 TOOL_FOOT = (250, 248)  # of the Setup Toolbar, below the help
 HELP = "Velorin Help"
@@ -89,6 +91,28 @@ def read_help(desk, program):
     desk.no_window(HELP)
 
 
+def minimise(desk, program):
+    """By the button in the title; a task bar brings the window back."""
+    x, y, width, _ = program.place
+    desk.click(x + width - 83, y + 13)
+    desk.no_window("Velorin")
+    desk.no_window("Setup Toolbar")
+    desk.tool("windowmap", program.window)
+    desk.window("Setup Toolbar")
+    program.place = desk.settled(program.window)
+
+
+def open_beside(desk, program):
+    """A tool window that nobody has placed lies over no other."""
+    program.press(10)
+    x, y, width, height = desk.settled(desk.window("Editing Toolbar"))
+    left, top, wide, high = desk.place_of(desk.window("Setup Toolbar"))
+    check(x >= left + wide or left >= x + width or y >= top + high or top >= y + height,
+          f"the toolbars lie over each other: {(x, y, width, height)} and {(left, top, wide, high)}")
+    desk.click(*program.edit("close"))
+    desk.no_window("Editing Toolbar")
+
+
 def test(build):
     with Desk(build, manager=True) as desk:
         program = desk.launch()
@@ -98,8 +122,11 @@ def test(build):
             click_title(desk, program, window, title)
             drag_title(desk, window, title, (-40, -20))
             flick_title(desk, program, window, title, (30, 15))
+        drag_title(desk, program.window, EDGE_PLACE, (25, -10))
         program.place = desk.settled(program.window)
+        open_beside(desk, program)
         read_help(desk, program)
+        minimise(desk, program)
         program.end()
 
 

@@ -34,6 +34,7 @@ public:
 
     platform::SizePx screenSize() override { return host_.screenSize(); }
     std::vector<platform::Screen> screens() override { return host_.screens(); }
+    bool standsWindowsApart() override { return host_.standsWindowsApart(); }
     platform::PointPx GetCursorPos() override { return {pointer.x(), pointer.y()}; }
     bool isAnotherCopyRunning() override { return false; }
     void announceEnd() override {}

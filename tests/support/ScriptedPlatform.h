@@ -62,6 +62,7 @@ public:
     std::vector<platform::Screen> screens() override {
         return otherScreens.empty() ? Desktop::screens() : otherScreens;
     }
+    bool standsWindowsApart() override { return standsApart; }
     platform::PointPx GetCursorPos() override { return cursor; }
     bool isAnotherCopyRunning() override { return anotherCopy; }
     void announceEnd() override { isEndAnnounced = true; }
@@ -74,6 +75,7 @@ public:
 
     platform::SizePx screen{1024, 768};
     std::vector<platform::Screen> otherScreens; ///< in place of the one, if there are any
+    bool standsApart = false;                   ///< the places of the first start are those by rule
     platform::PointPx cursor;
     bool anotherCopy = false;
     bool isEndAnnounced = false;

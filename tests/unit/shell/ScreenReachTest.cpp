@@ -59,6 +59,29 @@ TEST(ScreenReach, AWindowThatComesBackLeavesThePanelsFree) {
     EXPECT_EQ(placeInNearest({-500, -500, 300, 200}, panel), QPoint(64, 30));
 }
 
+TEST(PlaceBeside, AWindowThatLiesOverNoneStays) {
+    EXPECT_EQ(placeBeside({100, 100, 300, 200}, {{400, 100, 300, 200}}, {two[0]}),
+              QPoint(100, 100));
+}
+
+TEST(PlaceBeside, AWindowMovesTheShortestWayToAFreePlace) {
+    const QRect taken(500, 600, 500, 250);
+    EXPECT_EQ(placeBeside({460, 740, 680, 120}, {taken}, {two[0]}), QPoint(460, 470));
+    EXPECT_EQ(placeBeside({510, 600, 100, 200}, {taken}, {two[0]}), QPoint(390, 600));
+    EXPECT_EQ(placeBeside({920, 610, 200, 200}, {taken}, {two[0]}), QPoint(1010, 610));
+}
+
+TEST(PlaceBeside, OverNoneOfSeveralWindowsAndWithinAScreen) {
+    const std::vector<QRect> taken{{500, 600, 500, 250}, {440, 470, 680, 120}};
+    EXPECT_EQ(placeBeside({900, 595, 200, 280}, taken, {two[0]}), QPoint(1010, 595));
+    EXPECT_EQ(placeBeside({500, 590, 700, 280}, taken, {two[0]}), QPoint(500, 180));
+}
+
+TEST(PlaceBeside, WithoutRoomAWindowStays) {
+    EXPECT_EQ(placeBeside({500, 500, 700, 500}, {{300, 300, 1000, 400}}, {two[0]}),
+              QPoint(500, 500));
+}
+
 TEST(ScreenReach, AWindowInReachKeepsItsPlaceToTheTwip) {
     QWidget window;
     window.resize(400, 300);
