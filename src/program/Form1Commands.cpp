@@ -149,6 +149,8 @@ void Form1::nameMaxRestore(const char* face) {
 
 // No rectangle is kept here: restoring gives back what the window system kept.
 void Form1::ToggleMaximize() {
+    if (isMinimized() && !isMinimised()) // nobody has taken it away, and it only counts as that
+        setWindowState(windowState() & ~Qt::WindowMinimized);
     if (windowState() != Qt::WindowNoState) {
         const bool wasResizable = program_.frames.WindowResizable == 1;
         restoring_ = true;

@@ -4,6 +4,9 @@
 #include "program/Program.h"
 #include "score/Studio.h"
 
+#include <QGuiApplication>
+#include <QWindow>
+
 namespace velorin {
 
 void Form1::DrawNoteArray() {
@@ -117,8 +120,11 @@ void Form1::setInstxt(const std::string& text) {
     InstxtBox->setText(QString::fromStdString(text));
 }
 
+/// A window that counts as minimised stays where it is if no window manager takes it away.
 bool Form1::isMinimised() {
-    return isMinimized();
+    const QWindow* const handle = windowHandle();
+    const bool mayStay = QGuiApplication::platformName() == "xcb" && handle != nullptr;
+    return isMinimized() && !(mayStay && handle->isExposed());
 }
 
 int Form1::innerWidth() {

@@ -5,7 +5,6 @@
 #include "score/Studio.h"
 
 #include <QCloseEvent>
-#include <QGuiApplication>
 #include <QPainter>
 #include <QWheelEvent>
 #include <QWindow>
@@ -40,14 +39,11 @@ void Form1::showEvent(QShowEvent* event) {
     windowHandle()->installEventFilter(this); // tells when the window is off the screen
 }
 
-/// A window that counts as minimised stays where it is if no window manager takes it away; the tool
-/// windows go only when it has gone.
+/// Not before the window has gone: where nobody takes it away, the tool windows stay too.
 void Form1::takeToolWindowsAlong() {
-    const QWindow* const handle = windowHandle();
-    const bool mayStay = QGuiApplication::platformName() == "xcb";
     if (!isMinimized())
         program_.group.showWithMain();
-    else if (!mayStay || handle == nullptr || !handle->isExposed())
+    else if (isMinimised())
         program_.group.hideWithMain();
 }
 
