@@ -8,7 +8,9 @@ namespace velorin {
 struct Score;
 
 /// Set by a save that succeeded and by opening a score; an export does not count. A change that is
-/// taken back by hand leaves the score saved, since content is compared and not edits.
+/// taken back by hand leaves the score saved, since content is compared and not edits. The content
+/// is the cells with their instruments, the chord marks and the tempo; the instruments that new
+/// notes would get are left out.
 class SavedState {
 public:
     /// A score file now holds this score.
@@ -19,7 +21,7 @@ public:
     [[nodiscard]] bool isSaved(const Score& score) const;
 
 private:
-    std::string text_; ///< as `keptText` writes it; empty before the first save or load
+    std::string content_; ///< as a score file; empty before the first save or load
 };
 
 } // namespace velorin

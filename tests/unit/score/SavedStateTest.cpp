@@ -46,9 +46,13 @@ TEST_F(SavedStateTest, SavedScoreIsSavedUntilItChanges) {
     studio.score.Tempo = 100;
     studio.score.PolyArray.write(1, 1, 1);
     EXPECT_FALSE(isSaved());
+}
+
+TEST_F(SavedStateTest, SelectingAChannelLeavesTheScoreSaved) {
+    putRow(studio.score, 0, "60", 24);
     files.SaveScoreFile(at("a.sng"));
-    studio.score.RowInstrument[3] = 9;
-    EXPECT_FALSE(isSaved());
+    studio.score.RowInstrument[3] = 9; // as a click on the channel does
+    EXPECT_TRUE(isSaved());
 }
 
 TEST_F(SavedStateTest, FailedSaveSavesNothing) {
