@@ -7,8 +7,10 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
+#include <array>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
@@ -109,6 +111,27 @@ TEST_F(FileReplacementTest, PermissionsStay) {
         EXPECT_EQ(replace("a.sng", "new"), WriteError::none);
         EXPECT_EQ(permissions("a.sng"), mode);
     }
+}
+
+TEST_F(FileReplacementTest, UserWhoMayWriteByAnAccessListStillMay) {
+    // Version 2; then kind, permissions and user of each entry: owner rw, user 12345 rw, group r,
+    // mask rw, others none.
+    constexpr std::array<unsigned char, 44> list{2,  0, 0, 0,                         //
+                                                 1,  0, 6, 0, 0xFF, 0xFF, 0xFF, 0xFF, //
+                                                 2,  0, 6, 0, 0x39, 0x30, 0,    0,    //
+                                                 4,  0, 4, 0, 0xFF, 0xFF, 0xFF, 0xFF, //
+                                                 16, 0, 6, 0, 0xFF, 0xFF, 0xFF, 0xFF, //
+                                                 32, 0, 0, 0, 0xFF, 0xFF, 0xFF, 0xFF};
+    constexpr const char* accessList = "system.posix_acl_access";
+    put("a.sng", "old");
+    const std::string name = folder / "a.sng";
+    if (setxattr(name.c_str(), accessList, list.data(), list.size(), 0) != 0)
+        GTEST_SKIP() << "no access lists on this file system";
+    EXPECT_EQ(replace("a.sng", "new"), WriteError::none);
+    std::array<unsigned char, 44> found{};
+    EXPECT_EQ(getxattr(name.c_str(), accessList, found.data(), found.size()), 44);
+    EXPECT_EQ(found, list);
+    EXPECT_EQ(content("a.sng"), "new");
 }
 
 TEST_F(FileReplacementTest, FileOfAnotherUserStaysTheirs) {
