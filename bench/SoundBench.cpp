@@ -66,7 +66,7 @@ private:
 
 /// The tableau with its mouse on the host's sound.
 struct Bench {
-    host::HostSound sound{{}, std::filesystem::temp_directory_path()};
+    host::HostSound sound{{}, {std::filesystem::temp_directory_path()}};
     host::QtMessageLoop loop{sound.clock()};
     WatchedMidi midi{sound.midi()};
     convert::OfflinePlatform offline{midi};

@@ -66,8 +66,9 @@ int runProgram(velorin::host::EndSignals& signals) {
     // First, so that a copy that waits for this one to end finds the sound card free.
     host::HostDesktop desktop(host::oneCopyFile(std::getenv("XDG_RUNTIME_DIR"), state));
     host::NoticeBoard notices;
-    host::HostSound sound(QCoreApplication::applicationDirPath().toStdString(),
-                          (folder / "Songs").string());
+    host::HostSound sound(
+        QCoreApplication::applicationDirPath().toStdString(),
+        {folder / "Songs", state.empty() ? state : state / "recordings", &notices});
     host::QtMessageLoop loop(sound.clock());
     host::QtDialogs dialogs(loop, QString::fromStdString((folder / "Songs").string()));
     host::QtMessageBoxes boxes;

@@ -132,11 +132,7 @@ HostMci::Opened HostMci::openCapture() {
         surroundings_.soundsOutside() ? captureOfCard() : captureOf(surroundings_.engine);
     if (!source)
         return {nullptr, mci::noInput};
-    std::error_code failed;
-    const fs::path folder = fs::is_directory(surroundings_.captureFolder, failed)
-                                ? surroundings_.captureFolder
-                                : fs::temp_directory_path(failed);
-    return {std::make_unique<CaptureDevice>(std::move(source), folder)};
+    return {std::make_unique<CaptureDevice>(std::move(source), surroundings_.recordings)};
 }
 
 bool HostMci::isRunning() const {

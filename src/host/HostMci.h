@@ -3,6 +3,7 @@
 
 #include "host/mci/FadingStreams.h"
 #include "host/mci/MciDevice.h"
+#include "host/mci/RecordingFiles.h"
 #include "host/mci/SequencerPort.h"
 #include "platform/Mci.h"
 #include "platform/MidiOut.h"
@@ -32,8 +33,7 @@ struct MciSurroundings {
     /// Called before a device plays or records: the stream may rest. May be empty.
     std::function<void()> wake;
 
-    /// Where a recording grows until it is saved: best on the disk that it will be saved to.
-    std::filesystem::path captureFolder;
+    RecordingFolders recordings;
 };
 
 /// Devices by their aliases: a WAV file ("waveaudio"), an MP3 file ("mpegvideo"), a MID file

@@ -14,8 +14,7 @@ std::filesystem::path homeFolder() {
 
 } // namespace
 
-HostSound::HostSound(const std::filesystem::path& programFolder,
-                     std::filesystem::path captureFolder)
+HostSound::HostSound(const std::filesystem::path& programFolder, const RecordingFolders& recordings)
     : synths_(clock_, engine_, worker_,
               findSoundFonts(soundFontFolders(programFolder, homeFolder()))),
       midi_(
@@ -26,10 +25,11 @@ HostSound::HostSound(const std::filesystem::path& programFolder,
                 wake(); // the synthesizer may be there from the file before
                 return midi_.openForSequencer(device);
             },
-            [this] { return midi_.isPortOpen(); }, [this] { wake(); }, std::move(captureFolder)}) {
+            [this] { return midi_.isPortOpen(); }, [this] { wake(); }, recordings}) {
     if (synths_.count() == 0)
         noFont_.say("no SoundFont found; the built-in synthesizer cannot play");
     worker_.post([this] { engine_.start(); });
+    worker_.post([recordings] { finishLeftRecordings(recordings); });
     engine_.onAdded = [this] { wake(); };
 }
 

@@ -13,11 +13,11 @@ namespace velorin::host {
 
 class HostSound {
 public:
-    /// Opens nothing yet; what is sent meanwhile waits. A recording grows in `captureFolder` until
-    /// it is saved.
-    HostSound(const std::filesystem::path& programFolder, std::filesystem::path captureFolder);
+    /// Opens nothing yet; what is sent meanwhile waits.
+    HostSound(const std::filesystem::path& programFolder, const RecordingFolders& recordings);
 
-    /// Returns at once: the sound card and the SoundFonts are opened by a thread of their own.
+    /// Returns at once: the sound card and the SoundFonts are opened by a thread of their own,
+    /// which also finishes the recordings that a crash has left.
     void begin() { worker_.release(); }
 
     [[nodiscard]] SystemClock& clock() { return clock_; }

@@ -12,7 +12,7 @@ namespace randomly {
 using namespace velorin;
 
 RealHost::RealHost(const std::filesystem::path& folder, Chance& chance)
-    : sound_(folder, folder / "Songs"),
+    : sound_(folder, {folder / "Songs"}),
       loop_(sound_.clock()),
       dialogs_(loop_, QString::fromStdString((folder / "Songs").string())),
       settings_(QString::fromStdString((folder / "settings.ini").string())),

@@ -6,6 +6,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
+#include <cmath>
+#include <ctime>
 #include <map>
 
 namespace velorin::host {
@@ -16,15 +19,28 @@ namespace {
 
 constexpr std::array ratesHz{8000, 11025, 12000, 16000, 22050, 24000, 32000, 44100, 48000, 96000};
 
-} // namespace
-
-CaptureDevice::CaptureDevice(std::unique_ptr<CaptureSource> source, fs::path folder)
-    : source_(std::move(source)), part_(folder) {
-    sweepParts(folder);
+/// What a user is told of a file that takes no more.
+std::string cutText(const std::error_code& reason, double seconds) {
+    const bool isFull = reason == std::errc::no_space_on_device || reason.value() == EDQUOT;
+    const bool isLongest = reason == std::errc::file_too_large;
+    const std::string why = isFull      ? "the disk is full"
+                            : isLongest ? "the file cannot be longer"
+                                        : reason.message();
+    const std::string advice =
+        isLongest ? "Record the rest as another one." : "Make room on the disk and record again.";
+    if (seconds <= 0.0)
+        return "Nothing was recorded: " + why + ". " + advice;
+    return "The recording ends after " + lengthText(seconds) + ": " + why +
+           ". What was recorded is kept. " + advice;
 }
 
+} // namespace
+
+CaptureDevice::CaptureDevice(std::unique_ptr<CaptureSource> source, RecordingFolders folders)
+    : source_(std::move(source)), folders_(std::move(folders)) {}
+
 CaptureDevice::~CaptureDevice() {
-    stop();
+    keep("The recording was not saved when it ended.");
 }
 
 std::uint32_t CaptureDevice::carryOut(const CommandText& command, std::string* reply) {
@@ -82,12 +98,23 @@ std::uint32_t CaptureDevice::set(const std::string& text) {
 std::uint32_t CaptureDevice::record() {
     if (recorder_)
         return mci::success;
-    part_.make();
-    recorder_ = std::make_unique<Recorder>(part_.path(), format_);
-    recorded_ = true;
+    keep("A recording was not saved.");
+    std::error_code error;
+    part_ = makePart(folders_, error);
+    if (!part_.isOpen()) {
+        tell(folders_, "Nothing can be recorded: " + quoted(folders_.songs) +
+                           " cannot be written to (" + error.message() + ").");
+        return mci::hardwareFailed;
+    }
+    const auto whenCut = [folders = folders_](const std::error_code& reason, double seconds) {
+        tell(folders, cutText(reason, seconds));
+    };
+    recorder_ = std::make_unique<Recorder>(part_, format_, whenCut, folders_.mostDataBytes);
     if (source_->start(recorder_->tap()))
         return mci::success;
     stop();
+    part_.remove();
+    tell(folders_, "Nothing can be recorded: the sound card's input does not start.");
     return mci::hardwareFailed;
 }
 
@@ -95,36 +122,61 @@ void CaptureDevice::stop() {
     if (!recorder_)
         return;
     source_->stop();
-    whole_ = recorder_->finish();
+    recorder_->finish();
     frames_ = recorder_->frames();
+    seconds_ = static_cast<double>(frames_) / format_.rateHz;
+    lostMs_ = recorder_->lostMs();
+    isCut_ = recorder_->isCut();
     recorder_.reset();
+    if (frames_ == 0 && isCut_)
+        part_.remove(); // of which the user was told
 }
 
-// What could not be recorded in full, for want of room on the disk, does not get a name.
+// A recording that was cut short does not replace a file.
 std::uint32_t CaptureDevice::save(const std::string& name) {
     if (name.empty())
         return mci::missingValue;
     stop();
-    std::error_code failed;
-    const fs::path target = platform::resolve(name);
-    if (recorded_ && !whole_)
-        notSaved_.say(
-            "the recording is not saved: it could not be written whole; is the disk full?");
-    if (!recorded_ || !whole_ || fs::is_directory(target, failed))
+    if (!part_.isOpen())
         return mci::notSaved;
-    fs::rename(part_.path(), target, failed);
-    if (failed) { // the folder lies on another disk
-        fs::copy_file(part_.path(), target, fs::copy_options::overwrite_existing, failed);
-        std::error_code ignored;
-        if (failed)
-            fs::remove(target, ignored);
-        fs::remove(part_.path(), ignored);
-    }
-    recorded_ = false;
-    if (!failed)
+    const fs::path target = platform::resolveForWriting(name);
+    std::error_code failed;
+    if (target.parent_path() == folders_.songs)
+        makeSongs(folders_); // it may have gone meanwhile
+    const bool isTaken = fs::is_directory(target, failed) || (isCut_ && fs::exists(target, failed));
+    if (!isTaken && !(failed = placeRecording(part_, target))) {
+        reportLost(target);
         return mci::success;
-    notSaved_.say("the recording is not saved: " + failed.message());
+    }
+    const std::string why = isTaken ? "the name is taken" : failed.message();
+    keep("The recording could not be saved as " + quoted(target.filename()) + " (" + why + ").");
     return mci::notSaved;
+}
+
+void CaptureDevice::keep(const std::string& reason) {
+    stop();
+    if (!part_.isOpen())
+        return;
+    if (frames_ == 0)
+        return part_.remove();
+    const fs::path hidden = part_.path();
+    const auto kept = keepRecording(part_, folders_, std::time(nullptr));
+    part_ = PartFile(); // and the next start finds it, if it has no name yet
+    if (!kept)
+        return tell(folders_, reason + " It stays in " + quoted(hidden) +
+                                  " and gets a name at a later start.");
+    tell(folders_, reason + " It is kept " + placeText(folders_, *kept) + ", " +
+                       lengthText(seconds_) + " long.");
+    reportLost(*kept);
+}
+
+void CaptureDevice::reportLost(const fs::path& file) {
+    if (lostMs_ <= 0.0)
+        return;
+    tell(folders_, quoted(file.filename()) + " lacks " +
+                       std::to_string(static_cast<std::int64_t>(std::ceil(lostMs_))) +
+                       " ms of sound, which are silent: the computer was too busy. Record again "
+                       "with fewer programs running.");
 }
 
 std::uint32_t CaptureDevice::status(const std::string& text, std::string* reply) {

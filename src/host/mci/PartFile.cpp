@@ -3,10 +3,12 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <chrono>
 #include <string>
-#include <vector>
 
 namespace velorin::host {
 
@@ -24,47 +26,67 @@ bool isPart(const fs::path& path) {
            fs::is_regular_file(fs::symlink_status(path, failed));
 }
 
-void removeUnlocked(const fs::path& path) {
-    const int file = open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
-    if (file < 0)
-        return;
-    std::error_code ignored; // it stays, and the next one tries again
-    if (flock(file, LOCK_EX | LOCK_NB) == 0)
-        fs::remove(path, ignored);
-    close(file);
+std::string newName() {
+    const auto now = std::chrono::steady_clock::now().time_since_epoch().count();
+    return beginning + std::to_string(getpid()) + "-" + std::to_string(now) + ending;
 }
 
 } // namespace
 
-PartFile::PartFile(const fs::path& folder)
-    : path_(folder / (beginning + std::to_string(getpid()) + "-" +
-                      std::to_string(reinterpret_cast<std::uintptr_t>(this)) + ending)) {}
-
-PartFile::~PartFile() {
-    std::error_code ignored; // it is not there if it was saved
-    fs::remove(path_, ignored);
-    if (lock_ >= 0)
-        close(lock_);
+bool PartFile::isAt(const fs::path& path) const {
+    struct stat opened {};
+    struct stat named {};
+    return fstat(file_.number(), &opened) == 0 && lstat(path.c_str(), &named) == 0 &&
+           opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
 }
 
-void PartFile::make() {
-    if (lock_ >= 0) // of a recording before this one, saved or not
-        close(lock_);
-    lock_ = open(path_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
-    if (lock_ >= 0)
-        flock(lock_, LOCK_EX | LOCK_NB);
+PartFile PartFile::locked(fs::path path, Descriptor file) {
+    if (!file.isOpen() || flock(file.number(), LOCK_EX | LOCK_NB) != 0)
+        return {};
+    PartFile part(std::move(path), std::move(file));
+    return part.isAt(part.path()) ? std::move(part) : PartFile();
 }
 
-void sweepParts(const fs::path& folder) {
-    std::vector<fs::path> found;
+// Another program may clear up a new file before it is locked, so the second attempt is not in
+// vain.
+PartFile PartFile::make(const fs::path& folder, std::error_code& error) {
+    constexpr int attempts = 10;
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        fs::path path = folder / newName();
+        Descriptor file(
+            open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0666));
+        if (!file.isOpen()) {
+            error = {errno, std::generic_category()};
+            return {};
+        }
+        PartFile made = locked(std::move(path), std::move(file));
+        if (made.isOpen())
+            return made;
+    }
+    error = std::make_error_code(std::errc::device_or_resource_busy);
+    return {};
+}
+
+std::vector<PartFile> PartFile::left(const fs::path& folder) {
+    std::vector<PartFile> found;
     std::error_code failed;
     for (fs::directory_iterator entry(folder, failed), end; !failed && entry != end;
          entry.increment(failed)) {
-        if (isPart(entry->path()))
-            found.push_back(entry->path());
+        const fs::path& path = entry->path();
+        if (!isPart(path))
+            continue;
+        Descriptor file(open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+        PartFile part = locked(path, std::move(file));
+        if (part.isOpen())
+            found.push_back(std::move(part));
     }
-    for (const fs::path& path : found)
-        removeUnlocked(path);
+    return found;
+}
+
+void PartFile::remove() {
+    if (isOpen())
+        unlink(path_.c_str());
+    file_ = Descriptor();
 }
 
 } // namespace velorin::host

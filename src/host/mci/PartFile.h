@@ -1,31 +1,45 @@
-// The hidden file that a recording grows in until it is saved.
+// The hidden file that a recording grows in until it has its name.
 #pragma once
 
+#include "host/DurableFile.h"
+
 #include <filesystem>
+#include <system_error>
+#include <vector>
 
 namespace velorin::host {
 
-/// Locked as long as this lives, and removed by the destructor if it still has its name. A lock
-/// ends with its process, so one without a lock is what a crash has left.
+/// Locked as long as it is open. A lock ends with its process, so a file without one is what a
+/// crash has left. Nothing here removes a file but `remove`.
 class PartFile {
 public:
-    /// Makes nothing yet. The name is that of no other recording, of this program or another copy.
-    explicit PartFile(const std::filesystem::path& folder);
-    ~PartFile();
-    PartFile(const PartFile&) = delete;
-    PartFile& operator=(const PartFile&) = delete;
+    /// Makes a new file in a folder that is there. The name is that of no other recording, of this
+    /// program or another copy. Not open if that cannot be done; `error` says why then.
+    [[nodiscard]] static PartFile make(const std::filesystem::path& folder, std::error_code& error);
 
-    /// Makes the file, empty, and locks it. One that cannot be made is found out by its writer.
-    void make();
+    /// The files in a folder that nobody has locked, locked for the caller.
+    [[nodiscard]] static std::vector<PartFile> left(const std::filesystem::path& folder);
 
+    PartFile() = default;
+
+    [[nodiscard]] bool isOpen() const { return file_.isOpen(); }
+    [[nodiscard]] int number() const { return file_.number(); } ///< for reading and writing
     [[nodiscard]] const std::filesystem::path& path() const { return path_; }
 
-private:
-    std::filesystem::path path_;
-    int lock_ = -1;
-};
+    /// Whether the file, under whichever name it was made, has this one now.
+    [[nodiscard]] bool isAt(const std::filesystem::path& path) const;
 
-/// Removes the hidden files of recordings in a folder that nobody has locked.
-void sweepParts(const std::filesystem::path& folder);
+    void remove(); ///< and closes it
+
+private:
+    PartFile(std::filesystem::path path, Descriptor file)
+        : path_(std::move(path)), file_(std::move(file)) {}
+
+    /// Not open if the file is locked, or has gone or been replaced meanwhile.
+    [[nodiscard]] static PartFile locked(std::filesystem::path path, Descriptor file);
+
+    std::filesystem::path path_;
+    Descriptor file_;
+};
 
 } // namespace velorin::host

@@ -1,28 +1,47 @@
 // From the tap to the file.
 #include "host/mci/Recorder.h"
 
+#include <algorithm>
 #include <chrono>
 
 namespace velorin::host {
 
-Recorder::Recorder(std::filesystem::path file, const WavFormat& format)
-    : writer_(file, format, streamRateHz), thread_([this] { run(); }) {}
+Recorder::Recorder(const PartFile& part, const WavFormat& format, WhenCut whenCut,
+                   std::int64_t mostDataBytes)
+    : part_(part),
+      whenCut_(std::move(whenCut)),
+      writer_(part.number(), format, streamRateHz, mostDataBytes),
+      thread_([this] { run(); }) {}
 
 Recorder::~Recorder() {
     if (thread_.joinable())
-        (void)finish(); // nobody wants the file
+        finish();
 }
 
-bool Recorder::finish() {
+void Recorder::finish() {
     {
         const std::lock_guard lock(mutex_);
         ending_ = true;
     }
     changed_.notify_all();
     thread_.join();
-    const bool whole = writer_.finish() && tap_->lost() == 0;
-    frames_ = writer_.frames();
-    return whole;
+}
+
+double Recorder::lostMs() const {
+    return static_cast<double>(tap_->lost() * blockFrames) * 1000.0 / streamRateHz;
+}
+
+// The stream numbers its frames, so a gap shows where it is. A jump that no lost block explains is
+// the stream's own.
+void Recorder::fillGap(const TappedBlock& block, std::vector<float>& piece) {
+    const std::int64_t unfilled = tap_->lost() - filledBlocks_;
+    if (nextFrame_ >= 0 && unfilled > 0) {
+        const std::int64_t blocks =
+            std::clamp<std::int64_t>((block.firstFrame - nextFrame_) / blockFrames, 0, unfilled);
+        piece.resize(piece.size() + static_cast<std::size_t>(blocks) * block.sound.size());
+        filledBlocks_ += blocks;
+    }
+    nextFrame_ = block.firstFrame + blockFrames;
 }
 
 // Many blocks go to the file in one piece: a system call for each would cost more than the sound.
@@ -31,6 +50,7 @@ void Recorder::drain() {
     constexpr std::size_t largest = 64 * 2 * blockFrames;
     TappedBlock block;
     while (tap_->read(block)) {
+        fillGap(block, piece);
         piece.insert(piece.end(), block.sound.begin(), block.sound.end());
         if (piece.size() < largest)
             continue;
@@ -39,10 +59,19 @@ void Recorder::drain() {
     }
     writer_.write(piece);
     frames_ = writer_.frames();
+    reportIfCut();
 }
 
-// The stream's thread cannot wake this one, so it looks at the tap by itself.
+void Recorder::reportIfCut() {
+    if (writer_.error() && whenCut_)
+        std::exchange(whenCut_, nullptr)(writer_.error(), writer_.seconds());
+}
+
+// The stream's thread cannot wake this one, so it looks at the tap by itself. The header and the
+// name are on the disk from the beginning, so that the rest can be read after a power cut.
 void Recorder::run() {
+    syncFile(part_.path());
+    syncFolder(part_.path().parent_path());
     bool ending = false;
     while (!ending) {
         {
@@ -52,6 +81,9 @@ void Recorder::run() {
         }
         drain();
     }
+    writer_.finish();
+    frames_ = writer_.frames();
+    reportIfCut();
 }
 
 } // namespace velorin::host

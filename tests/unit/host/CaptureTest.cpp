@@ -1,67 +1,16 @@
 // Recording: what the file holds, in every format, and what becomes of a failure.
-#include "FullDisk.h"
-#include "MciStage.h"
+#include "CaptureStage.h"
 #include "host/mci/MciErrors.h"
-#include "host/mci/PartFile.h"
-#include "host/mci/Recorder.h"
 #include "host/media/SoundReader.h"
 #include "host/media/WavWriter.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/file.h>
-#include <unistd.h>
 
 namespace velorin::host {
 namespace {
 
-using test::MciStage;
-
-class ARecording : public MciStage {
-protected:
-    // A wave on the left, its half on the right.
-    class Wave final : public SoundSource {
-    public:
-        void mix(SoundBlock& block, std::int64_t firstFrame, const StreamClock&) override {
-            for (int i = 0; i < blockFrames; ++i) {
-                const double phase =
-                    2.0 * M_PI * 441.0 * static_cast<double>(firstFrame + i) / 44100.0;
-                const auto sample = static_cast<float>(0.5 * std::sin(phase));
-                block[static_cast<std::size_t>(2 * i)] += sample;
-                block[static_cast<std::size_t>(2 * i + 1)] += 0.5F * sample;
-            }
-        }
-    };
-
-    ARecording() { engine_.add(std::make_shared<Wave>()); }
-
-    void begin(const std::string& format) {
-        EXPECT_EQ(send("open new type waveaudio alias capture"), 0U);
-        EXPECT_EQ(send("set capture " + format), 0U);
-        EXPECT_EQ(send("record capture"), 0U);
-    }
-
-    static std::string formatOf(int rateHz, int bits, int channels) {
-        const int alignment = bits * channels / 8;
-        return "samplespersec " + std::to_string(rateHz) + " channels " + std::to_string(channels) +
-               " bitspersample " + std::to_string(bits) + " alignment " +
-               std::to_string(alignment) + " bytespersec " + std::to_string(alignment * rateHz);
-    }
-
-    static int sampleAt(const std::string& bytes, std::size_t at) {
-        return static_cast<std::int16_t>(static_cast<unsigned char>(bytes[at]) |
-                                         static_cast<unsigned char>(bytes[at + 1]) << 8);
-    }
-
-    static std::uint32_t numberAt(const std::string& bytes, std::size_t at, int count) {
-        std::uint32_t value = 0;
-        for (int i = 0; i < count; ++i)
-            value |= static_cast<std::uint32_t>(
-                         static_cast<unsigned char>(bytes[at + static_cast<std::size_t>(i)]))
-                     << (8 * i);
-        return value;
-    }
-};
+class ARecording : public test::CaptureStage {};
 
 TEST_F(ARecording, HoldsEverySampleFromTheFirstToTheLast) {
     pull(1000);
@@ -139,18 +88,11 @@ TEST_F(ARecording, RefusesAFormatThatNobodyHas) {
     EXPECT_EQ(send("play capture"), mci::cannotDo);
 }
 
-TEST_F(ARecording, ThatIsNotSavedLeavesNothing) {
-    begin(formatOf(44100, 16, 2));
-    pull(640);
-    EXPECT_EQ(send("stop capture"), 0U);
-    EXPECT_EQ(send("close capture"), 0U);
-    EXPECT_TRUE(std::filesystem::is_empty(folder_));
-}
-
 TEST_F(ARecording, CannotBeSavedTwiceNorWhereNoFolderIs) {
     begin(formatOf(44100, 16, 2));
     pull(640);
     EXPECT_EQ(send("save capture " + at("none/a.wav")), mci::notSaved);
+    EXPECT_EQ(recordings().size(), 1U) << "it is kept under another name";
     EXPECT_EQ(send("close capture"), 0U);
     begin(formatOf(44100, 16, 2));
     EXPECT_EQ(send("save capture"), mci::missingValue);
@@ -167,54 +109,13 @@ TEST_F(ARecording, ReplacesAFileOfThatName) {
     EXPECT_EQ(readBytes("a.wav").size(), 44U + 4 * 64);
 }
 
-TEST_F(ARecording, ThatACrashHasLeftIsClearedAwayByTheNext) {
-    writeBytes(".recording-1-2.part", "of a program that has crashed");
-    writeBytes(".recording-3-4.part", "of another copy, which records");
-    writeBytes("recording-1-2.part", "the user's own");
-    std::filesystem::create_directory(folder_ / ".recording-5-6.part");
-    const int other = open(at(".recording-3-4.part").c_str(), O_RDWR | O_CLOEXEC);
-    ASSERT_EQ(flock(other, LOCK_EX | LOCK_NB), 0);
-    begin(formatOf(44100, 16, 2));
-    EXPECT_FALSE(std::filesystem::exists(folder_ / ".recording-1-2.part"));
-    EXPECT_EQ(readBytes(".recording-3-4.part"), "of another copy, which records");
-    EXPECT_EQ(readBytes("recording-1-2.part"), "the user's own");
-    EXPECT_TRUE(std::filesystem::exists(folder_ / ".recording-5-6.part"));
-    // Another copy begins while this one records.
-    sweepParts(folder_);
-    pull(640);
-    EXPECT_EQ(send("save capture " + at("a.wav")), 0U);
-    EXPECT_EQ(readBytes("a.wav").size(), 44U + 4 * 640);
-    close(other);
-}
-
-TEST_F(ARecording, IsNotSavedWhenTheDiskFillsAndSaysSoOnce) {
-    writeBytes("older.wav", "older");
-    testing::internal::CaptureStderr();
-    {
-        const test::FullDisk disk(100'000);
-        begin(formatOf(44100, 16, 2));
-        pull(44100); // 176,400 bytes
-        EXPECT_EQ(send("stop capture"), 0U);
-        EXPECT_EQ(send("save capture " + at("older.wav")), mci::notSaved);
-        EXPECT_EQ(send("save capture " + at("b.wav")), mci::notSaved);
-        EXPECT_EQ(send("close capture"), 0U);
-    }
-    EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "velorin: the recording is not saved: it could not be written whole; is the disk "
-              "full?\n");
-    EXPECT_EQ(readBytes("older.wav"), "older");
-    std::filesystem::remove(folder_ / "older.wav");
-    EXPECT_TRUE(std::filesystem::is_empty(folder_)) << "the room on the disk is given back";
-    begin(formatOf(44100, 16, 2));
-    pull(44100);
-    EXPECT_EQ(send("save capture " + at("b.wav")), 0U) << "with room again it records again";
-}
-
-TEST(ARecordingOnAFullDisk, IsNotWhole) {
-    Recorder recorder("/dev/full", {44100, 16, 2});
-    for (int i = 0; i < 4000; ++i)
-        recorder.tap()->write({});
-    EXPECT_FALSE(recorder.finish());
+TEST(AWavFile, SaysWhyItTakesNoMore) {
+    const Descriptor file(open("/dev/full", O_WRONLY | O_CLOEXEC));
+    WavWriter writer(file.number(), {44100, 16, 2}, 44100);
+    writer.write(std::vector<float>(1000));
+    writer.finish();
+    EXPECT_EQ(writer.error(), std::errc::no_space_on_device);
+    EXPECT_EQ(writer.frames(), 0);
 }
 
 TEST(AStreamOfSound, ComesBackBitForBitFromAWav) {
@@ -224,9 +125,11 @@ TEST(AStreamOfSound, ComesBackBitForBitFromAWav) {
         stereo.push_back(static_cast<float>(i) / 32768.0F);
         stereo.push_back(static_cast<float>(-i) / 32768.0F);
     }
-    WavWriter writer(path, {44100, 16, 2}, 44100);
+    const Descriptor file(open(path.c_str(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0600));
+    WavWriter writer(file.number(), {44100, 16, 2}, 44100);
     writer.write(stereo);
-    ASSERT_TRUE(writer.finish());
+    writer.finish();
+    ASSERT_FALSE(writer.error());
     const auto reader = openWav(path);
     ASSERT_TRUE(reader);
     std::vector<float> read(stereo.size());

@@ -10,7 +10,7 @@ using test::HandPulled;
 class TheSoundAsAWhole : public test::MciStage {
 protected:
     // Its worker is never released, so it opens no sound card and loads no SoundFont.
-    HostSound sound_{folder_, folder_};
+    HostSound sound_{folder_, {folder_}};
     HandPulled pulled_{sound_.engine()};
 
     void beQuietForTwelveSeconds() {

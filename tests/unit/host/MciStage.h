@@ -5,6 +5,7 @@
 #include "host/HostMci.h"
 #include "host/HostSystemFiles.h"
 #include "host/media/Lame.h"
+#include "support/ScriptedNotices.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -216,6 +217,9 @@ protected:
 
     std::filesystem::path folder_ =
         std::filesystem::temp_directory_path() / ("velorin mci " + std::to_string(::getpid()));
+    /// Where recordings go if they find no place in `folder_`.
+    std::filesystem::path spare_ = folder_ / "spare";
+    scripted::ScriptedNotices notices_;
     SoundEngine engine_;
     HandPulled stream_{engine_};
     PortLog port_;
@@ -228,7 +232,9 @@ protected:
                       openedDevice_ = device;
                       return std::make_unique<LoggedPort>(port_);
                   },
-                  [this] { return outside_; }, [] {}, folder_}};
+                  [this] { return outside_; },
+                  [] {},
+                  {folder_, spare_, &notices_}}};
 };
 
 } // namespace velorin::host::test

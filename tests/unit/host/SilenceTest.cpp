@@ -152,7 +152,9 @@ protected:
                         return std::make_unique<PulledPort>(devices_.openForSequencer(device),
                                                             nowNs_);
                     },
-                    [] { return false; }, [] {}, folder_}};
+                    [] { return false; },
+                    [] {},
+                    {folder_}}};
     platform::Platform platform_{host_.time,    host_.time,       midi_,       files_,
                                  host_.dialogs, host_.boxes,      host_.files, host_.settings,
                                  host_.desktop, host_.menus,      host_.time,  host_.systemFiles,

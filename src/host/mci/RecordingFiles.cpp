@@ -1,0 +1,220 @@
+// Renaming, copying to another disk, and finishing a header from the length of its file.
+#include "host/mci/RecordingFiles.h"
+
+#include "host/Complaint.h"
+#include "host/media/WavHeader.h"
+#include "platform/Notices.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cmath>
+
+namespace velorin::host {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::error_code lastError() {
+    return {errno, std::generic_category()};
+}
+
+bool writeAll(int file, const char* bytes, std::size_t count) {
+    while (count > 0) {
+        const ssize_t written = write(file, bytes, count);
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written <= 0)
+            return false;
+        bytes += written;
+        count -= static_cast<std::size_t>(written);
+    }
+    return true;
+}
+
+std::error_code copyContent(int from, int to) {
+    std::array<char, 1 << 16> piece{};
+    off_t at = 0;
+    while (true) {
+        const ssize_t count = pread(from, piece.data(), piece.size(), at);
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0 ||
+            (count > 0 && !writeAll(to, piece.data(), static_cast<std::size_t>(count))))
+            return lastError();
+        if (count == 0)
+            return {};
+        at += count;
+    }
+}
+
+// Read by its descriptor, so the file need not have its name any more.
+std::error_code copyToPlace(const PartFile& part, const fs::path& target) {
+    std::error_code failed;
+    PartFile aside = PartFile::make(target.parent_path(), failed);
+    if (!aside.isOpen())
+        return failed;
+    failed = copyContent(part.number(), aside.number());
+    if (!failed)
+        failed = replaceDurably(aside.path(), target);
+    std::error_code ignored;
+    if (failed && fs::exists(aside.path(), ignored))
+        aside.remove();
+    return failed;
+}
+
+std::time_t lastChange(const PartFile& part) {
+    struct stat status {};
+    return fstat(part.number(), &status) == 0 ? status.st_mtime : std::time(nullptr);
+}
+
+/// What is there of a recording, in seconds; no value if the file has no header of ours or no
+/// sound. A header that is right already stays.
+std::optional<double> finishHeader(const PartFile& part) {
+    std::array<char, WavHeader::size> bytes{};
+    struct stat status {};
+    if (fstat(part.number(), &status) != 0 ||
+        pread(part.number(), bytes.data(), bytes.size(), 0) != ssize_t{WavHeader::size})
+        return std::nullopt;
+    auto header = WavHeader::read({bytes.data(), bytes.size()});
+    const std::int64_t length = status.st_size - WavHeader::size;
+    if (!header || length <= 0)
+        return std::nullopt;
+    const std::int64_t said = header->dataBytes;
+    if (said == 0 || said + said % 2 != length) {
+        const std::int64_t unit = std::max(header->format.alignment(), 2); // an even length
+        const std::int64_t most = std::min(length, WavHeader::mostDataBytes);
+        header->dataBytes = static_cast<std::uint32_t>(most - most % unit);
+        const std::string right = header->bytes();
+        if (header->dataBytes == 0 ||
+            pwrite(part.number(), right.data(), right.size(), 0) != ssize_t{WavHeader::size} ||
+            ftruncate(part.number(), std::int64_t{WavHeader::size} + header->dataBytes) != 0)
+            return std::nullopt;
+    }
+    return static_cast<double>(header->dataBytes) / header->format.bytesPerSecond();
+}
+
+void finishLeft(PartFile& part, const RecordingFolders& folders) {
+    const std::time_t moment = lastChange(part);
+    const auto seconds = finishHeader(part);
+    if (!seconds) {
+        std::error_code error;
+        if (fs::file_size(part.path(), error) <= WavHeader::size + 1 && !error)
+            part.remove(); // it holds no sound
+        return;
+    }
+    const fs::path hidden = part.path();
+    if (const auto kept = keepRecording(part, folders, moment))
+        tell(folders, "Velorin ended while it recorded. The recording is kept " +
+                          placeText(folders, *kept) + ", " + lengthText(*seconds) + " long.");
+    else
+        tell(folders, "A recording that was cut short cannot be written to " +
+                          quoted(folders.songs) + ". It stays in " + quoted(hidden) +
+                          " and gets its name at a later start.");
+}
+
+} // namespace
+
+void makeSongs(const RecordingFolders& folders) {
+    constexpr unsigned forEverybody = 0777;
+    std::error_code ignored; // shows when a file is made there
+    if (!fs::exists(folders.songs, ignored))
+        makeFolderLasting(folders.songs, forEverybody);
+}
+
+PartFile makePart(const RecordingFolders& folders, std::error_code& error) {
+    makeSongs(folders);
+    PartFile part = PartFile::make(folders.songs, error);
+    if (part.isOpen() || folders.spare.empty())
+        return part;
+    constexpr unsigned forTheUser = 0700;
+    makeFolderLasting(folders.spare, forTheUser);
+    std::error_code ignored; // "Songs" is what the user should mend
+    return PartFile::make(folders.spare, ignored);
+}
+
+std::error_code placeRecording(PartFile& part, const fs::path& target) {
+    std::error_code failed = replaceDurably(part.path(), target);
+    if (!failed || part.isAt(target)) {
+        part = PartFile();
+        return {};
+    }
+    failed = copyToPlace(part, target);
+    if (!failed)
+        part.remove();
+    return failed;
+}
+
+std::optional<fs::path> keepRecording(PartFile& part, const RecordingFolders& folders,
+                                      std::time_t moment) {
+    constexpr int mostOfOneMoment = 100;
+    makeSongs(folders);
+    for (const fs::path& folder : {folders.songs, part.path().parent_path()}) {
+        std::error_code error;
+        for (int count = 1; count <= mostOfOneMoment; ++count) {
+            const fs::path target = folder / recordingName(moment, count);
+            if (fs::exists(target, error))
+                continue;
+            if (!placeRecording(part, target))
+                return target;
+            break;
+        }
+    }
+    return std::nullopt;
+}
+
+std::string recordingName(std::time_t moment, int count) {
+    std::tm parts{};
+    localtime_r(&moment, &parts);
+    char name[64];
+    const std::size_t length =
+        std::strftime(name, sizeof name, "recording %Y-%m-%d %H-%M-%S", &parts);
+    std::string whole(name, length);
+    if (count > 1)
+        whole += " (" + std::to_string(count) + ")";
+    return whole + ".wav";
+}
+
+void finishLeftRecordings(const RecordingFolders& folders) {
+    for (const fs::path& folder : {folders.songs, folders.spare}) {
+        for (PartFile& part : PartFile::left(folder))
+            finishLeft(part, folders);
+    }
+}
+
+std::string lengthText(double seconds) {
+    constexpr int secondsOfMinute = 60;
+    constexpr int secondsOfHour = 3600;
+    const auto whole = static_cast<std::int64_t>(seconds);
+    const std::int64_t minutes = whole / secondsOfMinute;
+    if (whole >= secondsOfHour)
+        return std::to_string(whole / secondsOfHour) + " h " +
+               std::to_string(minutes % secondsOfMinute) + " min";
+    if (minutes > 0)
+        return std::to_string(minutes) + " min " + std::to_string(whole % secondsOfMinute) + " s";
+    const auto tenths = static_cast<std::int64_t>(seconds * 10.0);
+    return std::to_string(tenths / 10) + "." + std::to_string(tenths % 10) + " s";
+}
+
+std::string placeText(const RecordingFolders& folders, const fs::path& file) {
+    if (file.parent_path() != folders.songs)
+        return "as " + quoted(file);
+    return "in " + quoted(folders.songs.filename()) + " as " + quoted(file.filename());
+}
+
+std::string quoted(const fs::path& path) {
+    std::string text = "\"";
+    text += path.string();
+    text += '"';
+    return text;
+}
+
+void tell(const RecordingFolders& folders, const std::string& text) {
+    Complaint(folders.notices).say(text);
+}
+
+} // namespace velorin::host

@@ -1,0 +1,57 @@
+// Little-endian numbers between four-letter words.
+#include "host/media/WavHeader.h"
+
+namespace velorin::host {
+
+namespace {
+
+void append(std::string& bytes, std::uint32_t number, int count) {
+    for (int i = 0; i < count; ++i)
+        bytes += static_cast<char>(number >> (8 * i));
+}
+
+std::uint32_t numberAt(std::string_view bytes, std::size_t at, std::size_t count) {
+    std::uint32_t number = 0;
+    for (std::size_t i = 0; i < count; ++i)
+        number |= static_cast<std::uint32_t>(static_cast<unsigned char>(bytes[at + i])) << (8 * i);
+    return number;
+}
+
+bool isKnown(const WavFormat& format) {
+    return format.rateHz > 0 && (format.bits == 8 || format.bits == 16) &&
+           (format.channels == 1 || format.channels == 2);
+}
+
+} // namespace
+
+std::string WavHeader::bytes() const {
+    std::string header = "RIFF";
+    append(header, dataBytes + size - 8, 4);
+    header += "WAVEfmt ";
+    append(header, 16, 4);
+    append(header, 1, 2); // plain samples
+    append(header, static_cast<std::uint32_t>(format.channels), 2);
+    append(header, static_cast<std::uint32_t>(format.rateHz), 4);
+    append(header, static_cast<std::uint32_t>(format.bytesPerSecond()), 4);
+    append(header, static_cast<std::uint32_t>(format.alignment()), 2);
+    append(header, static_cast<std::uint32_t>(format.bits), 2);
+    header += "data";
+    append(header, dataBytes, 4);
+    return header;
+}
+
+// Reading three numbers and writing all again compares the rest.
+std::optional<WavHeader> WavHeader::read(std::string_view bytes) {
+    if (bytes.size() < size)
+        return std::nullopt;
+    WavHeader header;
+    header.format.channels = static_cast<int>(numberAt(bytes, 22, 2));
+    header.format.rateHz = static_cast<int>(numberAt(bytes, 24, 4));
+    header.format.bits = static_cast<int>(numberAt(bytes, 34, 2));
+    header.dataBytes = numberAt(bytes, 40, 4);
+    if (!isKnown(header.format) || header.bytes() != bytes.substr(0, size))
+        return std::nullopt;
+    return header;
+}
+
+} // namespace velorin::host
