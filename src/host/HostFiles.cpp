@@ -2,6 +2,7 @@
 #include "host/HostFiles.h"
 
 #include "host/Complaint.h"
+#include "host/DurableFile.h"
 #include "host/FileReplacement.h"
 #include "platform/CaseBlind.h"
 
@@ -144,6 +145,11 @@ bool HostFiles::remove(const std::string& name) {
 bool HostFiles::createFolder(const std::string& name) {
     std::error_code error;
     return fs::create_directory(platform::resolve(name), error) && !error;
+}
+
+bool HostFiles::sync(const std::string& name) {
+    const fs::path path = platform::resolve(name);
+    return syncFile(path) && syncFolder(path.parent_path());
 }
 
 } // namespace velorin::host

@@ -20,6 +20,7 @@ public:
 
     bool remove(const std::string& name) override; ///< no folder, no write-protected file
     bool createFolder(const std::string& name) override;
+    bool sync(const std::string& name) override;
 };
 
 } // namespace velorin::host

@@ -46,6 +46,10 @@ public:
     // These return whether they did what they say.
     virtual bool remove(const std::string& name) = 0;       ///< found as for reading
     virtual bool createFolder(const std::string& name) = 0; ///< false also if it was there
+
+    /// On return the file's bytes and its name are on the disk, if it is closed. False if there is
+    /// no such file or the disk has refused some of it.
+    [[nodiscard]] virtual bool sync(const std::string& name) = 0;
 };
 
 } // namespace platform

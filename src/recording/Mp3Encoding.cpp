@@ -5,6 +5,7 @@
 #include "platform/Encoder.h"
 #include "platform/Files.h"
 #include "platform/MessageLoop.h"
+#include "platform/Notices.h"
 #include "platform/SystemFiles.h"
 #include "platform/Text.h"
 #include "playback/Progress.h"
@@ -18,6 +19,7 @@
 
 #include <array>
 #include <istream>
+#include <ostream>
 #include <vector>
 
 namespace velorin {
@@ -54,6 +56,18 @@ struct Mp3Encoding::Job {
     std::vector<std::uint8_t> output;
     std::int64_t done = 0;  ///< bytes
     std::int64_t total = 0; ///< bytes, the header's among them
+    std::int64_t read = 0;  ///< bytes that the file has given
+    bool isOpen = false;    ///< the WAV
+    bool isWritten = true;  ///< every byte so far
+
+    void readBytes(void* bytes, std::uint32_t count) {
+        in.ReadBytes(bytes, count);
+        read += in.transferred();
+    }
+    void writeOutput(std::uint32_t bytes) {
+        if (bytes > 0 && out.WriteBytes(output.data(), bytes) != flagSet)
+            isWritten = false;
+    }
 };
 
 void Mp3Encoding::Command20_Click() {
@@ -82,8 +96,9 @@ void Mp3Encoding::Command20_Click() {
     if (studio_.platform.loop.isEnding())
         return;
     desk_.setText(RecordText::Text6, ChangeExtension(desk_.text(RecordText::Text6), "mp3"));
-    // Also when the encoding was stopped, or failed.
-    if (desk_.isChecked(RecordCheck::Check3) && FileExists(studio_.platform, run.WavFileName))
+    // Also when the encoding was stopped. The file in hand may be another one by now.
+    if (desk_.isChecked(RecordCheck::Check3) && isWhole_ && run.WavFileName == encoded_ &&
+        FileExists(studio_.platform, run.WavFileName))
         p_DestroyFile(studio_.platform, run.WavFileName);
     desk_.setCaption(RecordCaption::Label8, "");
     desk_.setCaption(RecordCaption::Status, "");
@@ -110,7 +125,9 @@ void Mp3Encoding::refuse(BoxIcon icon, const char* title, const char* text) {
 }
 
 void Mp3Encoding::EncodeWavFile() {
-    commands_.changeToProgramFolder();
+    isWhole_ = false;
+    if (!commands_.changeToProgramFolder())
+        return showError("Path not found");
     if (!FileExists(studio_.platform, desk_.text(RecordText::Text6))) {
         studio_.platform.boxes.MsgBox(BoxIcon::critical, criticalError, "File not found...");
         return;
@@ -147,26 +164,59 @@ void Mp3Encoding::encode(const EncoderChoice& choice) {
     platform::EncoderStream stream = 0;
     const auto begun = encoder.beInitStream(encoderConfig(choice), samples, outputSize, stream);
     if (begun != 0)
-        return showError(begun);
+        return showError(encoderErrorText(begun));
     const std::string name = platform::trimBlanks(desk_.text(RecordText::Text6));
     desk_.setText(RecordText::Text6, name);
     Job job(studio_.platform, samples, outputSize);
     job.stream = stream;
     job.total = lengthOf(studio_.platform, name);
-    job.in.OpenFile(name);
-    job.out.OpenFile(ChangeExtension(name, "mp3"));
+    encoded_ = name;
+    job.isOpen = job.in.OpenFile(name) == flagSet;
+    const std::string mp3 = ChangeExtension(name, "mp3");
+    studio_.platform.files.openForBinary(mp3).reset(); // or one of another case would be taken
+    job.isWritten = job.out.OpenFile(mp3) == flagSet;
     const auto ended = encodeChunks(job);
-    if (ended && *ended != 0)
-        return showError(*ended);
+    if (ended && *ended != 0) {
+        showError(encoderErrorText(*ended));
+        return reportNotWhole("the encoder has failed", "encode it with other settings");
+    }
+    std::uint32_t flushed = 0;
     if (ended) {
         std::uint32_t bytes = 0;
-        encoder.beDeinitStream(job.stream, job.output.data(), bytes);
-        if (bytes > 0)
-            job.out.WriteBytes(job.output.data(), bytes);
+        flushed = encoder.beDeinitStream(job.stream, job.output.data(), bytes);
+        job.writeOutput(bytes);
     }
     job.out.CloseFile();
     job.in.CloseFile();
     encoder.beCloseStream(job.stream);
+    if (!ended)
+        return reportNotWhole("the program ended while it encoded", "encode it again");
+    finish(job, flushed);
+}
+
+// The WAV may be deleted once its MP3 outlasts a power cut.
+void Mp3Encoding::finish(const Job& job, std::uint32_t flushed) {
+    const bool isStopped = studio_.run.EncodeCancelled == flagSet;
+    if (!job.isWritten || !studio_.platform.files.sync(job.out.name()))
+        return reportNotWhole("it could not be written; the disk may be full",
+                              "make room and encode it again");
+    if (!job.isOpen || (!isStopped && job.read < job.total))
+        return reportNotWhole("the WAV could not be read", "encode it again");
+    if (flushed != 0)
+        return reportNotWhole("the encoder has failed", "encode it with other settings");
+    isWhole_ = true;
+}
+
+void Mp3Encoding::reportNotWhole(const char* reason, const char* advice) {
+    const std::string name = ChangeExtension(encoded_, "mp3");
+    std::string text = "\"";
+    text.append(name, name.find_last_of("/\\") + 1)
+        .append("\" is not whole: ")
+        .append(reason)
+        .append(". The WAV is kept: ")
+        .append(advice)
+        .append(".");
+    platform::notify(studio_.platform, text);
 }
 
 // The header's bytes count as done only once they have been read a second time, so to say: the last
@@ -174,7 +224,7 @@ void Mp3Encoding::encode(const EncoderChoice& choice) {
 // place. An MP3 ends with up to 22 samples of repeated sound.
 std::optional<std::uint32_t> Mp3Encoding::encodeChunks(Job& job) {
     std::array<char, wavHeaderSize> header{};
-    job.in.ReadBytes(header.data(), wavHeaderSize);
+    job.readBytes(header.data(), wavHeaderSize);
     while (job.done < job.total) {
         const auto result = encodeChunk(job);
         if (!result || *result != 0)
@@ -192,7 +242,7 @@ std::optional<std::uint32_t> Mp3Encoding::encodeChunk(Job& job) {
     platform::Encoder& encoder = studio_.platform.encoder;
     const std::int64_t full = job.samples * bytesPerSample;
     const std::int64_t chunk = job.done + full < job.total ? full : job.total - job.done;
-    job.in.ReadBytes(job.input.data(), static_cast<std::uint32_t>(chunk));
+    job.readBytes(job.input.data(), static_cast<std::uint32_t>(chunk));
     job.done += chunk;
     const auto count =
         static_cast<std::uint32_t>(platform::roundHalfEven(static_cast<double>(chunk) / 2.0));
@@ -203,14 +253,13 @@ std::optional<std::uint32_t> Mp3Encoding::encodeChunk(Job& job) {
         encoder.beCloseStream(job.stream);
         return result;
     }
-    if (bytes > 0)
-        job.out.WriteBytes(job.output.data(), bytes);
+    job.writeOutput(bytes);
     desk_.setCaption(RecordCaption::Status, exactPercent(job.done, job.total));
     return 0;
 }
 
-void Mp3Encoding::showError(std::uint32_t code) {
-    studio_.platform.boxes.MsgBox(BoxIcon::critical, "Encoding error...", encoderErrorText(code));
+void Mp3Encoding::showError(const std::string& text) {
+    studio_.platform.boxes.MsgBox(BoxIcon::critical, "Encoding error...", text);
 }
 
 std::string ChangeExtension(const std::string& name, const std::string& extension) {

@@ -39,11 +39,15 @@ private:
     /// The result that ended the loop, 0 for none; no value if the program ends.
     [[nodiscard]] std::optional<std::uint32_t> encodeChunks(Job& job);
     [[nodiscard]] std::optional<std::uint32_t> encodeChunk(Job& job);
-    void showError(std::uint32_t code);
+    void finish(const Job& job, std::uint32_t flushed);
+    void reportNotWhole(const char* reason, const char* advice);
+    void showError(const std::string& text);
 
     Studio& studio_;
     RecordDesk& desk_;
     RecordCommands& commands_;
+    std::string encoded_;  ///< the WAV of the last encoding
+    bool isWhole_ = false; ///< its MP3, or as much as a stop by the user left, is on the disk
 };
 
 /// The name up to and including its last point, then `extension`; a name without one is only that.

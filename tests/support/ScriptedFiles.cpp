@@ -115,6 +115,12 @@ bool ScriptedFiles::createFolder(const std::string& name) {
     return mayWrite(path) && fs::create_directory(path, error);
 }
 
+bool ScriptedFiles::sync(const std::string& name) {
+    const fs::path path = platform::resolve(name);
+    std::error_code error;
+    return !syncFails && mayWrite(path) && fs::exists(path, error);
+}
+
 void ScriptedFiles::makeReadOnly(const std::string& name) {
     readOnly_.push_back(platform::resolve(name).lexically_normal());
 }

@@ -34,6 +34,8 @@ public:
     bool canRead(const std::string& name) override;
     bool remove(const std::string& name) override;
     bool createFolder(const std::string& name) override;
+    bool sync(const std::string& name) override; ///< false for what cannot be written
+    bool syncFails = false;
 
     /// From now on this file, or whatever lies in this folder, cannot be written, renamed or
     /// deleted, and nothing new comes into the folder.

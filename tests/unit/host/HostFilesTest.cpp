@@ -43,6 +43,12 @@ protected:
 
 } // namespace
 
+TEST_F(HostFilesTest, SyncReachesTheFileThatIsThere) {
+    put("a.mp3", "sound");
+    EXPECT_TRUE(files.sync(at("a.mp3")));
+    EXPECT_FALSE(files.sync(at("b.mp3")));
+}
+
 TEST_F(HostFilesTest, FileIsFoundUnderANameThatDiffersInCase) {
     put("Mein Lied \xC3\x84.SNG", "x");
     EXPECT_EQ(content("mein lied \xC3\xA4.sng"), "x");

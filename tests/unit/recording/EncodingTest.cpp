@@ -154,6 +154,84 @@ TEST_F(Encoding, DeletesTheWavIfItsBoxSaysSo) {
     EXPECT_EQ(host.time.now(), scripted::nanosecondsPerSecond / 5);
 }
 
+TEST_F(Encoding, KeepsTheWavUntilItsMp3IsWholeOnTheDisk) {
+    desk.checks[RecordCheck::Check3] = true;
+    takeWav(std::string(60, 'x'));
+    host.files.makeReadOnly(inFolder("a.mp3"));
+    encoding.Command20_Click();
+    EXPECT_TRUE(host.files.canRead(inFolder("a.wav")));
+    EXPECT_EQ(notices(), Lines{"\"a.mp3\" is not whole: it could not be written; the disk may be "
+                               "full. The WAV is kept: make room and encode it again."});
+    EXPECT_EQ(desk.captions[RecordCaption::Command20], "Encode File");
+}
+
+TEST_F(Encoding, KeepsAWavWhoseMp3TheDiskRefusesInTheEnd) {
+    desk.checks[RecordCheck::Check3] = true;
+    takeWav(std::string(60, 'x'));
+    host.files.syncFails = true;
+    encoding.Command20_Click();
+    EXPECT_TRUE(host.files.canRead(inFolder("a.wav")));
+    EXPECT_EQ(notices().size(), 1U);
+}
+
+TEST_F(Encoding, KeepsAWavThatCouldNotBeRead) {
+    desk.checks[RecordCheck::Check3] = true;
+    takeWav(std::string(60, 'x'));
+    host.files.makeReadOnly(inFolder("a.wav")); // it is opened for both
+    encoding.Command20_Click();
+    EXPECT_TRUE(host.files.canRead(inFolder("a.wav")));
+    EXPECT_EQ(notices(),
+              Lines{"\"a.mp3\" is not whole: the WAV could not be read. The WAV is kept: "
+                    "encode it again."});
+}
+
+TEST_F(Encoding, KeepsAWavThatTheEncoderFailsOn) {
+    desk.checks[RecordCheck::Check3] = true;
+    takeWav(std::string(60, 'x'));
+    for (const char* call : {"init", "chunk", "flush"}) {
+        host.encoder.failures = {{call, 5}};
+        encoding.Command20_Click();
+        EXPECT_TRUE(host.files.canRead(inFolder("a.wav"))) << call;
+    }
+    EXPECT_EQ(notices().size(), 2U) << "a begin that fails makes no MP3, and has its box";
+}
+
+TEST_F(Encoding, LeavesAnMp3WhoseNameDiffersInCase) {
+    write("A.MP3", "another song");
+    takeWav(std::string(60, 'x'));
+    encoding.Command20_Click();
+    EXPECT_EQ(read("A.MP3"), "another song");
+    EXPECT_FALSE(read("a.mp3").empty());
+}
+
+TEST_F(Encoding, KeepsTheFileThatWasChosenMeanwhile) {
+    desk.checks[RecordCheck::Check3] = true;
+    takeWav(std::string(60, 'x'));
+    const std::string other = write("other.wav", "the user's own");
+    in(0.0, [this, &other] { in(0.0, [this, &other] { studio.run.WavFileName = other; }); });
+    encoding.Command20_Click();
+    EXPECT_EQ(read("other.wav"), "the user's own");
+    EXPECT_TRUE(host.files.canRead(inFolder("a.wav")));
+}
+
+TEST_F(Encoding, IsAnErrorWithoutTheProgramsFolder) {
+    desk.checks[RecordCheck::Check3] = true;
+    takeWav(std::string(60, 'x'));
+    commands.folderIsThere = false;
+    encoding.Command20_Click();
+    EXPECT_EQ(boxes(), Lines{"critical;Encoding error...;Path not found"});
+    EXPECT_TRUE(host.files.canRead(inFolder("a.wav")));
+}
+
+TEST_F(Encoding, ThatTheProgramsEndCutsShortIsTold) {
+    takeWav(std::string(60, 'x'));
+    in(0.0, [this] { in(0.0, [this] { host.time.end(); }); });
+    encoding.Command20_Click();
+    EXPECT_EQ(notices(),
+              Lines{"\"a.mp3\" is not whole: the program ended while it encoded. The WAV "
+                    "is kept: encode it again."});
+}
+
 TEST_F(Encoding, TellsOfAFailedBegin) {
     takeWav(std::string(60, 'x'));
     host.encoder.failures["init"] = 2;

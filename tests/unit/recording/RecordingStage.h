@@ -127,6 +127,13 @@ struct RecordingStage {
     /// The command strings since the last call, with their times.
     Lines sent() { return std::exchange(host.mci.log, {}); }
     Lines boxes() { return std::exchange(host.boxes.log, {}); }
+    /// The texts of the notices since the last call.
+    Lines notices() {
+        Lines texts;
+        while (const auto notice = host.notices.take())
+            texts.push_back(notice->text);
+        return texts;
+    }
     void in(double seconds, std::function<void()> run) {
         host.time.plan(static_cast<scripted::Nanoseconds>(seconds * 1e9), std::move(run));
     }
