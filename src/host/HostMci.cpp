@@ -9,6 +9,7 @@
 #include "host/mci/SoundFilePlayer.h"
 #include "host/media/MidiFile.h"
 #include "platform/CaseBlind.h"
+#include "platform/Text.h"
 
 #include <algorithm>
 #include <array>
@@ -92,11 +93,18 @@ std::uint32_t HostMci::open(const std::string& text) {
     else if (wanted.type == "mpegvideo")
         opened = openFile(wanted.type, fileOf(wanted.file));
     else
-        opened = openFile(wanted.type, platform::resolve(wanted.file));
+        opened = openFile(wanted.type, fileNamed(wanted.file));
     if (!opened.device)
         return opened.code;
     devices_[alias] = std::move(opened.device);
     return mci::success;
+}
+
+fs::path HostMci::fileNamed(const std::string& name) const {
+    std::error_code failed;
+    const fs::path chosen = platform::resolve(spelling_);
+    const bool isChosen = platform::lowerCase(spelling_) == platform::lowerCase(name);
+    return isChosen && fs::exists(chosen, failed) ? chosen : platform::resolve(name);
 }
 
 HostMci::Opened HostMci::openFile(const std::string& type, const fs::path& file) {

@@ -48,6 +48,7 @@ public:
 
     std::uint32_t mciSendStringA(const std::string& command, std::string* reply) override;
     void setSequencerDevice(int device) override { sequencerDevice_ = device; }
+    void noteSpelling(const std::string& name) override { spelling_ = name; }
     std::string mciGetErrorStringA(std::uint32_t code) override;
 
     /// Whether a device plays or records, be it silence.
@@ -60,6 +61,7 @@ private:
     };
 
     std::uint32_t open(const std::string& text);
+    [[nodiscard]] std::filesystem::path fileNamed(const std::string& name) const;
     [[nodiscard]] Opened openCapture();
     [[nodiscard]] Opened openSequencer(const std::filesystem::path& file);
     [[nodiscard]] Opened openSound(const std::filesystem::path& file, bool isMp3);
@@ -69,6 +71,7 @@ private:
     MciSurroundings surroundings_;
     FadingStreams fading_;
     int sequencerDevice_ = platform::MidiOut::mapper;
+    std::string spelling_; ///< of the file that the user chose last
     std::map<std::string, std::unique_ptr<MciDevice>> devices_; ///< by alias, in lower case
 };
 

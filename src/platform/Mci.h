@@ -19,6 +19,10 @@ public:
     /// from now on. Where nobody says, it is the mapper's.
     virtual void setSequencerDevice(int) {}
 
+    /// A file that the user has chosen, as it is spelled (UTF-8): a name in a command that differs
+    /// from it in case only means this file.
+    virtual void noteSpelling(const std::string&) {}
+
     /// The text of an error code, UTF-8; empty for a code that is not known.
     [[nodiscard]] virtual std::string mciGetErrorStringA(std::uint32_t code) = 0;
 };

@@ -110,6 +110,7 @@ void FilePlayer::play(const std::string& name) {
     } else if (name.ends_with(".wav")) {
         send("stop sound");
         send("close sound");
+        noteSpelling();
         send("open waveaudio!" + name + " alias sound");
         send("play sound");
     } else if (name.ends_with(".mp3")) {
@@ -231,6 +232,7 @@ void FilePlayer::RunMidiFile() {
         send("stop midi");
         send("close midi");
         studio_.platform.mci.setSequencerDevice(studio_.setup.Combo2() - 1);
+        noteSpelling();
         send("open sequencer!" + name + " alias midi");
         send("play midi");
     }
@@ -282,6 +284,11 @@ void FilePlayer::midipos() {
 void FilePlayer::clearProgress() {
     desk_.setCaption(RecordCaption::Status, "");
     desk_.emptyL2();
+}
+
+// The commands have the name in small letters, and beside it there may be a file of that name.
+void FilePlayer::noteSpelling() {
+    studio_.platform.mci.noteSpelling(platform::trimBlanks(desk_.text(RecordText::Text6)));
 }
 
 void FilePlayer::send(const std::string& command) {

@@ -65,6 +65,7 @@ private:
     void runWavLoops(WavLoops& loops);
     void pollMidi();
     void clearProgress();
+    void noteSpelling();
     void send(const std::string& command);
     [[nodiscard]] double ask(const char* question);
 

@@ -17,10 +17,13 @@ public:
     /// "error 263" for code 263.
     std::string mciGetErrorStringA(std::uint32_t code) override;
 
+    void noteSpelling(const std::string& name) override { spelling = name; }
+
     /// From now on a command that begins with `prefix` (case does not count) is answered so. The
     /// newest reply that matches counts; with none the answer is 0 and an empty text.
     void reply(const std::string& prefix, std::uint32_t code, const std::string& text);
 
+    std::string spelling;         ///< of the file that was chosen last
     std::vector<std::string> log; ///< "0.120 open \"a.mid\" type sequencer alias midi"
 
 private:

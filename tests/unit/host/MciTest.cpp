@@ -96,6 +96,22 @@ TEST_F(TheFileDevices, StopAWavInTheMiddle) {
     EXPECT_LT(std::stoi(ask("status sound position")), 1000) << "it did not play to its end";
 }
 
+TEST_F(TheFileDevices, PlayTheFileThatWasChosenOfTwoWhoseNamesDifferInCase) {
+    writeWav("Tune.wav", 44100, 2, ramp(44100));
+    writeWav("tune.wav", 44100, 2, ramp(22050));
+    mci_.noteSpelling(at("Tune.wav"));
+    EXPECT_EQ(send("open waveaudio!" + at("tune.wav") + " alias sound"), 0U);
+    EXPECT_EQ(ask("status sound length"), "1000");
+    EXPECT_EQ(send("close sound"), 0U);
+    mci_.noteSpelling(at("tune.wav"));
+    EXPECT_EQ(send("open waveaudio!" + at("tune.wav") + " alias sound"), 0U);
+    EXPECT_EQ(ask("status sound length"), "500");
+    EXPECT_EQ(send("close sound"), 0U);
+    mci_.noteSpelling(at("other.wav"));
+    EXPECT_EQ(send("open waveaudio!" + at("TUNE.wav") + " alias sound"), 0U) << "any of the two";
+    EXPECT_EQ(send("close sound"), 0U);
+}
+
 TEST_F(TheFileDevices, PlayTheVerySamplesOfAWav) {
     const auto samples = ramp(3000);
     writeWav("a.wav", 44100, 2, samples);

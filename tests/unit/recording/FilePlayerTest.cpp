@@ -65,6 +65,20 @@ TEST_F(Player, PlaysAWavToItsEnd) {
     EXPECT_EQ(studio.run.SoundFinished, flagSet);
 }
 
+TEST_F(Player, TellsTheDevicesHowTheChosenFileIsSpelled) {
+    desk.texts[RecordText::Text6] = inFolder("Tune.wav") + " ";
+    in(0.05, [this] { host.time.end(); });
+    player.Cmd2_Click(1);
+    EXPECT_EQ(host.mci.spelling, inFolder("Tune.wav"));
+}
+
+TEST_F(Player, TellsTheSpellingOfAMidFileToo) {
+    desk.texts[RecordText::Text6] = write("Tune.mid", "MThd");
+    in(0.05, [this] { host.time.end(); });
+    player.Cmd2_Click(1);
+    EXPECT_EQ(host.mci.spelling, inFolder("Tune.mid"));
+}
+
 TEST_F(Player, MovesTheBarWithTheSound) {
     host.mci.reply("status sound length", 0, "800");
     host.mci.reply("status sound position", 0, "200");
