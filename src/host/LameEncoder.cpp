@@ -99,15 +99,14 @@ LameEncoder::LameEncoder(std::filesystem::path programFolder)
 
 LameEncoder::~LameEncoder() = default;
 
-// The program's folder may be another than the one that its file lies in, which is looked into too.
+// A library runs with all that the program may do, so a folder that music is written to is no place
+// for one: `path` says only whether the program's own place is meant or the system's.
 bool LameEncoder::isPresent(const std::string& path) {
     const std::filesystem::path folder = platform::resolve(path).parent_path();
     const std::string name = platform::lowerCase(folder.filename().string());
-    std::shared_ptr<const Lame> found;
-    if (name == "system32" || name == "system")
-        found = Lame::load(Lame::fileName);
-    else if (!(found = Lame::load(folder / Lame::fileName)))
-        found = Lame::load(programFolder_ / Lame::fileName);
+    const bool isSystems = name == "system32" || name == "system";
+    auto found =
+        isSystems ? Lame::load(Lame::fileName) : Lame::load(programFolder_ / Lame::fileName);
     if (!found)
         return false;
     library_ = std::move(found);

@@ -14,7 +14,7 @@ struct Lame;
 /// Knows the LAME form of the record and constant bitrates. Several encodings may run side by side.
 class LameEncoder final : public platform::Encoder {
 public:
-    /// `programFolder`: where a library that lies beside the program would be.
+    /// `programFolder`: the folder of the program's file, where a library beside it would be.
     explicit LameEncoder(std::filesystem::path programFolder);
     ~LameEncoder() override;
     LameEncoder(const LameEncoder&) = delete;

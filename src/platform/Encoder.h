@@ -27,8 +27,8 @@ public:
 
     /// Whether the library is there under this name ("<folder>\lame_enc.dll"). The host looks for
     /// its own form of the library: in the system's places if the folder is called "System32" or
-    /// "System", and in that folder and beside the program for any other. The calls below use the
-    /// one found last.
+    /// "System", and beside the program's own file for any other. The calls below use the one found
+    /// last.
     [[nodiscard]] virtual bool isPresent(const std::string& path) = 0;
 
     /// Begins an encoding. Gives the samples (16 bit, over all channels) that a chunk should have,

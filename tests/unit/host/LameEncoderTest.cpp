@@ -191,6 +191,28 @@ TEST(AnEncoding, KeepsTheLibrarysErrorsDetailsAndMessagesFromStandardError) {
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
+// A library that runs code when it is loaded would do so with all that the program may do.
+TEST(ABoundEncoder, IsNotLoadedFromTheFolderOfTheMusic) {
+    const fs::path folder = fs::path(testing::TempDir()) / "velorin-music";
+    fs::create_directories(folder);
+    std::error_code error;
+    fs::path systems;
+    for (const char* place :
+         {"/usr/lib/x86_64-linux-gnu", "/usr/lib/aarch64-linux-gnu", "/usr/lib", "/usr/lib64"}) {
+        if (fs::exists(fs::path(place) / Lame::fileName, error))
+            systems = fs::path(place) / Lame::fileName;
+    }
+    if (systems.empty())
+        GTEST_SKIP() << "no MP3 encoder (libmp3lame0)";
+    fs::remove(folder / Lame::fileName, error);
+    fs::create_symlink(systems, folder / Lame::fileName);
+    LameEncoder elsewhere("/nowhere");
+    EXPECT_FALSE(elsewhere.isPresent((folder / "lame_enc.dll").string()));
+    LameEncoder beside(folder);
+    EXPECT_TRUE(beside.isPresent("/any\\lame_enc.dll")) << "beside the program's file";
+    fs::remove_all(folder);
+}
+
 TEST(AnMp3Reader, TellsTheLengthOfAFileWithoutATag) {
     EXPECT_FALSE(openMp3("/nowhere.mp3"));
     EXPECT_FALSE(openMp3(testing::TempDir()));
