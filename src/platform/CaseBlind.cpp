@@ -90,4 +90,9 @@ fs::path resolveForWriting(const std::string& name) {
     return resolve(name.substr(0, std::max<std::size_t>(end, 1))) / name.substr(end + 1);
 }
 
+std::string shownPath(std::string name) {
+    std::replace(name.begin(), name.end(), '\\', '/');
+    return name;
+}
+
 } // namespace platform

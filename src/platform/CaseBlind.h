@@ -19,4 +19,8 @@ namespace platform {
 /// so that no other file is replaced by it.
 [[nodiscard]] std::filesystem::path resolveForWriting(const std::string& name);
 
+/// What the program itself adds to a folder's name ("\\Songs"), with the host's separator for each
+/// '\\': so the user sees it, and can paste it elsewhere.
+[[nodiscard]] std::string shownPath(std::string name);
+
 } // namespace platform

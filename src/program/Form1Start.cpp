@@ -1,4 +1,5 @@
 // The main window's start and end: what is read, set and sent, in the one order, and what is saved.
+#include "platform/CaseBlind.h"
 #include "platform/Desktop.h"
 #include "platform/Files.h"
 #include "platform/MessageLoop.h"
@@ -50,7 +51,7 @@ void Form1::Form_Load() {
     run.LoadingMain = flagSet;
     readPlace();
     readViewSettings();
-    run.SongsFolder = studio_.platform.programFolder + "\\Songs";
+    run.SongsFolder = studio_.platform.programFolder + platform::shownPath("\\Songs");
     studio_.platform.files.createFolder(run.SongsFolder);
     sounding.SoundRow = 0;
     sounding.Velocity = 127;

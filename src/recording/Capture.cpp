@@ -1,6 +1,7 @@
 // The steps of a recording, in the order in which the device is told of them.
 #include "recording/Capture.h"
 
+#include "platform/CaseBlind.h"
 #include "platform/Desktop.h"
 #include "platform/Dialogs.h"
 #include "platform/Mci.h"
@@ -74,8 +75,8 @@ void Capture::StartTrackRecording() {
 // A name that was drawn before is used again, and its file replaced.
 void Capture::nameFiles() {
     const double drawn = std::floor(studio_.platform.desktop.Rnd() * 99999.0 + 1.0);
-    const std::string name =
-        studio_.run.SongsFolder + "\\" + std::to_string(static_cast<int>(drawn)) + "tmp";
+    const std::string name = studio_.run.SongsFolder + platform::shownPath("\\") +
+                             std::to_string(static_cast<int>(drawn)) + "tmp";
     studio_.run.WavFileName = name + ".wav";
     desk_.setText(RecordText::InputPath, studio_.run.WavFileName);
     desk_.setText(RecordText::OutPutPath, name + ".mp3");

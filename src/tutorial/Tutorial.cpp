@@ -1,6 +1,7 @@
 // What happens when a step of a lesson is clicked.
 #include "tutorial/Tutorial.h"
 
+#include "platform/CaseBlind.h"
 #include "platform/MessageLoop.h"
 #include "score/FileHelpers.h"
 #include "score/Studio.h"
@@ -121,7 +122,7 @@ void Tutorial::openSample(const char* sample) {
 }
 
 std::string Tutorial::sampleName(const char* sample) const {
-    return studio_.platform.programFolder + sample;
+    return studio_.platform.programFolder + platform::shownPath(sample);
 }
 
 bool Tutorial::isEnding() const {

@@ -106,3 +106,7 @@ TEST_F(CaseBlindTest, FileWithABackslashInItsNameIsWrittenWhereItIs) {
     make("c/x.sng");
     EXPECT_EQ(toWrite("c\\d.sng"), "c/d.sng");
 }
+
+TEST(AShownPath, HasOneKindOfSeparator) {
+    EXPECT_EQ(platform::shownPath("\\media\\104.sng"), "/media/104.sng");
+}

@@ -41,7 +41,7 @@ protected:
         asItStood = keptText(program.studio().score);
     }
 
-    [[nodiscard]] std::string songs() const { return host.folder.path().string() + "\\Songs"; }
+    [[nodiscard]] std::string songs() const { return host.folder.path().string() + "/Songs"; }
 
     scripted::ScriptedPlatform host;
     RecordingState state;

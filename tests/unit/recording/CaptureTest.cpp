@@ -41,7 +41,7 @@ TEST_F(Recording, OfAScoreSendsItsStringsInOrder) {
                              "0.000 set capture samplespersec 44100 channels 2 bitspersample 16 "
                              "alignment 4 bytespersec 176400",
                              "0.000 record capture", "2.000 stop capture",
-                             "2.000 save capture Songs\\50000tmp.wav", "2.000 close capture",
+                             "2.000 save capture Songs/50000tmp.wav", "2.000 close capture",
                              "2.000 stop midi", "2.000 close midi"}));
     EXPECT_EQ(commands.log, (Lines{"Command32_Click", "chkgraphics 0", "Command32_Click",
                                    "PlayAndStop_Click 0"}));
@@ -49,12 +49,12 @@ TEST_F(Recording, OfAScoreSendsItsStringsInOrder) {
 
 TEST_F(Recording, NamesItsFilesByARandomNumber) {
     capture.Cmdrecord_Click(); // 0 draws the first
-    EXPECT_EQ(studio.run.WavFileName, "Songs\\1tmp.wav");
+    EXPECT_EQ(studio.run.WavFileName, "Songs/1tmp.wav");
     host.desktop.randoms = {0.99999};
     capture.Cmdrecord_Click();
-    EXPECT_EQ(desk.texts[RecordText::InputPath], "Songs\\99999tmp.wav");
-    EXPECT_EQ(desk.texts[RecordText::OutPutPath], "Songs\\99999tmp.mp3");
-    EXPECT_EQ(desk.texts[RecordText::Text6], "Songs\\99999tmp.wav");
+    EXPECT_EQ(desk.texts[RecordText::InputPath], "Songs/99999tmp.wav");
+    EXPECT_EQ(desk.texts[RecordText::OutPutPath], "Songs/99999tmp.mp3");
+    EXPECT_EQ(desk.texts[RecordText::Text6], "Songs/99999tmp.wav");
 }
 
 TEST_F(Recording, LocksTheSourceAndThePlayerWhileItRuns) {
@@ -136,7 +136,7 @@ TEST_F(Recording, StoppedByHandEndsTwice) {
     in(1.5, [this] { capture.Cmdrecord_Click(); });
     capture.Cmdrecord_Click();
     const Lines all = sent();
-    EXPECT_EQ(std::count(all.begin(), all.end(), "1.500 save capture Songs\\1tmp.wav"), 2);
+    EXPECT_EQ(std::count(all.begin(), all.end(), "1.500 save capture Songs/1tmp.wav"), 2);
 }
 
 TEST_F(Recording, ClearsTheFlagByHandOnlyUnderAMidName) {
