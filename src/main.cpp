@@ -65,7 +65,7 @@ int runProgram(velorin::host::EndSignals& signals) {
     const auto state = host::stateFolder(std::getenv("XDG_STATE_HOME"), std::getenv("HOME"));
     // First, so that a copy that waits for this one to end finds the sound card free.
     host::HostDesktop desktop(host::oneCopyFile(std::getenv("XDG_RUNTIME_DIR"), state));
-    host::NoticeBoard notices;
+    host::NoticeBoard notices(state.empty() ? state : state / "notices.json");
     host::HostSound sound(
         QCoreApplication::applicationDirPath().toStdString(),
         {folder / "Songs", state.empty() ? state : state / "recordings", &notices});

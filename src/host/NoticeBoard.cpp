@@ -2,12 +2,48 @@
 #include "host/NoticeBoard.h"
 
 #include "host/Complaint.h"
+#include "host/DurableFile.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QMetaObject>
 
 #include <utility>
 
 namespace velorin::host {
+
+NoticeBoard::NoticeBoard(std::filesystem::path unread) : unread_(std::move(unread)) {}
+
+// Not before there is a window: until then the run before this one may still be ending.
+void NoticeBoard::readUnread() {
+    const auto bytes = unread_.empty() ? std::nullopt : readWhole(unread_);
+    if (!bytes)
+        return;
+    const std::lock_guard guard(mutex_);
+    const QJsonArray lines = QJsonDocument::fromJson(QByteArray::fromStdString(*bytes)).array();
+    for (const QJsonValue& line : lines)
+        waiting_.push_back(
+            {line["text"].toString().toStdString(), line["scoreToOpen"].toString().toStdString()});
+    std::error_code ignored; // read again at the next start
+    std::filesystem::remove(unread_, ignored);
+}
+
+// The last of them: earlier ones may be of a failure that came again and again.
+NoticeBoard::~NoticeBoard() {
+    constexpr std::size_t most = 20;
+    while (waiting_.size() > most)
+        waiting_.pop_front();
+    if (waiting_.empty() || unread_.empty())
+        return;
+    QJsonArray lines;
+    for (const platform::Notice& notice : waiting_)
+        lines.append(QJsonObject{{"text", QString::fromStdString(notice.text)},
+                                 {"scoreToOpen", QString::fromStdString(notice.scoreToOpen)}});
+    constexpr unsigned forTheUser = 0700;
+    makeFolderLasting(unread_.parent_path(), forTheUser);
+    writeLasting(unread_, QJsonDocument(lines).toJson().toStdString());
+}
 
 void NoticeBoard::post(const platform::Notice& notice) {
     logLine(notice.text);
@@ -28,6 +64,8 @@ std::optional<platform::Notice> NoticeBoard::take() {
 }
 
 void NoticeBoard::onPosted(std::function<void()> callback) {
+    if (callback && !callback_)
+        readUnread();
     callback_ = std::move(callback);
     wake();
 }

@@ -1,4 +1,5 @@
 // The message loop, the settings, the timers and the dialog filters on Qt.
+#include "host/NoticeBoard.h"
 #include "host/QtDialogs.h"
 #include "host/QtMessageLoop.h"
 #include "host/QtSettings.h"
@@ -14,6 +15,7 @@
 #include <QTemporaryDir>
 #include <QTimer>
 
+#include <filesystem>
 #include <memory>
 
 using testing::ElementsAre;
@@ -47,6 +49,31 @@ TEST_F(QtHostTest, AWaitEndsAtItsDeadlineAndNotBefore) {
     while (clock.QueryPerformanceCounter() < end)
         loop.waitUntil(end);
     EXPECT_GE(clock.QueryPerformanceCounter(), end);
+}
+
+TEST_F(QtHostTest, ANoticeThatNobodyHasReadWaitsForTheNextRun) {
+    const QTemporaryDir folder;
+    const std::filesystem::path unread = folder.filePath("state/velorin/n").toStdString();
+    testing::internal::CaptureStderr();
+    {
+        NoticeBoard board(unread);
+        board.post({"read", {}});
+        board.post({"kept as \"a\"\r\nhere", "/songs/a.sng"});
+        EXPECT_EQ(board.take()->text, "read");
+    }
+    {
+        NoticeBoard board(unread);
+        board.onPosted([] {}); // a window shows them
+        const auto notice = board.take();
+        ASSERT_TRUE(notice);
+        EXPECT_EQ(notice->text, "kept as \"a\"\r\nhere");
+        EXPECT_EQ(notice->scoreToOpen, "/songs/a.sng");
+        EXPECT_FALSE(board.take());
+    }
+    EXPECT_FALSE(std::filesystem::exists(unread));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "velorin: read\nvelorin: kept as \"a\" here\n")
+        << "each is logged once";
 }
 
 TEST_F(QtHostTest, AWaitReturnsWhenAnEventHasBeenServed) {
