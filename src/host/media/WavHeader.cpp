@@ -5,6 +5,8 @@ namespace velorin::host {
 
 namespace {
 
+constexpr std::size_t lengthOfAll = 4; ///< its place
+
 void append(std::string& bytes, std::uint32_t number, int count) {
     for (int i = 0; i < count; ++i)
         bytes += static_cast<char>(number >> (8 * i));
@@ -40,7 +42,8 @@ std::string WavHeader::bytes() const {
     return header;
 }
 
-// Reading three numbers and writing all again compares the rest.
+// Reading three numbers and writing all again compares the rest. The length of the whole file may
+// be any: a power cut may have left half of a new header.
 std::optional<WavHeader> WavHeader::read(std::string_view bytes) {
     if (bytes.size() < size)
         return std::nullopt;
@@ -49,7 +52,9 @@ std::optional<WavHeader> WavHeader::read(std::string_view bytes) {
     header.format.rateHz = static_cast<int>(numberAt(bytes, 24, 4));
     header.format.bits = static_cast<int>(numberAt(bytes, 34, 2));
     header.dataBytes = numberAt(bytes, 40, 4);
-    if (!isKnown(header.format) || header.bytes() != bytes.substr(0, size))
+    std::string same = header.bytes();
+    same.replace(lengthOfAll, 4, bytes.substr(lengthOfAll, 4));
+    if (!isKnown(header.format) || same != bytes.substr(0, size))
         return std::nullopt;
     return header;
 }

@@ -28,7 +28,8 @@ struct WavHeader {
 
     [[nodiscard]] std::string bytes() const;
 
-    /// No value unless the first 44 bytes are exactly such a header.
+    /// No value unless the first 44 bytes are such a header. What they say of the length of the
+    /// whole file does not count.
     [[nodiscard]] static std::optional<WavHeader> read(std::string_view bytes);
 };
 
