@@ -27,8 +27,9 @@ def start(build, folder, ignored=()):
 
     command = [build.resolve() / "bin" / "velorin-convert", "long.sng", "-o", "long.wav", "--rate", "8000",
                "--most-minutes", "200"]
+    before = set(parts(folder))
     process = subprocess.Popen(command, cwd=folder, stderr=subprocess.PIPE, preexec_fn=signals)
-    wait_until(lambda: parts(folder) or process.poll() is not None, "the beginning of the file")
+    wait_until(lambda: set(parts(folder)) - before or process.poll() is not None, "the beginning of the file")
     check(process.poll() is None, f"the conversion ended by itself with status {process.returncode}")
     return process
 
@@ -70,12 +71,15 @@ def check_clears_away(build, folder):
     check(len(parts(folder)) == 1, "a killed conversion leaves no part")
     running = start(build, folder)
     check(len(parts(folder)) == 1, f"beside a running conversion there are {parts(folder)}")
+    # It stands still, or a quick machine would finish it meanwhile.
+    running.send_signal(signal.SIGSTOP)
     # Another one beside it: refused for its length, and the part of the running one stays.
     command = [build.resolve() / "bin" / "velorin-convert", "long.sng", "-o", "other.wav"]
     refused = subprocess.run(command, cwd=folder, stderr=subprocess.PIPE, timeout=PATIENCE_S)
     check(refused.returncode == 1, f"status {refused.returncode} for a song of three hours")
     check(refused.stderr.startswith(b"velorin-convert: long.sng is too long: 3:00:36 of sound"), f"it says {refused.stderr}")
     check(len(parts(folder)) == 1, "the part of a running conversion is gone")
+    running.send_signal(signal.SIGCONT)
     check_ends_by(running, folder, signal.SIGTERM)
 
 
