@@ -188,6 +188,8 @@ constexpr std::array tutorialWizard{
 
 constexpr std::array hintWindow{ControlText{"imgTitleClose", "", "Close"}};
 
+constexpr std::array noticeWindow{ControlText{"imgTitleClose", "", "Close"}};
+
 constexpr std::array helpWindow{
     ControlText{"search", "", "Search in all pages"},
     ControlText{"contents", "", "Contents"},
@@ -196,13 +198,14 @@ constexpr std::array helpWindow{
     ControlText{"imgTitleClose", "", "Close"},
 };
 
-constexpr std::array<WindowTexts, 7> windows{{
+constexpr std::array<WindowTexts, 8> windows{{
     {"Form1", mainWindow},
     {"Form2", editingToolbar},
     {"Form3", setupToolbar},
     {"Record", recordingToolbar},
     {"Wiz", tutorialWizard},
     {"frminfo", hintWindow},
+    {"Notice", noticeWindow},
     {"Help", helpWindow},
 }};
 

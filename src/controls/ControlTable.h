@@ -21,6 +21,7 @@ enum class ControlKind {
     grip,
     strip, ///< of buttons
     pages, ///< behind tabs
+    alert, ///< a window with news, which the reader tells at once
 };
 
 /// A row of the table. In a row for all elements of an array, "TrackHide()", %1 stands for the

@@ -37,6 +37,8 @@ QAccessible::Role roleOf(ControlKind kind) {
         return QAccessible::ToolBar;
     case ControlKind::pages:
         return QAccessible::LayeredPane;
+    case ControlKind::alert:
+        return QAccessible::AlertMessage;
     case ControlKind::itself:
         break;
     }
@@ -153,6 +155,11 @@ void tellReadersProgress(QWidget& control, int percent) {
         return;
     control.setProperty(progressProperty, percent);
     QAccessibleValueChangeEvent event(&control, percent);
+    QAccessible::updateAccessibility(&event);
+}
+
+void tellReadersNews(QWidget& window) {
+    QAccessibleEvent event(&window, QAccessible::Alert);
     QAccessible::updateAccessibility(&event);
 }
 

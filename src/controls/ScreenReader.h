@@ -17,4 +17,7 @@ void tellReadersChecked(QWidget& control, bool checked);
 /// How far a bar of progress is, [0, 100] percent.
 void tellReadersProgress(QWidget& control, int percent);
 
+/// A window with news has come up.
+void tellReadersNews(QWidget& window);
+
 } // namespace velorin

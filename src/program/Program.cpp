@@ -50,11 +50,12 @@ platform::Platform withLoop(const platform::Platform& host, platform::MessageLoo
 Program::Program(platform::Platform& host)
     : loop_(std::make_unique<HoldingLoop>(host.loop)),
       platform_(withLoop(host, *loop_)),
-      hints(platform_),
+      hints(platform_, frames),
       group(*this, platform_.desktop),
       setup_(std::make_unique<SetupToolbar>(studio_)),
       studio_(platform_, *setup_),
       kept_(platform_.kept, studio_.score, studio_.saved) {
+    notices.openScore = [this](const std::string& path) { openFromNotice(path); };
     // Each round of the dispatcher, also one that is full of events and never sleeps: a timer, even
     // of no time, would wait for the end of those.
     QAbstractEventDispatcher* const dispatcher = QAbstractEventDispatcher::instance();
@@ -63,7 +64,9 @@ Program::Program(platform::Platform& host)
         QObject::connect(dispatcher, signal, &dispatcherWatch_, [this] { destroyClosed(); });
 }
 
-Program::~Program() = default;
+Program::~Program() {
+    notices.stop();
+}
 
 bool Program::start(const std::function<void()>& behindSplash) {
     if (IsProgramRunning()) {
@@ -80,11 +83,13 @@ bool Program::start(const std::function<void()>& behindSplash) {
     form1_->Form_Load();
     kept_.watch();
     recoverScores();
+    if (platform_.notices != nullptr && !ended_)
+        notices.start(*platform_.notices, *form1_->area->MusicBox);
     return true;
 }
 
 void Program::showSplash() {
-    splash_ = std::make_unique<openerF>();
+    splash_ = std::make_unique<openerF>(frames);
     const platform::SizePx screen = platform_.desktop.screenSize();
     splash_->centreOn(screen.width, screen.height);
     splash_->show();
@@ -109,6 +114,11 @@ void Program::recoverScores() {
         platform::notify(platform_, {recoveryText(recovered), folder + "\\" + recovered.name});
 }
 
+void Program::openFromNotice(const std::string& path) {
+    if (!form1_->files.openChosen(path))
+        platform::notify(platform_, "The score is not there any more. Look for it in \"Songs\".");
+}
+
 bool Program::IsProgramRunning() {
     if (!platform_.desktop.isAnotherCopyRunning())
         return false;
@@ -130,6 +140,7 @@ void Program::Command3_Click() {
     if (splash_)
         splash_->hide(); // and no more: its own showing may have let this through
     hints.unload();
+    notices.stop();
     if (form1_) {
         form1_->hide();
         platform_.midi.midiOutClose(form1_->sounding.MidiHandle);

@@ -8,6 +8,7 @@
 #include "shell/FocusKeeper.h"
 #include "shell/HoverKeeper.h"
 #include "shell/KeptScore.h"
+#include "shell/NoticeWindow.h"
 #include "shell/SkinnedFrame.h"
 #include "shell/ToolWindow.h"
 #include "shell/frminfo.h"
@@ -106,6 +107,7 @@ private:
 
     void showSplash();
     void recoverScores();
+    void openFromNotice(const std::string& path);
     void destroyClosed();
 
     std::unique_ptr<HoldingLoop> loop_;
@@ -117,6 +119,7 @@ public:
     FrameState frames;
     frminfo hints;
     WindowGroup group;
+    NoticeWindow notices;
     QString activeToolbar; ///< the tool window that was active last
 
 private:

@@ -49,11 +49,16 @@ void ScoreFiles::Command33_Click() {
     const auto answer = studio_.platform.dialogs.GetOpenFileNameA(openRequest);
     if (!answer)
         return;
-    const std::string name = platform::trimBlanks(answer->name);
+    // A name without a file changes nothing.
+    static_cast<void>(openChosen(platform::trimBlanks(answer->name)));
+}
+
+bool ScoreFiles::openChosen(const std::string& name) {
     if (name.empty() || !FileExists(studio_.platform, name))
-        return;
+        return false;
     studio_.score.CurrentFileName = platform::lowerCase(name);
     OpenPoliFile(name);
+    return true;
 }
 
 void ScoreFiles::Command34_Click() {

@@ -21,6 +21,9 @@ public:
     void Command34_Click(); ///< "Save" from the menus
     void mSaveAs_Click();   ///< "Save": dialog, then a score file or a MIDI file
 
+    /// What "Open" does with the name from its dialog. False if there is no such file.
+    [[nodiscard]] bool openChosen(const std::string& name);
+
     void OpenFile(const std::string& name);     ///< a score without its chord marks
     void OpenPoliFile(const std::string& name); ///< a score of any stage, chord marks included
     /// Makes the name `CurrentFileName`, also when the save fails.

@@ -1,9 +1,10 @@
-// The face of the hint window.
+// The face of hints and notices.
 #include "shell/HintPanel.h"
 
 #include "controls/DescribedControls.h"
 #include "resources/LookColors.h"
 #include "shell/FramePaint.h"
+#include "shell/SkinnedFrame.h"
 #include "shell/WindowDrag.h"
 #include "shell/WindowKeys.h"
 
@@ -28,14 +29,15 @@ const char* const paperStyle =
 
 } // namespace
 
-HintPanel::HintPanel()
+HintPanel::HintPanel(const char* name, FrameState& frames)
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint),
       Label1(new QLabel(this)),
       imgTitleClose(new QToolButton(this)),
       Timer1(new QWidget(this)),
       place(*this),
-      title_(new QLabel(QStringLiteral("Velorin Wizard"), this)) {
-    setObjectName("frminfo");
+      title_(new QLabel(QStringLiteral("Velorin Wizard"), this)),
+      frames_(frames) {
+    setObjectName(name);
     setAccessibleName(QStringLiteral("Hint"));
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_ShowWithoutActivating);
@@ -56,19 +58,33 @@ HintPanel::HintPanel()
     Timer1->setObjectName("Timer1");
     Timer1->setEnabled(false);
     Timer1->hide();
-    connect(imgTitleClose, &QToolButton::clicked, this, [this] { leave(); });
+    connect(imgTitleClose, &QToolButton::clicked, this, [this] { leave(HintEnd::button); });
     addWindowKeys(*this);
     setFocus(); // and so the button has no ring when the window becomes active
-    setText({}, false);
-    describeControls(*this, "frminfo");
+    layOut({});
+    describeControls(*this, name);
 }
 
 void HintPanel::setText(const QString& text, bool lesson) {
-    lesson_ = lesson;
-    setWindowTitle(lesson ? title_->text() : QString());
-    const int width = lesson ? lessonWidth : hintWidth;
     QString shown = text;
     shown.remove(QLatin1Char('\r'));
+    if (lesson == lesson_ && shown == Label1->text())
+        return;
+    lesson_ = lesson;
+    layOut(shown);
+    frames_.countRegion();
+}
+
+void HintPanel::clear() {
+    lesson_ = false;
+    layOut({});
+    frames_.countRegion();
+}
+
+void HintPanel::layOut(const QString& shown) {
+    const bool lesson = lesson_;
+    setWindowTitle(lesson ? title_->text() : QString());
+    const int width = lesson ? lessonWidth : hintWidth;
     Label1->setContentsMargins(14, lesson ? 34 : 10, 34, lesson ? 14 : 10);
     Label1->setText(shown);
     Label1->setGeometry(0, 0, width, Label1->heightForWidth(width));
@@ -103,24 +119,32 @@ void HintPanel::mousePressEvent(QMouseEvent* event) {
     // The label lets the mouse through; the lesson's title band alone does not close the window.
     if (!lesson_ || event->position().y() >= lessonBand) {
         secondClick_.follows(*event);
-        leave();
+        leave(HintEnd::text);
     }
 }
 
 void HintPanel::mouseDoubleClickEvent(QMouseEvent*) {
-    leave();
+    leave(HintEnd::text);
 }
 
 void HintPanel::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape || event->key() == Qt::Key_Return ||
-        event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space) {
-        leave();
+    switch (event->key()) {
+    case Qt::Key_Escape:
+        leave(HintEnd::escape);
+        break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+        leave(focusWidget() == imgTitleClose ? HintEnd::button : HintEnd::text);
+        break;
+    default:
+        break;
     }
 }
 
 void HintPanel::closeEvent(QCloseEvent* event) {
     event->ignore();
-    leave();
+    leave(HintEnd::button);
 }
 
 // The pointer was on the button when it closed the window the last time, and no event has told of
@@ -130,9 +154,9 @@ void HintPanel::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
 }
 
-void HintPanel::leave() {
+void HintPanel::leave(HintEnd end) {
     if (onClose) {
-        onClose();
+        onClose(end);
     }
 }
 

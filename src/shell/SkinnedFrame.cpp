@@ -140,9 +140,13 @@ void SkinnedFrame::placeResizers() {
     }
 }
 
+void FrameState::countRegion() {
+    if (RegionCount < std::numeric_limits<std::int16_t>::max())
+        ++RegionCount;
+}
+
 void SkinnedFrame::ApplyWindowRegion() {
-    if (state_.RegionCount < std::numeric_limits<std::int16_t>::max())
-        ++state_.RegionCount;
+    state_.countRegion();
     velorin::ApplyWindowRegion(window_, ellipse());
 }
 

@@ -21,6 +21,8 @@ class WindowPlace;
 struct FrameState {
     std::int16_t WindowResizable = 0; ///< 1 if the last `SkinMainWindow` had its flag set
     std::int16_t RegionCount = 0;     ///< how many times a region was set
+
+    void countRegion(); ///< stops at the largest number
 };
 
 enum class FrameKind { main, tool };

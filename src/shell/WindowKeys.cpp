@@ -16,8 +16,8 @@ namespace velorin {
 namespace {
 
 /// In the order in which the keys go through them.
-constexpr std::array<const char*, 7> windowOrder{"Form1", "Form3",   "Form2", "Record",
-                                                 "Wiz",   "frminfo", "Help"};
+constexpr std::array<const char*, 8> windowOrder{"Form1", "Form3",   "Form2",  "Record",
+                                                 "Wiz",   "frminfo", "Notice", "Help"};
 
 std::vector<QWidget*> shownWindows() {
     const QWidgetList all = QApplication::topLevelWidgets();

@@ -18,7 +18,8 @@ constexpr int daySeconds = 24 * 3600;
 
 } // namespace
 
-frminfo::frminfo(platform::Platform& platform) : platform_(platform) {}
+frminfo::frminfo(platform::Platform& platform, FrameState& frames)
+    : platform_(platform), frames_(frames) {}
 
 frminfo::~frminfo() {
     platform_.timers.cancel(timer1_);
@@ -26,8 +27,8 @@ frminfo::~frminfo() {
 
 HintPanel& frminfo::panel() {
     if (!panel_) {
-        panel_ = std::make_unique<HintPanel>();
-        panel_->onClose = [this] { imgTitleClose_Click(); };
+        panel_ = std::make_unique<HintPanel>("frminfo", frames_);
+        panel_->onClose = [this](HintEnd) { imgTitleClose_Click(); };
     }
     return *panel_;
 }
@@ -71,7 +72,7 @@ void frminfo::load() {
 /// The window stands with an empty label until its wait is over.
 void frminfo::beginLoad() {
     if (!loaded_) {
-        panel().setText({}, false);
+        panel().clear();
     }
     loaded_ = true;
     loadedFrom_ = platform_.clock.QueryPerformanceCounter() +
@@ -127,7 +128,7 @@ void frminfo::waitForLoad() {
 // A load of its own: the hints of what the pointer passes meanwhile do not prolong it. As with a
 // hint, the window is loaded from the beginning of the wait on.
 void frminfo::waitBeforeLesson() {
-    panel().setText({}, false);
+    panel().clear();
     loaded_ = true;
     ++lessonsWaiting_;
     yieldFor(platform_, 1000 * loadWaitSeconds);

@@ -17,12 +17,13 @@ struct Platform;
 namespace velorin {
 
 class HintPanel;
+struct FrameState;
 
 /// One for the run. The window is loaded by its first use; its load waits for one second, and
 /// serves events meanwhile, so that a hint shows only if the pointer stays.
 class frminfo {
 public:
-    explicit frminfo(platform::Platform& platform);
+    frminfo(platform::Platform& platform, FrameState& frames);
     ~frminfo();
     frminfo(const frminfo&) = delete;
     frminfo& operator=(const frminfo&) = delete;
@@ -61,6 +62,7 @@ private:
     void stopTimer1();
 
     platform::Platform& platform_;
+    FrameState& frames_;
     std::unique_ptr<HintPanel> panel_; ///< made once and kept; loading it is a matter of state
     bool loaded_ = false;
     bool waiting_ = false; ///< `waitForLoad` is on the stack

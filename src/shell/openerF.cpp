@@ -3,6 +3,7 @@
 
 #include "resources/LookColors.h"
 #include "shell/FramePaint.h"
+#include "shell/SkinnedFrame.h"
 #include "shell/WindowDrag.h"
 
 #include <QPainter>
@@ -17,13 +18,15 @@ constexpr int splashHeight = 300;
 
 } // namespace
 
-openerF::openerF() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint) {
+openerF::openerF(FrameState& frames)
+    : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint) {
     setObjectName("openerF");
     setWindowTitle(QStringLiteral("Velorin "));
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_ShowWithoutActivating);
     resize(splashWidth, splashHeight);
     ApplyWindowRegion(*this, splashEllipse);
+    frames.countRegion();
 }
 
 void openerF::centreOn(int screenWidth, int screenHeight) {

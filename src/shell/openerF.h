@@ -5,11 +5,13 @@
 
 namespace velorin {
 
+struct FrameState;
+
 class openerF : public QWidget {
     Q_OBJECT
 
 public:
-    openerF();
+    explicit openerF(FrameState& frames);
 
     /// Stands in the middle of a screen of that size, in pixels.
     void centreOn(int screenWidth, int screenHeight);

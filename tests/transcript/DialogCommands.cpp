@@ -60,12 +60,27 @@ Lines programs(Session& session, const Words& words) {
     return std::exchange(session.host.desktop.programs, {});
 }
 
+/// Each notice on one line.
+Lines notices(Session& session, const Words& words) {
+    expectWords(words, 0);
+    Lines lines;
+    while (const auto notice = session.host.notices.take()) {
+        const Lines parts = linesOf(notice->text);
+        std::string line = parts.front();
+        for (std::size_t i = 1; i < parts.size(); ++i)
+            line += ' ' + parts[i];
+        lines.push_back(line);
+    }
+    return lines;
+}
+
 } // namespace
 
 std::span<const Command> dialogCommands() {
     static constexpr std::array commands{
         Command{"answer", answerDialog}, Command{"dialogs", dialogs}, Command{"choose", choose},
         Command{"menus", menus},         Command{"boxes", boxes},     Command{"programs", programs},
+        Command{"notices", notices},
     };
     return commands;
 }

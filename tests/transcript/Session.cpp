@@ -35,6 +35,7 @@ Session::Session() {
     host.boxes.log.clear();
     host.dialogs.log.clear();
     host.desktop.programs.clear();
+    host.notices.posted.clear();
     host.time.restart();
     host.time.onNothingPlanned = [this] { return closeLesson(); };
 }

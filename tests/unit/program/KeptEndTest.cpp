@@ -1,15 +1,20 @@
 // What the ways in which the program can end leave of the score.
 #include "platform/KeptState.h"
+#include "platform/Text.h"
 #include "program/Form1.h"
 #include "program/Program.h"
 #include "resources/Look.h"
 #include "score/ScoreWriter.h"
 #include "support/ScriptedPlatform.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <QApplication>
+#include <QLabel>
+#include <QTest>
+#include <QToolButton>
 
+#include <fstream>
 #include <optional>
 
 using namespace velorin;
@@ -164,4 +169,65 @@ TEST_F(KeptEndTest, ScoreThatWasNotSavedBeforeAnEndInOrderIsOfferedAsThat) {
               "The score that was open when Velorin ended was not saved. It is in \"Songs\" as\r\n"
               "\"recovered 2026-01-02 03-04-05.sng\". Click here to open it.");
     EXPECT_EQ(host.notices.posted[1].scoreToOpen, songs() + "\\recovered 2026-01-02 03-04-06.sng");
+}
+
+TEST_F(KeptEndTest, NoticeOfARecoveredScoreStaysUntilTheUserClosesIt) {
+    state.recovered = {{"recovered.sng", false}};
+    Program program(host.platform);
+    ASSERT_TRUE(program.start());
+    host.notices.callback();
+    const QWidget* notice = program.notices.window();
+    ASSERT_NE(notice, nullptr);
+    host.time.pass(3600'000'000'000);
+    EXPECT_TRUE(notice->isVisible());
+    program.Command3_Click();
+    EXPECT_FALSE(notice->isVisible());
+}
+
+TEST_F(KeptEndTest, NoticeOfARecoveredScoreLeavesTheHintWindowAlone) {
+    state.recovered = {{"recovered 2026-01-02 03-04-05.sng", false}};
+    Program program(host.platform);
+    ASSERT_TRUE(program.start());
+    host.notices.callback();
+    host.time.pass(2'000'000'000);
+    EXPECT_FALSE(program.hints.isLoaded());
+}
+
+TEST_F(KeptEndTest, ClickOnTheNoticeOfARecoveredScoreOpensItAsTheOpenCommandDoes) {
+    state.recovered = {{"Recovered.sng", false}};
+    Program program(host.platform);
+    ASSERT_TRUE(program.start());
+    Score drawn;
+    drawn.NoteArray.write(0, 0, 60);
+    std::ofstream(host.folder.path() / "Songs" / "Recovered.sng") << keptText(drawn);
+    host.notices.callback();
+    QTest::mouseClick(program.notices.window(), Qt::LeftButton, {}, {30, 20});
+    EXPECT_FALSE(program.notices.window()->isVisible());
+    EXPECT_EQ(program.studio().score.NoteArray.read(0, 0), 60);
+    EXPECT_EQ(program.studio().score.CurrentFileName,
+              platform::lowerCase(songs() + "\\Recovered.sng"));
+}
+
+TEST_F(KeptEndTest, CloseButtonOfTheNoticeOpensNothing) {
+    state.recovered = {{"recovered.sng", false}};
+    Program program(host.platform);
+    ASSERT_TRUE(program.start());
+    std::ofstream(host.folder.path() / "Songs" / "recovered.sng") << "60\r\n";
+    host.notices.callback();
+    program.notices.window()->findChild<QToolButton*>("imgTitleClose")->click();
+    EXPECT_FALSE(program.notices.window()->isVisible());
+    EXPECT_EQ(program.studio().score.NoteArray.read(0, 0), -1);
+    EXPECT_EQ(program.studio().score.CurrentFileName, "");
+}
+
+TEST_F(KeptEndTest, RecoveredScoreThatIsGoneByThenIsReported) {
+    state.recovered = {{"recovered.sng", false}};
+    Program program(host.platform);
+    startAndDraw(program);
+    host.notices.callback();
+    QTest::keyClick(program.notices.window(), Qt::Key_Return);
+    EXPECT_EQ(keptText(program.studio().score), asItStood);
+    ASSERT_TRUE(program.notices.window()->isVisible());
+    EXPECT_THAT(program.notices.window()->findChild<QLabel*>("Label1")->text().toStdString(),
+                testing::StartsWith("The score is not there any more."));
 }

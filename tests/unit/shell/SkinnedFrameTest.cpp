@@ -1,6 +1,7 @@
 // Where the pieces of the frame and its handles stand, and what a drag of a handle does.
 #include "shell/SkinnedFrame.h"
 #include "shell/WindowPlace.h"
+#include "shell/openerF.h"
 
 #include <gtest/gtest.h>
 
@@ -107,6 +108,12 @@ TEST(WindowPlace, ASizeBetweenPixelsIsKeptUntilTheWindowIsResized) {
     owner.resize(640, 480);
     EXPECT_FLOAT_EQ(place.Width(), 9600.0F);
     EXPECT_FLOAT_EQ(place.Height(), 7200.0F);
+}
+
+TEST(openerFTest, TheOutlineOfTheSplashIsCounted) {
+    FrameState state;
+    const openerF splash(state);
+    EXPECT_EQ(state.RegionCount, 1);
 }
 
 } // namespace

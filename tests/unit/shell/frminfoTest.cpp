@@ -2,6 +2,7 @@
 // user.
 #include "shell/frminfo.h"
 
+#include "shell/SkinnedFrame.h"
 #include "support/ScriptedPlatform.h"
 
 #include <gtest/gtest.h>
@@ -18,7 +19,8 @@ using scripted::nanosecondsPerSecond;
 class frminfoTest : public testing::Test {
 protected:
     scripted::ScriptedPlatform host;
-    frminfo info{host.platform};
+    FrameState frames;
+    frminfo info{host.platform, frames};
     QWidget button;
     QWidget other;
 
@@ -94,6 +96,19 @@ TEST_F(frminfoTest, LoadingTakesTheSecondAndShowsNothing) {
     info.showHint(&button, "hint", {});
     EXPECT_EQ(host.time.now(), nanosecondsPerSecond);
     EXPECT_TRUE(shown());
+}
+
+// One at the load, one for each change of the text, the emptying at the end included.
+TEST_F(frminfoTest, EachOutlineOfTheWindowIsCounted) {
+    info.load();
+    EXPECT_EQ(frames.RegionCount, 1);
+    info.showHint(&button, "hint", {});
+    EXPECT_EQ(frames.RegionCount, 2);
+    info.showHint(&other, "hint", {});
+    EXPECT_EQ(frames.RegionCount, 2);
+    host.time.pass(3 * nanosecondsPerSecond);
+    EXPECT_FALSE(info.isLoaded());
+    EXPECT_EQ(frames.RegionCount, 3);
 }
 
 TEST_F(frminfoTest, TheWindowIsOnePixelHigherThanItsText) {

@@ -27,7 +27,7 @@ protected:
     PlainSetup setup;
     Studio studio{host.platform, setup};
     scripted::QuietToolDesk desk;
-    frminfo hints{host.platform};
+    frminfo hints{host.platform, desk.frames()};
     RecordingWizardDesk* calls = new RecordingWizardDesk; ///< owned by `wizard`
     TutorialWizard wizard{studio, std::unique_ptr<WizardDesk>(calls), desk, hints};
 

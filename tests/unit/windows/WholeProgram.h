@@ -30,6 +30,9 @@ struct WholeProgram {
         std::vector<QWidget*> all;
         for (const char* const name : {"Form1", "Form2", "Form3", "Record", "Wiz", "frminfo"})
             all.push_back(program.window(QString::fromLatin1(name), true));
+        host.notices.post({"A notice.", {}});
+        host.notices.callback();
+        all.push_back(program.notices.window());
         all.push_back(&help);
         for (QWidget* window : all)
             window->show();
