@@ -52,6 +52,7 @@ Program::Program(platform::Platform& host)
       platform_(withLoop(host, *loop_)),
       hints(platform_, frames),
       group(*this, platform_.desktop),
+      notices(platform_.desktop),
       setup_(std::make_unique<SetupToolbar>(studio_)),
       studio_(platform_, *setup_),
       kept_(platform_.kept, studio_.score, studio_.saved) {

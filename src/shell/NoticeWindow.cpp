@@ -3,6 +3,7 @@
 
 #include "controls/ScreenReader.h"
 #include "shell/HintPanel.h"
+#include "shell/ScreenReach.h"
 
 #include <QEvent>
 
@@ -16,7 +17,7 @@ constexpr int cornerGap = 12; ///< between the notice and the edges of its corne
 
 } // namespace
 
-NoticeWindow::NoticeWindow() = default;
+NoticeWindow::NoticeWindow(platform::Desktop& desktop) : desktop_(desktop) {}
 
 NoticeWindow::~NoticeWindow() {
     stop();
@@ -71,8 +72,9 @@ void NoticeWindow::showNext() {
 void NoticeWindow::place() {
     const QRect room(corner_->mapToGlobal(QPoint(0, 0)), corner_->size());
     const QSize size = panel().size();
-    panel().move(room.x() + room.width() - size.width() - cornerGap,
-                 room.y() + room.height() - size.height() - cornerGap);
+    const QPoint corner(room.x() + room.width() - size.width() - cornerGap,
+                        room.y() + room.height() - size.height() - cornerGap);
+    panel().move(placeInNearest(QRect(corner, size), desktop_.screens()));
 }
 
 void NoticeWindow::showOrHide() {

@@ -11,13 +11,18 @@
 #include <optional>
 #include <string>
 
+namespace platform {
+class Desktop;
+} // namespace platform
+
 namespace velorin {
 
 class HintPanel;
 
 /// Shows the notices of the host one after the other, with the face of a hint, in the lower right
-/// corner of a part of the main window. It takes the keyboard only if the user goes there, does not
-/// follow the main window, and goes away while that is minimised or a dialog is open.
+/// corner of a part of the main window, and always wholly on a screen. It takes the keyboard only
+/// if the user goes there, does not follow the main window, and goes away while that is minimised
+/// or a dialog is open.
 ///
 ///     posted ---> shown ---- click on the text, Enter ----> its score is opened ---> the next one
 ///                   |------- close button, Escape -------------------------------------^
@@ -27,7 +32,7 @@ class NoticeWindow : public QObject {
     Q_OBJECT
 
 public:
-    NoticeWindow();
+    explicit NoticeWindow(platform::Desktop& desktop);
     ~NoticeWindow() override;
 
     /// Opens the score of a notice that the user has clicked.
@@ -53,6 +58,7 @@ private:
     void showOrHide();
     void closed(bool withText);
 
+    platform::Desktop& desktop_;
     platform::Notices* notices_ = nullptr; ///< null while stopped
     QWidget* corner_ = nullptr;
     std::optional<platform::Notice> current_;

@@ -2,6 +2,7 @@
 #include "shell/NoticeWindow.h"
 
 #include "support/ScriptedNotices.h"
+#include "support/ScriptedPlatform.h"
 
 #include <gmock/gmock.h>
 
@@ -42,7 +43,8 @@ protected:
     scripted::ScriptedNotices notices;
     QWidget main;
     QWidget tableau{&main};
-    NoticeWindow window;
+    scripted::ScriptedDesktop desktop; ///< of 1024 by 768 pixels
+    NoticeWindow window{desktop};
     std::vector<std::string> opened;
 };
 
@@ -54,6 +56,14 @@ TEST_F(NoticeWindowTest, ANoticeStandsInTheLowerRightCornerOfTheTableau) {
     EXPECT_EQ(notice.width(), 360);
     EXPECT_EQ(notice.x() + notice.width() + 12, 20 + 50 + 600);
     EXPECT_EQ(notice.y() + notice.height() + 12, 30 + 100 + 350);
+}
+
+TEST_F(NoticeWindowTest, ANoticeLiesWhollyOnTheScreen) {
+    main.move(600, 500);
+    post("The disk is full.");
+    const QRect notice = window.window()->geometry();
+    EXPECT_EQ(notice.x() + notice.width(), 1024);
+    EXPECT_EQ(notice.y() + notice.height(), 768);
 }
 
 TEST_F(NoticeWindowTest, NoticesComeOneAfterTheOther) {
