@@ -30,6 +30,9 @@ void StepLabel::mousePressEvent(QMouseEvent* event) {
         pressed_ = true;
 }
 
+// The second press of a double click: the step is not performed twice.
+void StepLabel::mouseDoubleClickEvent(QMouseEvent*) {}
+
 void StepLabel::mouseMoveEvent(QMouseEvent*) {
     if (onMove)
         onMove();

@@ -17,11 +17,12 @@ public:
     /// keyboard it has the highlight in any case.
     void setHighlighted(bool highlighted);
 
-    std::function<void()> onClick; ///< the left button released over it, Enter, or Space
+    std::function<void()> onClick; ///< a click, Enter or Space; of a double click the first
     std::function<void()> onMove;  ///< the mouse moved over it
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

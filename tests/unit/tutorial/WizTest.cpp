@@ -132,6 +132,17 @@ TEST_F(WizTest, TheRightButtonPerformsNothing) {
     EXPECT_TRUE(calls->log.empty());
 }
 
+TEST_F(WizTest, ADoubleClickIsOneClickAndTwoClicksAreTwo) {
+    form().Check1->setChecked(false);
+    calls->log.clear();
+    click(label("L1(0)"));
+    sendMouse(label("L1(0)"), QEvent::MouseButtonDblClick, Qt::LeftButton);
+    sendMouse(label("L1(0)"), QEvent::MouseButtonRelease, Qt::LeftButton);
+    EXPECT_EQ(calls->log, Lines{"Command4_Click"});
+    click(label("L1(0)"));
+    EXPECT_EQ(calls->log, (Lines{"Command4_Click", "Command4_Click"}));
+}
+
 TEST_F(WizTest, EnterAndSpacePerformTheStepThatHasTheKeyboard) {
     form().Check1->setChecked(false);
     calls->log.clear();
