@@ -2,11 +2,15 @@
 #include "shell/frminfo.h"
 
 #include "platform/Clock.h"
+#include "platform/Desktop.h"
 #include "platform/MessageLoop.h"
 #include "platform/Platform.h"
 #include "platform/Timers.h"
 #include "score/FileHelpers.h"
 #include "shell/HintPanel.h"
+#include "shell/ScreenReach.h"
+
+#include <algorithm>
 
 namespace velorin {
 
@@ -22,13 +26,17 @@ frminfo::frminfo(platform::Platform& platform, FrameState& frames)
     : platform_(platform), frames_(frames) {}
 
 frminfo::~frminfo() {
+    platform_.timers.cancel(loadTimer_);
     platform_.timers.cancel(timer1_);
 }
 
 HintPanel& frminfo::panel() {
     if (!panel_) {
         panel_ = std::make_unique<HintPanel>("frminfo", frames_);
-        panel_->onClose = [this](HintEnd) { imgTitleClose_Click(); };
+        panel_->onClose = [this](HintEnd end) {
+            declined_ = end == HintEnd::escape;
+            imgTitleClose_Click();
+        };
     }
     return *panel_;
 }
@@ -38,70 +46,85 @@ QWidget* frminfo::window() {
 }
 
 void frminfo::showHint(const QWidget* control, const std::string& text, QPoint place) {
-    if (lessonOpen_ || lessonsWaiting_ > 0 || (waiting_ && loaded_ && control == control_)) {
+    if (lessonOpen_ || lessonsWaiting_ > 0 || (isLoading() && control == control_))
         return;
-    }
     control_ = control;
     text_ = text;
     place_ = place;
-    if (!loaded_ || waiting_) {
-        beginLoad();
-        if (waiting_) {
-            return; // the wait below on the stack goes on to this hint's moment, and shows it
-        }
-        waitForLoad();
-    }
-    if (!loaded_ || platform_.loop.isEnding()) {
+    stopLoadTimer();
+    if (loaded_ && !isLoading()) {
+        showWaiting();
         return;
     }
+    beginLoad();
+    loadTimer_ = platform_.timers.after(1000 * loadWaitSeconds, [this] { endLoad(); });
+}
+
+void frminfo::endLoad() {
+    if (loadTimer_ == 0)
+        return;
+    stopLoadTimer();
+    loadedFrom_ = std::min(loadedFrom_, platform_.clock.QueryPerformanceCounter());
+    showWaiting();
+}
+
+void frminfo::showWaiting() {
+    if (platform_.loop.isEnding())
+        return;
     panel().setText(QString::fromStdString(text_), false);
     panel().move(place_);
+    bringButtonIntoReach();
     startTimer1();
     panel().show();
 }
 
 void frminfo::load() {
-    if (loaded_ || lessonOpen_ || waiting_) {
+    if (loaded_ || lessonOpen_)
         return;
-    }
     control_ = nullptr;
     beginLoad();
     waitForLoad();
 }
 
-/// The window stands with an empty label until its wait is over.
+bool frminfo::isLoading() const {
+    return loaded_ && platform_.clock.QueryPerformanceCounter() < loadedFrom_;
+}
+
+/// The window has an empty label until its second is over.
 void frminfo::beginLoad() {
-    if (!loaded_) {
+    if (!loaded_)
         panel().clear();
-    }
     loaded_ = true;
     loadedFrom_ = platform_.clock.QueryPerformanceCounter() +
                   loadWaitSeconds * platform_.clock.QueryPerformanceFrequency();
 }
 
-void frminfo::showLesson(const std::string& text, float left, float top) {
+bool frminfo::showLesson(const std::string& text, float left, float top) {
     HintPanel& face = panel();
     if (lessonOpen_) {
         // A second modal window cannot be shown; the open one takes on the text.
         face.setText(QString::fromStdString(text), true);
-        return;
+        return true;
     }
     if (loaded_) {
         // A window that is loaded has its second behind it; a hint's time does not end a lesson.
+        stopLoadTimer();
         stopTimer1();
         face.hide();
     } else {
         waitBeforeLesson();
     }
     if (platform_.loop.isEnding()) {
-        return;
+        return false;
     }
     face.setText(QString::fromStdString(text), true);
     face.place.moveTo(left, top);
+    bringButtonIntoReach();
     face.setWindowModality(Qt::ApplicationModal);
     face.setAttribute(Qt::WA_ShowWithoutActivating, false);
     loaded_ = true;
     lessonOpen_ = true;
+    declined_ = false;
     face.show();
     face.activateWindow();
     face.setFocus();
@@ -114,15 +137,22 @@ void frminfo::showLesson(const std::string& text, float left, float top) {
     face.hide();
     face.setWindowModality(Qt::NonModal);
     face.setAttribute(Qt::WA_ShowWithoutActivating);
+    return !declined_;
 }
 
 void frminfo::waitForLoad() {
-    const bool nested = waiting_;
-    waiting_ = true;
     while (platform_.clock.QueryPerformanceCounter() < loadedFrom_ && !platform_.loop.isEnding()) {
         platform_.loop.waitUntil(loadedFrom_);
     }
-    waiting_ = nested;
+}
+
+// A user who cannot reach the button could not close a lesson, which blocks all other windows.
+void frminfo::bringButtonIntoReach() {
+    HintPanel& face = panel();
+    const Screens screens = platform_.desktop.screens();
+    const QRect button = face.imgTitleClose->geometry().translated(face.pos());
+    if (!isInReach(button, button.size(), screens))
+        face.move(placeInNearest(QRect(face.pos(), face.size()), screens));
 }
 
 // A load of its own: the hints of what the pointer passes meanwhile do not prolong it. As with a
@@ -139,6 +169,7 @@ void frminfo::unload() {
     if (lessonOpen_) {
         return;
     }
+    stopLoadTimer();
     stopTimer1();
     loaded_ = false;
     if (panel_) {
@@ -149,6 +180,11 @@ void frminfo::unload() {
 void frminfo::imgTitleClose_Click() {
     lessonOpen_ = false;
     unload();
+}
+
+void frminfo::stopLoadTimer() {
+    platform_.timers.cancel(loadTimer_);
+    loadTimer_ = 0;
 }
 
 void frminfo::startTimer1() {

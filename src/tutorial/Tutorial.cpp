@@ -84,14 +84,13 @@ void Tutorial::performStep(int lesson, int index) {
     if (index < 0 || index >= static_cast<int>(steps.size()))
         return;
     const Step& step = steps[static_cast<std::size_t>(index)];
-    if (view_.Check1())
-        explain(step, lesson, index);
-    perform(step);
+    if (!view_.Check1() || explain(step, lesson, index))
+        perform(step);
 }
 
-void Tutorial::explain(const Step& step, int lesson, int index) {
-    view_.showLesson(hintText(step), view_.Left() + hintLeft,
-                     view_.Top() + view_.labelTop(lesson, index) + hintTop);
+bool Tutorial::explain(const Step& step, int lesson, int index) {
+    return view_.showLesson(hintText(step), view_.Left() + hintLeft,
+                            view_.Top() + view_.labelTop(lesson, index) + hintTop);
 }
 
 // The program may have ended during the hint or during any act that waits.

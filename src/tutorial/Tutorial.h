@@ -27,7 +27,8 @@ public:
     void L1M_Click(int index); ///< Midi
     void L1S_Click(int index); ///< Setup
 
-    /// Explains the step, unless "Show Tips" is clear, and performs it. Lesson [0, 7).
+    /// Explains the step, unless "Show Tips" is clear, and performs it, unless the user declines it
+    /// with the Escape key. Lesson [0, 7).
     void performStep(int lesson, int index);
 
     /// Waits for 0.5 seconds and serves events meanwhile: the pace at which the user can follow.
@@ -42,7 +43,7 @@ public:
     [[nodiscard]] bool isEnding() const;
 
 private:
-    void explain(const Step& step, int lesson, int index);
+    [[nodiscard]] bool explain(const Step& step, int lesson, int index);
     void perform(const Step& step);
 
     Studio& studio_;

@@ -62,8 +62,8 @@ float TutorialWizard::labelTop(int lesson, int step) {
     return form().labelTop(lesson, step);
 }
 
-void TutorialWizard::showLesson(const std::string& text, float left, float top) {
-    hints_.showLesson(text, left, top);
+bool TutorialWizard::showLesson(const std::string& text, float left, float top) {
+    return hints_.showLesson(text, left, top);
 }
 
 } // namespace velorin

@@ -39,7 +39,7 @@ private:
     float Left() override;
     float Top() override;
     float labelTop(int lesson, int step) override;
-    void showLesson(const std::string& text, float left, float top) override;
+    bool showLesson(const std::string& text, float left, float top) override;
 
     Studio& studio_;
     std::unique_ptr<WizardDesk> wizardDesk_;

@@ -16,8 +16,8 @@ public:
     [[nodiscard]] virtual float labelTop(int lesson, int step) = 0; ///< in its panel
 
     /// Shows a text in `frminfo` at a place in twips. Returns when the user has closed it, or when
-    /// the program ends.
-    virtual void showLesson(const std::string& text, float left, float top) = 0;
+    /// the program ends; false if the user has declined the step.
+    [[nodiscard]] virtual bool showLesson(const std::string& text, float left, float top) = 0;
 };
 
 } // namespace velorin

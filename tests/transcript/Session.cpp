@@ -114,11 +114,28 @@ Lines Session::run(const std::string& line) {
     return answer_;
 }
 
+// As a user would, who rests the pointer until the hint is there and then goes on. What is planned
+// for the same moment comes after it.
+void Session::waitForHint() {
+    const auto isWaiting = [this] {
+        return isRunning() && !host.time.isEnding() &&
+               host.time.now() < program_->hints.loadedFrom();
+    };
+    if (!isWaiting())
+        return;
+    while (isWaiting())
+        host.time.waitUntil(program_->hints.loadedFrom());
+    if (isRunning())
+        program_->hints.endLoad();
+}
+
 void Session::perform(const Words& words) {
     ++depth_;
     Lines lines;
     try {
         lines = carryOut(*this, words);
+        if (depth_ == 1)
+            waitForHint();
     } catch (const CommandError& error) {
         lines = {printedLine(std::string("error: ") + error.what(), folder())};
     }

@@ -58,6 +58,7 @@ private:
     void perform(const Words& words);
     void startProgram();
     bool closeLesson(); ///< true if one was open
+    void waitForHint();
 
     std::unique_ptr<velorin::Program> program_;
     Lines answer_;

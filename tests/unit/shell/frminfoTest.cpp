@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <QLabel>
+#include <QTest>
 #include <QToolButton>
 #include <QWidget>
 
@@ -31,10 +32,12 @@ protected:
     [[nodiscard]] QWidget* label() { return info.window()->findChild<QLabel*>("Label1"); }
 };
 
-TEST_F(frminfoTest, AHintShowsAfterASecond) {
-    host.time.plan(nanosecondsPerSecond / 2, [this] { EXPECT_FALSE(shown()); });
+TEST_F(frminfoTest, AHintShowsAfterASecondAndHoldsNobodyUp) {
     info.showHint(&button, "a\r\nb", QPoint(30, 40));
-    EXPECT_EQ(host.time.now(), nanosecondsPerSecond);
+    EXPECT_EQ(host.time.now(), 0);
+    host.time.pass(nanosecondsPerSecond - 1);
+    EXPECT_FALSE(shown());
+    host.time.pass(1);
     EXPECT_TRUE(shown());
     EXPECT_EQ(text(), "a\nb");
     EXPECT_EQ(info.window()->pos(), QPoint(30, 40));
@@ -42,7 +45,7 @@ TEST_F(frminfoTest, AHintShowsAfterASecond) {
 
 TEST_F(frminfoTest, AHintStandsForThreeSecondsAndIsThenUnloaded) {
     info.showHint(&button, "hint", {});
-    host.time.pass(3 * nanosecondsPerSecond - 1);
+    host.time.pass(4 * nanosecondsPerSecond - 1);
     EXPECT_TRUE(shown());
     host.time.pass(1);
     EXPECT_FALSE(shown());
@@ -52,37 +55,58 @@ TEST_F(frminfoTest, AHintStandsForThreeSecondsAndIsThenUnloaded) {
 
 TEST_F(frminfoTest, AMoveOverTheSameControlDoesNotProlongAHint) {
     info.showHint(&button, "hint", {});
-    host.time.pass(2 * nanosecondsPerSecond);
+    host.time.pass(3 * nanosecondsPerSecond);
     info.showHint(&button, "hint", {});
-    EXPECT_EQ(host.time.now(), 3 * nanosecondsPerSecond);
+    EXPECT_TRUE(shown());
     host.time.pass(nanosecondsPerSecond);
     EXPECT_FALSE(shown());
 }
 
-TEST_F(frminfoTest, APointerThatLeavesDuringTheWaitSeesNoHint) {
-    host.time.plan(nanosecondsPerSecond / 2, [this] { info.unload(); });
+TEST_F(frminfoTest, APointerThatLeavesDuringTheSecondSeesNoHint) {
     info.showHint(&button, "hint", {});
-    EXPECT_FALSE(shown());
+    host.time.pass(nanosecondsPerSecond / 2);
+    info.unload();
     EXPECT_FALSE(info.isLoaded());
     host.time.pass(5 * nanosecondsPerSecond);
     EXPECT_FALSE(shown());
 }
 
-TEST_F(frminfoTest, AMoveOverTheSameControlDuringTheWaitChangesNothing) {
-    host.time.plan(nanosecondsPerSecond / 2, [this] { info.showHint(&button, "hint", {}); });
+TEST_F(frminfoTest, AMoveOverTheSameControlDuringTheSecondChangesNothing) {
     info.showHint(&button, "hint", {});
-    EXPECT_EQ(host.time.now(), nanosecondsPerSecond);
+    host.time.pass(nanosecondsPerSecond / 2);
+    info.showHint(&button, "hint", {});
+    host.time.pass(nanosecondsPerSecond / 2);
     EXPECT_TRUE(shown());
 }
 
-TEST_F(frminfoTest, AnotherControlDuringTheWaitStartsItsOwnSecond) {
-    host.time.plan(nanosecondsPerSecond / 2, [this] {
-        info.unload();
-        info.showHint(&other, "second", {});
-    });
+TEST_F(frminfoTest, AnotherControlDuringTheSecondStartsItsOwn) {
     info.showHint(&button, "first", {});
-    EXPECT_EQ(host.time.now(), nanosecondsPerSecond * 3 / 2);
+    host.time.pass(nanosecondsPerSecond / 2);
+    info.unload();
+    info.showHint(&other, "second", {});
+    host.time.pass(nanosecondsPerSecond - 1);
+    EXPECT_FALSE(shown());
+    host.time.pass(1);
+    EXPECT_TRUE(shown());
     EXPECT_EQ(text(), "second");
+}
+
+TEST_F(frminfoTest, ALessonTakesThePlaceOfAHintThatWaits) {
+    info.showHint(&button, "hint", {});
+    host.time.plan(2 * nanosecondsPerSecond, [this] {
+        EXPECT_EQ(text(), "step");
+        info.imgTitleClose_Click();
+    });
+    EXPECT_TRUE(info.showLesson("step", 0.0F, 0.0F));
+    host.time.pass(nanosecondsPerSecond);
+    EXPECT_FALSE(shown());
+}
+
+TEST_F(frminfoTest, AHintWhoseButtonNoScreenWouldShowComesIntoTheScreen) {
+    info.load();
+    info.showHint(&button, "hint", {900, 40});
+    EXPECT_EQ(info.window()->geometry().right() + 1, 1024);
+    EXPECT_EQ(info.window()->y(), 40);
 }
 
 TEST_F(frminfoTest, LoadingTakesTheSecondAndShowsNothing) {
@@ -112,6 +136,7 @@ TEST_F(frminfoTest, EachOutlineOfTheWindowIsCounted) {
 }
 
 TEST_F(frminfoTest, TheWindowIsOnePixelHigherThanItsText) {
+    info.load();
     info.showHint(&button, "one line", {});
     EXPECT_EQ(info.window()->height(), label()->height() + 1);
     EXPECT_EQ(info.window()->width(), 360);
@@ -128,7 +153,7 @@ TEST_F(frminfoTest, ALessonStaysUntilTheUserClosesIt) {
         info.unload(); // what the main window does when the pointer leaves a button
         info.window()->findChild<QToolButton*>("imgTitleClose")->click();
     });
-    info.showLesson("step", 150.0F, 300.0F);
+    EXPECT_TRUE(info.showLesson("step", 150.0F, 300.0F));
     EXPECT_TRUE(open);
     EXPECT_EQ(host.time.now(), 60 * nanosecondsPerSecond);
     EXPECT_FALSE(shown());
@@ -136,9 +161,40 @@ TEST_F(frminfoTest, ALessonStaysUntilTheUserClosesIt) {
     EXPECT_EQ(info.window()->width(), 460);
 }
 
+TEST_F(frminfoTest, TheEscapeKeyDeclinesTheStepOfALesson) {
+    const auto endWith = [this](Qt::Key key) {
+        host.time.plan(2 * nanosecondsPerSecond,
+                       [this, key] { QTest::keyClick(info.window(), key); });
+        return info.showLesson("step", 0.0F, 0.0F);
+    };
+    EXPECT_TRUE(endWith(Qt::Key_Return));
+    EXPECT_FALSE(endWith(Qt::Key_Escape));
+    EXPECT_FALSE(shown());
+    EXPECT_TRUE(endWith(Qt::Key_Space));
+}
+
+// The place is one of a screen that is gone; the window would block all others.
+TEST_F(frminfoTest, ALessonAlwaysHasItsCloseButtonOnTheScreen) {
+    const auto buttonOf = [this](float left, float top) {
+        QRect button;
+        host.time.plan(2 * nanosecondsPerSecond, [this, &button] {
+            const QWidget* close = info.window()->findChild<QToolButton*>("imgTitleClose");
+            button = QRect(close->mapToGlobal(QPoint(0, 0)), close->size());
+            info.imgTitleClose_Click();
+        });
+        EXPECT_TRUE(info.showLesson("step", left, top));
+        return button;
+    };
+    const QRect screen(0, 0, 1024, 768);
+    EXPECT_TRUE(screen.contains(buttonOf(-15'000.0F, 300.0F)));
+    EXPECT_TRUE(screen.contains(buttonOf(15'000.0F, 300.0F)));
+    EXPECT_TRUE(screen.contains(buttonOf(300.0F, -300.0F)));
+    EXPECT_TRUE(screen.contains(buttonOf(300.0F, 12'000.0F)));
+}
+
 TEST_F(frminfoTest, TheEndOfTheProgramEndsALesson) {
     host.time.plan(2 * nanosecondsPerSecond, [this] { host.time.end(); });
-    info.showLesson("step", 0.0F, 0.0F);
+    static_cast<void>(info.showLesson("step", 0.0F, 0.0F));
     EXPECT_FALSE(shown());
     EXPECT_FALSE(info.isLessonOpen());
 }

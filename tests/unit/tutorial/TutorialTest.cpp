@@ -27,13 +27,16 @@ struct PlainView final : WizardView {
     float Left() override { return 2670.0F; }
     float Top() override { return 2235.0F; }
     float labelTop(int, int step) override { return 750.0F + 360.0F * static_cast<float>(step); }
-    void showLesson(const std::string& text, float leftGiven, float topGiven) override {
+    bool showLesson(const std::string& text, float leftGiven, float topGiven) override {
         hints.push_back(text);
         left = leftGiven;
         top = topGiven;
         if (onHint)
             onHint();
+        return goesOn;
     }
+
+    bool goesOn = true;
 };
 
 class TutorialTest : public testing::Test {
@@ -67,6 +70,13 @@ TEST_F(TutorialTest, TheHintStandsByTheWizardBelowTheStep) {
     tutorial.L1_Click(2);
     EXPECT_EQ(view.left, 2670.0F - 500.0F);
     EXPECT_EQ(view.top, 2235.0F + 750.0F + 720.0F + 1500.0F);
+}
+
+TEST_F(TutorialTest, AStepThatTheUserDeclinesIsNotPerformed) {
+    view.goesOn = false;
+    tutorial.L1_Click(2);
+    EXPECT_EQ(view.hints.size(), 1U);
+    EXPECT_TRUE(desk.log.empty());
 }
 
 TEST_F(TutorialTest, WithoutTipsAStepIsPerformedAtOnce) {
