@@ -10,40 +10,49 @@ namespace velorin::host {
 
 namespace {
 
+constexpr char notesMissing[] =
+    "The synthesizer does not keep up, so notes are missing. Play fewer notes at a time.";
+
 class SynthDevice final : public MidiDevice {
 public:
-    SynthDevice(platform::Clock& clock, std::shared_ptr<SynthSource> source)
-        : clock_(clock), source_(std::move(source)) {}
+    SynthDevice(platform::Clock& clock, std::shared_ptr<SynthSource> source,
+                std::shared_ptr<Complaint> noRoom)
+        : clock_(clock), source_(std::move(source)), noRoom_(std::move(noRoom)) {}
 
     ~SynthDevice() override { source_->silence(clock_.QueryPerformanceCounter()); }
 
     void send(const ShortMessage& message) override {
-        source_->send(clock_.QueryPerformanceCounter(), message);
+        if (!source_->send(clock_.QueryPerformanceCounter(), message))
+            noRoom_->say(notesMissing);
     }
 
 private:
     platform::Clock& clock_;
     std::shared_ptr<SynthSource> source_;
+    std::shared_ptr<Complaint> noRoom_;
 };
 
 // Messages lie ready in the stream some time before they are due, so the sequencer's thread may
 // wake late by that much.
 class SynthPort final : public SequencerPort {
 public:
-    SynthPort(platform::Clock& clock, std::shared_ptr<SynthSource> source)
-        : clock_(clock), source_(std::move(source)) {}
+    SynthPort(platform::Clock& clock, std::shared_ptr<SynthSource> source,
+              std::shared_ptr<Complaint> noRoom)
+        : clock_(clock), source_(std::move(source)), noRoom_(std::move(noRoom)) {}
 
     ~SynthPort() override { source_->silence(clock_.QueryPerformanceCounter()); }
 
     bool isReady() const override { return source_->isSettled(); }
     std::int64_t leadNs() const override { return 20'000'000; }
     void send(std::int64_t dueNs, const ShortMessage& message) override {
-        source_->send(dueNs, message);
+        if (!source_->send(dueNs, message))
+            noRoom_->say(notesMissing);
     }
 
 private:
     platform::Clock& clock_;
     std::shared_ptr<SynthSource> source_;
+    std::shared_ptr<Complaint> noRoom_;
 };
 
 } // namespace
@@ -55,12 +64,12 @@ SynthDevices::~SynthDevices() {
 
 std::unique_ptr<MidiDevice> SynthDevices::open(std::size_t index) {
     take(device_, index);
-    return std::make_unique<SynthDevice>(clock_, device_.source);
+    return std::make_unique<SynthDevice>(clock_, device_.source, noRoom_);
 }
 
 std::unique_ptr<SequencerPort> SynthDevices::openForSequencer(std::size_t index) {
     take(sequencer_, index);
-    return std::make_unique<SynthPort>(clock_, sequencer_.source);
+    return std::make_unique<SynthPort>(clock_, sequencer_.source, noRoom_);
 }
 
 void SynthDevices::take(Playing& playing, std::size_t index) {

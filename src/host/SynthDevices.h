@@ -58,6 +58,7 @@ private:
     Playing device_;    ///< of the font opened last
     Playing sequencer_; ///< of the font that a MID file played on last
     std::shared_ptr<Complaint> cannotLoad_ = std::make_shared<Complaint>();
+    std::shared_ptr<Complaint> noRoom_ = std::make_shared<Complaint>();
 };
 
 } // namespace velorin::host

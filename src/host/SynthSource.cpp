@@ -20,13 +20,32 @@ constexpr int quietBlocksToSleep = streamRateHz / 2 / blockFrames;
 
 } // namespace
 
-void SynthSource::send(std::int64_t stampNs, const ShortMessage& message) {
-    if (message.count > 0)
-        orders_.push({stampNs, message});
+bool SynthSource::send(std::int64_t stampNs, const ShortMessage& message) {
+    if (message.count == 0)
+        return true;
+    const bool begins = message.kind() == 0x90 && message.byte[2] > 0;
+    if (begins && orders_.write_available() <= roomToEndNotes)
+        return false;
+    if (push({stampNs, message}))
+        return true;
+    giveUpWaiting();
+    return false;
 }
 
 void SynthSource::silence(std::int64_t stampNs) {
-    orders_.push({stampNs, {}});
+    if (!push({stampNs, {}}))
+        giveUpWaiting();
+}
+
+bool SynthSource::push(const Order& order) {
+    if (!orders_.push(order))
+        return false;
+    ++sent_;
+    return true;
+}
+
+void SynthSource::giveUpWaiting() {
+    givenUp_.store(sent_, std::memory_order_release);
 }
 
 void SynthSource::provide(std::unique_ptr<Synth> synth) {
@@ -37,15 +56,17 @@ void SynthSource::provide(std::unique_ptr<Synth> synth) {
 
 void SynthSource::mix(SoundBlock& block, std::int64_t firstFrame, const StreamClock& clock) {
     Synth* synth = synth_.load(std::memory_order_acquire);
+    dropGivenUp(synth != nullptr);
     if (!synth) {
         if (failed_.load(std::memory_order_acquire))
-            orders_.consume_all([](const Order&) {});
+            taken_ += orders_.consume_all([](const Order&) {});
         return;
     }
     while (fadeBlocksLeft_ == 0 && orders_.read_available() > 0 &&
            clock.dueFrame(orders_.front().stampNs) <= firstFrame) {
         carryOut(orders_.front());
         orders_.pop();
+        ++taken_;
     }
     if (asleep_)
         return;
@@ -59,16 +80,30 @@ void SynthSource::mix(SoundBlock& block, std::int64_t firstFrame, const StreamCl
     }
 }
 
+void SynthSource::dropGivenUp(bool isLoaded) {
+    const std::uint64_t givenUp = givenUp_.load(std::memory_order_acquire);
+    if (givenUp == givenUpSeen_)
+        return;
+    givenUpSeen_ = givenUp;
+    for (; taken_ < givenUp; ++taken_)
+        orders_.pop();
+    if (isLoaded)
+        beSilent();
+}
+
 void SynthSource::carryOut(const Order& order) {
-    if (order.message.count > 0) {
-        owned_->send(order.message);
-        quietBlocks_ = 0;
-        asleep_ = asleep_ && order.message.kind() != 0x90;
-    } else if (asleep_) {
+    if (order.message.count == 0)
+        return beSilent();
+    owned_->send(order.message);
+    quietBlocks_ = 0;
+    asleep_ = asleep_ && order.message.kind() != 0x90;
+}
+
+void SynthSource::beSilent() {
+    if (asleep_)
         owned_->reset();
-    } else {
+    else if (fadeBlocksLeft_ == 0)
         fadeBlocksLeft_ = fadeBlocks;
-    }
 }
 
 void SynthSource::fade() {

@@ -15,10 +15,14 @@ namespace velorin::host {
 
 /// Takes messages from the moment it is made; they wait until the synthesizer has come. What is
 /// sent from one thread, the control thread, is carried out in that order.
+///
+/// The room for what waits is large and has an end. Its last quarter takes no note that begins, so
+/// that there is room for what ends notes; when that is full too, everything that waits is given up
+/// and the synthesizer silenced. So a note may be missing, and none hangs.
 class SynthSource final : public SoundSource {
 public:
     // For the control thread.
-    void send(std::int64_t stampNs, const ShortMessage& message);
+    [[nodiscard]] bool send(std::int64_t stampNs, const ShortMessage& message); ///< false: no room
     void silence(std::int64_t stampNs); ///< ends what sounds; programs and controllers too
 
     /// Brings the synthesizer, once; null for one that cannot be had, which drops all messages.
@@ -38,19 +42,29 @@ private:
         ShortMessage message; ///< an empty one asks for silence
     };
 
+    [[nodiscard]] bool push(const Order& order);
+    void giveUpWaiting();
+    void dropGivenUp(bool isLoaded);
     void carryOut(const Order& order);
+    void beSilent();
     void fade();
     void sleepIfQuiet();
     void beginSleep();
 
-    /// Room for a minute of the densest score, should the SoundFont take that long.
-    boost::lockfree::spsc_queue<Order> orders_{1 << 15};
+    /// Room for many seconds of the densest score, should the SoundFont take that long.
+    static constexpr std::size_t room = 1 << 15;
+    static constexpr std::size_t roomToEndNotes = room / 4;
+    boost::lockfree::spsc_queue<Order> orders_{room};
+    std::uint64_t sent_ = 0;                ///< orders so far; of the control thread
+    std::atomic<std::uint64_t> givenUp_{0}; ///< the first so many of them are not to be carried out
 
     std::unique_ptr<Synth> owned_;
     std::atomic<Synth*> synth_{nullptr};
     std::atomic<bool> failed_{false};
 
     // Of the stream's thread.
+    std::uint64_t taken_ = 0;       ///< orders so far
+    std::uint64_t givenUpSeen_ = 0; ///< `givenUp_` when it was looked at last
     SoundBlock own_{};
     int fadeBlocksLeft_ = 0;
     int quietBlocks_ = 0;

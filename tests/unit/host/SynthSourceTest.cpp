@@ -34,7 +34,25 @@ protected:
         source_->provide(Synth::load(test::anySoundFont(), streamRateHz, FontLoading::whole));
     }
 
-    void send(const ShortMessage& message) { source_->send(stream_.nowNs(), message); }
+    void send(const ShortMessage& message) { EXPECT_TRUE(trySend(message)); }
+    bool trySend(const ShortMessage& message) { return source_->send(stream_.nowNs(), message); }
+    bool trySendLater(const ShortMessage& message) {
+        return source_->send(stream_.nowNs() + 10'000 * msNs, message);
+    }
+
+    // A held note that sounds.
+    void sound() {
+        loadWith(squareLead);
+        send(noteOn(69));
+        pullMs(100);
+    }
+
+    [[nodiscard]] bool isHeardAfter(int milliseconds) {
+        pullMs(milliseconds);
+        const std::int64_t from = framesSoFar();
+        pullMs(100);
+        return onsetAfter(stream_.stereo, from, 0.001F) >= 0;
+    }
 
     // A loaded synthesizer with the instrument on channel 0.
     void loadWith(unsigned program) {
@@ -85,10 +103,10 @@ TEST_F(TheSynthesizer, KeepsTheDistancesOfItsMessages) {
         const std::int64_t stamp = start + column * 40 * msNs;
         pullUntil(stamp);
         const std::int64_t before = framesSoFar();
-        source_->send(stamp, noteOn(76));
+        EXPECT_TRUE(source_->send(stamp, noteOn(76)));
         pullUntil(stamp + 20 * msNs);
         source_->silence(stamp + 20 * msNs);
-        source_->send(stamp + 20 * msNs, unpack(0xC0 | woodblock << 8));
+        EXPECT_TRUE(source_->send(stamp + 20 * msNs, unpack(0xC0 | woodblock << 8)));
         pullUntil(stamp + 35 * msNs);
         onsets.push_back(onsetAfter(stream_.stereo, before, 0.001F));
     }
@@ -125,7 +143,7 @@ TEST_F(TheSynthesizer, ThatCannotBeHadSwallowsItsMessages) {
     send(noteOn(69));
     source_->provide(nullptr);
     for (int i = 0; i < 100'000; ++i) {
-        send(noteOff(69));
+        (void)trySend(noteOff(69));
     }
     pullMs(100);
     EXPECT_EQ(onsetAfter(stream_.stereo, 0, 0.0F), -1);
@@ -177,6 +195,39 @@ TEST_F(TheSynthesizer, IsTheSameInEveryRun) {
         synth->render(run.data(), 22050);
     }
     EXPECT_EQ(runs[0], runs[1]);
+}
+
+constexpr int moreThanThereIsRoomFor = 100'000;
+
+TEST_F(TheSynthesizer, TakesTheEndOfANoteWhenItTakesNoMoreNotes) {
+    sound();
+    int refused = 0;
+    for (int i = 0; i < moreThanThereIsRoomFor; ++i)
+        refused += trySend(noteOn(69)) ? 0 : 1;
+    EXPECT_GT(refused, 0);
+    EXPECT_TRUE(trySend(noteOff(69)));
+    EXPECT_FALSE(isHeardAfter(3000));
+}
+
+// The end of a note that finds no room might be missing for ever.
+TEST_F(TheSynthesizer, IsSilencedWhenThereIsNoRoomForTheEndOfANote) {
+    sound();
+    int taken = 0;
+    while (trySendLater(noteOff(60)) && taken < moreThanThereIsRoomFor)
+        ++taken;
+    EXPECT_LT(taken, moreThanThereIsRoomFor);
+    EXPECT_FALSE(isHeardAfter(100));
+    send(noteOn(69));
+    EXPECT_TRUE(isHeardAfter(0)) << "it plays on";
+}
+
+TEST_F(TheSynthesizer, IsSilencedWhenThereIsNoRoomForASilence) {
+    sound();
+    for (int i = 0; i < 1 << 15; ++i)
+        ASSERT_TRUE(trySendLater(noteOff(60)));
+    EXPECT_TRUE(isHeardAfter(100));
+    source_->silence(stream_.nowNs());
+    EXPECT_FALSE(isHeardAfter(100));
 }
 
 } // namespace
