@@ -68,7 +68,8 @@ std::uint32_t HostMidiOut::midiOutOpen(platform::MidiOutHandle& handle, int inde
     if (!scanned_)
         midiOutGetNumDevs();
     open_ = openDevice(index);
-    if (!open_)
+    refused_ = !open_;
+    if (refused_)
         return platform::midiBadDevice;
     isPort_ = static_cast<std::size_t>(std::max(index, 0)) >= synths_.count();
     handle = ++lastHandle_;
@@ -86,9 +87,18 @@ std::uint32_t HostMidiOut::midiOutClose(platform::MidiOutHandle handle) {
     return platform::midiSuccess;
 }
 
+// Without any device there is nothing to choose, and a missing SoundFont has been told of.
+void HostMidiOut::tellOfSilence() {
+    if (refused_ && synths_.count() + ports_.count() > 0)
+        notHeard_.say("Nothing is heard, for the MIDI device could not be opened. Click \"Stop all "
+                      "sound\" to open it again, or choose another one in the Setup Toolbar.");
+}
+
 std::uint32_t HostMidiOut::midiOutShortMsg(platform::MidiOutHandle handle, std::uint32_t message) {
-    if (!isOpen(handle))
+    if (!isOpen(handle)) {
+        tellOfSilence();
         return platform::midiBadHandle;
+    }
     const ShortMessage bytes = unpack(message);
     if (bytes.count == 0)
         return platform::midiBadParameter;

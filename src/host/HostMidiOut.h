@@ -1,6 +1,7 @@
 // The MIDI output devices of the host: the built-in synthesizers, then the MIDI ports.
 #pragma once
 
+#include "host/Complaint.h"
 #include "host/MidiDevice.h"
 #include "host/MidiPorts.h"
 #include "host/SynthDevices.h"
@@ -37,6 +38,7 @@ public:
 
 private:
     [[nodiscard]] bool isOpen(platform::MidiOutHandle handle) const;
+    void tellOfSilence();
     [[nodiscard]] std::unique_ptr<MidiDevice> openDevice(int index);
 
     SynthDevices& synths_;
@@ -44,7 +46,9 @@ private:
     std::function<void()> beforeOpening_;
     std::function<void()> beforeSending_;
     bool scanned_ = false;
-    bool isPort_ = false;              ///< of `open_`
+    bool isPort_ = false;  ///< of `open_`
+    bool refused_ = false; ///< the last open, so that nothing is heard
+    Complaint notHeard_;
     std::unique_ptr<MidiDevice> open_; ///< the program has one device open at a time
     platform::MidiOutHandle lastHandle_ = 0;
 };

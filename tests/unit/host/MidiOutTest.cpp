@@ -94,5 +94,23 @@ TEST_F(TheDevices, ASoundFontThatCannotBeLoadedIsSaidOnce) {
               "velorin: cannot load the SoundFont /nowhere/at.sf2\n");
 }
 
+// A MID file that plays leaves a device behind that is not there, and the next song is silent.
+TEST_F(TheDevices, OneThatWasRefusedIsToldOfWhenItShouldSound) {
+    MidiOutHandle handle = 0;
+    ASSERT_EQ(midi_.midiOutOpen(handle, 0), 0U);
+    midi_.midiOutClose(handle);
+    testing::internal::CaptureStderr();
+    EXPECT_NE(midi_.midiOutShortMsg(handle, 0x7F3C90), 0U); // closed in order
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    EXPECT_NE(midi_.midiOutOpen(handle, 1000), 0U);
+    testing::internal::CaptureStderr();
+    for (int note = 0; note < 3; ++note)
+        EXPECT_NE(midi_.midiOutShortMsg(handle, 0x7F3C90), 0U);
+    EXPECT_EQ(
+        testing::internal::GetCapturedStderr(),
+        "velorin: Nothing is heard, for the MIDI device could not be opened. Click \"Stop all "
+        "sound\" to open it again, or choose another one in the Setup Toolbar.\n");
+}
+
 } // namespace
 } // namespace velorin::host
