@@ -1,6 +1,7 @@
 // Putting the sound together.
 #include "host/HostSound.h"
 
+#include <chrono>
 #include <cstdlib>
 
 namespace velorin::host {
@@ -15,12 +16,11 @@ std::filesystem::path homeFolder() {
 } // namespace
 
 HostSound::HostSound(const std::filesystem::path& programFolder, const RecordingFolders& recordings)
-    : synths_(clock_, engine_, worker_,
+    : synths_(clock_, *engine_, worker_,
               findSoundFonts(soundFontFolders(programFolder, homeFolder()))),
       midi_(
-          synths_, ports_, [this] { worker_.post([this] { engine_.regainCard(); }); },
-          [this] { wake(); }),
-      mci_({engine_,
+          synths_, ports_, [this] { lookForCard(); }, [this] { wake(); }),
+      mci_({*engine_,
             [this](int device) {
                 wake(); // the synthesizer may be there from the file before
                 return midi_.openForSequencer(device);
@@ -28,29 +28,56 @@ HostSound::HostSound(const std::filesystem::path& programFolder, const Recording
             [this] { return midi_.isPortOpen(); }, [this] { wake(); }, recordings}) {
     if (synths_.count() == 0)
         noFont_.say("no SoundFont found; the built-in synthesizer cannot play");
-    worker_.post([this] { engine_.start(); });
+    cards_->post([engine = engine_] { engine->start(); });
     worker_.post([recordings] { finishLeftRecordings(recordings); });
-    engine_.onAdded = [this] { wake(); };
+    engine_->onAdded = [this] { wake(); };
+}
+
+// A call of a sound server that hangs never returns. What it uses is left behind then, and ends
+// with the process.
+HostSound::~HostSound() {
+    using namespace std::chrono_literals;
+    engine_->onAdded = nullptr;
+    engine_->stopLooking();
+    cards_->post([engine = engine_] { engine->end(); });
+    if (!cards_->waitUntilIdle(2s))
+        static_cast<void>(cards_.release());
+}
+
+void HostSound::begin() {
+    cards_->release();
+    worker_.release();
+}
+
+// One look at a time: a card that does not keep the pace takes three seconds to be found out, and
+// whoever presses "Stop all" meanwhile need not have it looked at again.
+void HostSound::lookForCard() {
+    if (looksForCard_->exchange(true))
+        return;
+    cards_->post([engine = engine_, looks = looksForCard_] {
+        engine->regainCard();
+        looks->store(false);
+    });
 }
 
 // A file's own rests are not slept through either.
 void HostSound::restIfQuiet() {
-    if (resting_ || !engine_.isQuiet() || mci_.isRunning())
+    if (resting_ || !engine_->isQuiet() || mci_.isRunning())
         return;
     resting_ = true;
-    worker_.post([this] { engine_.rest(); });
+    cards_->post([engine = engine_] { engine->rest(); });
 }
 
 void HostSound::lookAfterCard() {
-    if (!resting_ && engine_.hasLostCard())
-        worker_.post([this] { engine_.regainCard(); });
+    if (!resting_ && engine_->hasLostCard())
+        lookForCard();
 }
 
 void HostSound::wake() {
     if (!resting_)
         return;
     resting_ = false;
-    worker_.post([this] { engine_.start(); });
+    cards_->post([engine = engine_] { engine->start(); });
 }
 
 } // namespace velorin::host

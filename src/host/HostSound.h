@@ -7,7 +7,9 @@
 #include "host/SystemClock.h"
 #include "host/Worker.h"
 
+#include <atomic>
 #include <filesystem>
+#include <memory>
 
 namespace velorin::host {
 
@@ -15,13 +17,16 @@ class HostSound {
 public:
     /// Opens nothing yet; what is sent meanwhile waits.
     HostSound(const std::filesystem::path& programFolder, const RecordingFolders& recordings);
+    ~HostSound(); ///< waits two seconds at most for a sound server that hangs
+    HostSound(const HostSound&) = delete;
+    HostSound& operator=(const HostSound&) = delete;
 
-    /// Returns at once: the sound card and the SoundFonts are opened by a thread of their own,
-    /// which also finishes the recordings that a crash has left.
-    void begin() { worker_.release(); }
+    /// Returns at once: the sound card and the SoundFonts are opened each by a thread of its own.
+    /// The latter finishes the recordings first that a crash has left.
+    void begin();
 
     [[nodiscard]] SystemClock& clock() { return clock_; }
-    [[nodiscard]] SoundEngine& engine() { return engine_; }
+    [[nodiscard]] SoundEngine& engine() { return *engine_; }
     [[nodiscard]] platform::MidiOut& midi() { return midi_; }
     [[nodiscard]] platform::Mci& mci() { return mci_; }
 
@@ -33,9 +38,14 @@ public:
     void wake();          ///< the user is about to do something; a message wakes the stream too
 
 private:
+    void lookForCard();
+
     SystemClock clock_;
-    SoundEngine engine_;
-    Worker worker_{true}; ///< ends before the engine that its jobs use
+    std::shared_ptr<SoundEngine> engine_ =
+        std::make_shared<SoundEngine>(); ///< the jobs hold it too
+    std::shared_ptr<std::atomic<bool>> looksForCard_ = std::make_shared<std::atomic<bool>>(false);
+    std::unique_ptr<Worker> cards_ = std::make_unique<Worker>(true); ///< opens and closes the card
+    Worker worker_{true}; ///< loads SoundFonts; ends before the engine
     SynthDevices synths_;
     MidiPorts ports_;
     HostMidiOut midi_;

@@ -7,33 +7,37 @@
 
 #include <algorithm>
 #include <chrono>
-#include <thread>
 
 namespace velorin::host {
 
 namespace {
 
-template <typename Array, typename Item>
-void place(Array& array, Item* item) {
-    const auto free = std::find(array.begin(), array.end(), nullptr);
-    if (free != array.end())
-        *free = item;
+/// Takes out what has the address; null if there is none.
+template <typename Outlet>
+std::shared_ptr<Outlet> takeOut(std::vector<std::shared_ptr<Outlet>>& outlets,
+                                const Outlet* address) {
+    const auto found = std::find_if(outlets.begin(), outlets.end(),
+                                    [&](const auto& each) { return each.get() == address; });
+    if (found == outlets.end())
+        return nullptr;
+    std::shared_ptr<Outlet> taken = std::move(*found);
+    outlets.erase(found);
+    return taken;
 }
 
-template <typename Array, typename Item>
-void drop(Array& array, Item* item) {
-    std::replace(array.begin(), array.end(), item, static_cast<Item*>(nullptr));
+template <typename Outlet>
+std::vector<Outlet*> addresses(const std::vector<std::shared_ptr<Outlet>>& outlets) {
+    std::vector<Outlet*> all;
+    all.reserve(outlets.size());
+    for (const auto& outlet : outlets)
+        all.push_back(outlet.get());
+    return all;
 }
 
-template <typename Owners, typename Item>
-void release(Owners& owners, Item* item) {
-    owners.erase(std::remove_if(owners.begin(), owners.end(),
-                                [&](const auto& owner) { return owner.get() == item; }),
-                 owners.end());
-}
+} // namespace
 
 // A sound server that has just begun may take a first buffer and then nothing for two seconds.
-bool keepsPace(SdlSink& card) {
+bool SoundEngine::keepsPace(SdlSink& card) {
     using namespace std::chrono_literals;
     constexpr int looks = 30;
     constexpr int enough =
@@ -41,7 +45,10 @@ bool keepsPace(SdlSink& card) {
     card.beginSilent();
     int before = card.asked();
     for (int look = 0; look < looks && card.hasCard(); ++look) {
-        std::this_thread::sleep_for(100ms);
+        std::unique_lock lock(endMutex_);
+        if (ended_.wait_for(lock, 100ms, [this] { return ending_; }))
+            return false;
+        lock.unlock();
         const int asked = card.asked();
         if (look > 0 && asked - before >= enough)
             return true;
@@ -50,13 +57,24 @@ bool keepsPace(SdlSink& card) {
     return false;
 }
 
-} // namespace
-
 SoundEngine::SoundEngine() {
     SdlSink::askServersForRoom();
 }
 
 SoundEngine::~SoundEngine() {
+    sink_.reset();
+}
+
+void SoundEngine::stopLooking() {
+    {
+        const std::lock_guard lock(endMutex_);
+        ending_ = true;
+    }
+    ended_.notify_all();
+}
+
+void SoundEngine::end() {
+    const std::lock_guard lock(sinkMutex_);
     sink_.reset();
 }
 
@@ -118,69 +136,64 @@ bool SoundEngine::isReadAhead() const {
                        [](const auto& source) { return source->isReadAhead(); });
 }
 
-void SoundEngine::give(const Order& order) {
-    collectReleased();
-    orders_.push(order);
+void SoundEngine::handOver() {
+    handedOver_.push_back(std::make_unique<const Outlets>(
+        Outlets{++lastNumber_, addresses(sources_), addresses(taps_)}));
+    const Outlets* const untaken =
+        next_.exchange(handedOver_.back().get(), std::memory_order_acq_rel);
+    std::erase_if(handedOver_, [&](const auto& each) { return each.get() == untaken; });
+    collect();
 }
 
-void SoundEngine::collectReleased() {
-    Order order;
-    while (released_.pop(order)) {
-        release(sources_, order.source);
-        release(taps_, order.tap);
-    }
+// What the stream has taken over it still uses; what came before that it does not.
+void SoundEngine::collect() {
+    const std::uint64_t taken = takenOver_.load(std::memory_order_acquire);
+    std::erase_if(handedOver_, [taken](const auto& each) { return each->number < taken; });
+    std::erase_if(removed_, [taken](const Removed& each) { return each.number <= taken; });
 }
 
 void SoundEngine::add(std::shared_ptr<SoundSource> source) {
-    give({source.get(), nullptr, true});
     sources_.push_back(std::move(source));
+    handOver();
     if (onAdded)
         onAdded();
 }
 
 void SoundEngine::remove(SoundSource* source) {
-    give({source, nullptr, false});
+    removed_.push_back({takeOut(sources_, source), lastNumber_ + 1});
+    handOver();
 }
 
 void SoundEngine::add(std::shared_ptr<SoundTap> tap) {
-    give({nullptr, tap.get(), true});
     taps_.push_back(std::move(tap));
+    handOver();
     if (onAdded)
         onAdded();
 }
 
 void SoundEngine::remove(SoundTap* tap) {
-    give({nullptr, tap, false});
+    removed_.push_back({takeOut(taps_, tap), lastNumber_ + 1});
+    handOver();
 }
 
-void SoundEngine::takeOrders() {
-    Order order;
-    while (orders_.pop(order)) {
-        if (order.isAdding) {
-            if (order.source)
-                place(playing_, order.source);
-            if (order.tap)
-                place(tapped_, order.tap);
-            continue;
-        }
-        if (order.source)
-            drop(playing_, order.source);
-        if (order.tap)
-            drop(tapped_, order.tap);
-        released_.push(order);
-    }
+void SoundEngine::takeOver() {
+    const Outlets* const next = next_.exchange(nullptr, std::memory_order_acq_rel);
+    if (next == nullptr)
+        return;
+    outlets_ = next;
+    takenOver_.store(next->number, std::memory_order_release);
 }
 
 void SoundEngine::makeBlock() {
     block_.fill(0.0F);
-    for (SoundSource* source : playing_) {
-        if (source)
+    if (outlets_ != nullptr) {
+        for (SoundSource* source : outlets_->sources)
             source->mix(block_, madeFrames_, clock_);
     }
     countQuiet();
-    const TappedBlock tapped{madeFrames_, block_};
-    for (SoundTap* tap : tapped_) {
-        if (tap)
+    if (outlets_ != nullptr) {
+        const TappedBlock tapped{madeFrames_, block_};
+        for (SoundTap* tap : outlets_->taps)
             tap->write(tapped);
     }
     madeFrames_ += blockFrames;
@@ -188,16 +201,16 @@ void SoundEngine::makeBlock() {
 }
 
 void SoundEngine::countQuiet() {
-    const auto isThere = [](const auto* outlet) { return outlet != nullptr; };
-    const bool quiet = std::none_of(tapped_.begin(), tapped_.end(), isThere) &&
-                       std::all_of(block_.begin(), block_.end(), [](float s) { return s == 0.0F; });
+    const bool isTapped = outlets_ != nullptr && !outlets_->taps.empty();
+    const bool quiet =
+        !isTapped && std::all_of(block_.begin(), block_.end(), [](float s) { return s == 0.0F; });
     const int before = quietBlocks_.load(std::memory_order_relaxed);
     quietBlocks_.store(quiet ? std::min(before + 1, quietBlocksToRest) : 0,
                        std::memory_order_relaxed);
 }
 
 void SoundEngine::pull(float* stereo, int frames, std::int64_t atNs) {
-    takeOrders();
+    takeOver();
     clock_.observe(atNs, madeFrames_ - left_);
     while (frames > 0) {
         if (left_ == 0)

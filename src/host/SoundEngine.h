@@ -6,10 +6,9 @@
 #include "host/SoundSource.h"
 #include "host/StreamClock.h"
 
-#include <boost/lockfree/spsc_queue.hpp>
-
 #include <array>
 #include <atomic>
+#include <condition_variable>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -23,7 +22,8 @@ class SdlSink;
 class SoundTap;
 
 /// Sources and taps come and go on one thread, the control thread; the stream is pulled on another.
-/// Between the two there are queues and nothing else.
+/// The control thread hands over all that is to sound at once, so that the way between the two is
+/// never full and nothing can be lost on it.
 class SoundEngine {
 public:
     SoundEngine();  ///< to be made before other threads: it writes the environment
@@ -57,15 +57,22 @@ public:
     [[nodiscard]] bool hasLostCard();
 
     /// Says that the card has gone away, if it has, and goes over to the one that is there now, if
-    /// there is one. May take some 10 ms; may be called from any thread.
+    /// there is one and it keeps the pace. May take three seconds; may be called from any thread.
     void regainCard();
+
+    /// From now on `regainCard` returns soon. May be called from any thread.
+    void stopLooking();
+
+    /// Ends the stream for good, whatever sounds. A sound server that hangs may hold this up
+    /// without end; may be called from any thread.
+    void end();
 
     /// Whether the stream can be pulled on without leaving a source behind that reads a file: for
     /// one who pulls it by hand. For the control thread.
     [[nodiscard]] bool isReadAhead() const;
 
     // For the control thread.
-    void add(std::shared_ptr<SoundSource> source); ///< at most `mostSources` at a time
+    void add(std::shared_ptr<SoundSource> source);
     void remove(SoundSource* source);
     void add(std::shared_ptr<SoundTap> tap);
     void remove(SoundTap* tap);
@@ -74,40 +81,51 @@ public:
     /// or by a test in its stead.
     void pull(float* stereo, int frames, std::int64_t atNs);
 
-    static constexpr std::size_t mostSources = 16;
     static constexpr int quietBlocksToRest = 10 * streamRateHz / blockFrames;
 
 private:
-    struct Order {
-        SoundSource* source = nullptr;
-        SoundTap* tap = nullptr;
-        bool isAdding = false;
+    /// All that the stream serves, from when it is taken over until the next is.
+    struct Outlets {
+        std::uint64_t number = 0;
+        std::vector<SoundSource*> sources;
+        std::vector<SoundTap*> taps;
+    };
+    struct Removed {
+        std::shared_ptr<void> outlet;
+        std::uint64_t number; ///< of the first outlets without it
     };
 
     [[nodiscard]] PullStream pulling();
     [[nodiscard]] std::unique_ptr<SdlSink> openCard(std::string& reason);
-    void give(const Order& order);
-    void collectReleased();
-    void takeOrders();
+    [[nodiscard]] bool keepsPace(SdlSink& card);
+    void handOver();
+    void collect();
+    void takeOver();
     void makeBlock();
     void countQuiet();
 
     // Of the control thread: what lives because the stream may still use it.
     std::vector<std::shared_ptr<SoundSource>> sources_;
     std::vector<std::shared_ptr<SoundTap>> taps_;
+    std::vector<Removed> removed_;
+    std::vector<std::unique_ptr<const Outlets>> handedOver_; ///< the last is what holds now
+    std::uint64_t lastNumber_ = 0;
 
-    boost::lockfree::spsc_queue<Order> orders_{256};
-    boost::lockfree::spsc_queue<Order> released_{256};
+    std::atomic<const Outlets*> next_{nullptr}; ///< to be taken over; null if that was done
+    std::atomic<std::uint64_t> takenOver_{0};   ///< the number of what the stream serves
 
     // Of the stream's thread.
-    std::array<SoundSource*, mostSources> playing_{};
-    std::array<SoundTap*, mostSources> tapped_{};
+    const Outlets* outlets_ = nullptr; ///< null until the first are taken over
     StreamClock clock_{streamRateHz, delayFrames};
     SoundBlock block_{};
     int left_ = 0;                ///< frames of `block_` not handed out yet
     std::int64_t madeFrames_ = 0; ///< the number of the frame behind `block_`
 
     std::atomic<int> quietBlocks_{0}; ///< written by the stream's thread, and before it begins
+
+    std::mutex endMutex_; ///< never taken by the stream's thread
+    std::condition_variable ended_;
+    bool ending_ = false;
 
     std::mutex sinkMutex_; ///< never taken by the stream's thread
     std::unique_ptr<SoundSink> sink_;

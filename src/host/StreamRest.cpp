@@ -12,19 +12,29 @@ namespace velorin::host {
 
 StreamRest::StreamRest(HostSound& sound, std::function<bool()> isPlaying)
     : sound_(sound), isPlaying_(std::move(isPlaying)) {
-    using namespace std::chrono_literals;
     QObject::connect(&look_, &QTimer::timeout, this, [this] {
         if (!isPlaying_())
             sound_.restIfQuiet();
         sound_.lookAfterCard();
+        setPace();
     });
     look_.setTimerType(Qt::VeryCoarseTimer);
-    look_.start(5s);
+    setPace();
+    look_.start();
     QCoreApplication::instance()->installEventFilter(this);
 }
 
 StreamRest::~StreamRest() {
     QCoreApplication::instance()->removeEventFilter(this);
+}
+
+// A stream that runs wakes the process far more often than this, so a card that comes back is heard
+// soon. While it rests there is nothing to look after.
+void StreamRest::setPace() {
+    using namespace std::chrono_literals;
+    const auto pace = sound_.isResting() ? 5s : 1s;
+    if (look_.intervalAsDuration() != pace)
+        look_.setInterval(pace);
 }
 
 bool StreamRest::eventFilter(QObject*, QEvent* event) {

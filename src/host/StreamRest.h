@@ -21,6 +21,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void setPace();
+
     HostSound& sound_;
     std::function<bool()> isPlaying_;
     QTimer look_;

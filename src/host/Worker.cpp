@@ -35,6 +35,11 @@ void Worker::waitUntilIdle() {
     changed_.wait(lock, [this] { return jobs_.empty() && !busy_; });
 }
 
+bool Worker::waitUntilIdle(std::chrono::milliseconds most) {
+    std::unique_lock lock(mutex_);
+    return changed_.wait_for(lock, most, [this] { return (held_ || jobs_.empty()) && !busy_; });
+}
+
 void Worker::run() {
     std::unique_lock lock(mutex_);
     for (;;) {

@@ -1,6 +1,7 @@
 // A thread for what may take its time and must not hold up the windows.
 #pragma once
 
+#include <chrono>
 #include <condition_variable>
 #include <deque>
 #include <functional>
@@ -21,6 +22,8 @@ public:
     void post(std::function<void()> job); ///< a job must not throw
     void release();
     void waitUntilIdle(); ///< until every job posted so far is done
+    /// The same for at most that long; false if it was too short. One that is held is idle.
+    [[nodiscard]] bool waitUntilIdle(std::chrono::milliseconds most);
 
 private:
     void run();

@@ -1,5 +1,9 @@
-"""A sound server that dies under a song that is recorded, and comes back: no beat is missing, and the song is heard."""
+"""A sound server that dies under a song that is recorded, and comes back: no beat is missing, and the song is heard.
 
+One that hangs keeps nobody from leaving the program.
+"""
+
+import signal
 import statistics
 import time
 
@@ -87,8 +91,11 @@ def test(build):
         wait_until(lambda: not list(desk.songs.glob(".recording-*.part")), "the end of the recording")
         check_beats(from_first_sound(left_of(wav)))
         check_heard(desk, program)
+        desk.server.send_signal(signal.SIGSTOP)
+        program.press(8)
         program.press(14)
         check(program.process.wait(20) == 0, "the program does not end well")
+        desk.server.send_signal(signal.SIGCONT)
         complaints = program.complaints()
         check(complaints == "velorin: the sound card has gone away; what plays is not heard",
               f"on standard error: {complaints}")

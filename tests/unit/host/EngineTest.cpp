@@ -57,6 +57,21 @@ TEST(AWorker, ThatIsHeldKeepsItsJobsUntilItIsReleased) {
     EXPECT_EQ(done, 1);
 }
 
+TEST(AWorker, IsNotWaitedForLongerThanAskedFor) {
+    using namespace std::chrono_literals;
+    std::atomic<bool> goOn{false};
+    Worker worker(true);
+    worker.post([&goOn] {
+        while (!goOn)
+            std::this_thread::sleep_for(1ms);
+    });
+    EXPECT_TRUE(worker.waitUntilIdle(10s)) << "it is held";
+    worker.release();
+    EXPECT_FALSE(worker.waitUntilIdle(1ms));
+    goOn = true;
+    EXPECT_TRUE(worker.waitUntilIdle(10s));
+}
+
 TEST(AWorker, ThatIsHeldEndsWithItsJobsUndone) {
     std::atomic<int> done{0};
     {
@@ -109,6 +124,31 @@ TEST(TheStream, ForgetsASourceThatIsTakenAway) {
     EXPECT_EQ(stream.stereo[2 * 100], 0.0F);
     engine.add(std::make_shared<SoundTap>(0.1));
     EXPECT_TRUE(watched.expired());
+}
+
+// A stream that rests takes nothing over for as long as it rests.
+TEST(TheStream, LosesNoneOfManySourcesThatComeAndGoBetweenTwoPulls) {
+    SoundEngine engine;
+    HandPulled stream(engine);
+    stream.pull(64);
+    std::vector<std::shared_ptr<Counter>> stay;
+    for (int i = 0; i < 1000; ++i) {
+        auto source = std::make_shared<Counter>();
+        engine.add(source);
+        if (i % 50 == 0)
+            stay.push_back(source);
+        else
+            engine.remove(source.get());
+    }
+    stream.pull(64);
+    EXPECT_NEAR(stream.stereo[2 * 100], 20 * 100 / 1e6, 1e-6) << "twenty of them sound";
+    for (const auto& source : stay)
+        engine.remove(source.get());
+    stream.pull(64);
+    EXPECT_EQ(stream.stereo[2 * 150], 0.0F);
+    engine.add(std::make_shared<SoundTap>(0.1));
+    for (const auto& source : stay)
+        EXPECT_EQ(source.use_count(), 1);
 }
 
 TEST(TheStream, GoesToItsTapsBlockByBlock) {
