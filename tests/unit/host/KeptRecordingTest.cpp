@@ -342,7 +342,8 @@ TEST(AHeader, IsKnownAgain) {
     for (std::size_t i = 0; i < bytes.size(); ++i) {
         std::string other = bytes;
         other[i] = '!';
-        EXPECT_FALSE(WavHeader::read(other)) << i;
+        const bool isLength = (i >= 4 && i < 8) || i >= 40; // of the file, and of the sound
+        EXPECT_EQ(WavHeader::read(other).has_value(), isLength) << i;
     }
 }
 

@@ -49,7 +49,7 @@ protected:
     Tutorial tutorial{studio, desk, view};
 
     [[nodiscard]] std::string sample(const std::string& name) const {
-        return host.platform.programFolder + "\\media\\" + name;
+        return host.platform.programFolder + "/media/" + name;
     }
 };
 
