@@ -217,6 +217,7 @@ def check_mp3(wav, mp3, folder):
         return
     heard, expected = from_first_sound(sound), from_first_sound(both)
     check(abs(len(heard) - len(expected)) < listen.RATE / 4, "the MP3 is not twice as long as what was recorded")
+    heard, expected = aligned(heard, expected)
     likeness = correlation(profile(heard), profile(expected))
     check(likeness > 0.95, f"the MP3 is only {likeness:.3f} like the recording")
     for at in range(0, len(expected) - listen.RATE, listen.RATE):
@@ -232,6 +233,13 @@ def keys(sound):
 def profile(sound, step=2205):
     """How loud each twentieth of a second is."""
     return [statistics.fmean(map(abs, sound[at:at + step])) for at in range(0, len(sound) - step, step)]
+
+
+def aligned(one, other, most=5, step=2205):
+    """Both from the same moment on: a soft beginning may be found some hundredths of a second apart in them."""
+    def moved(by):
+        return one[max(by, 0) * step:], other[max(-by, 0) * step:]
+    return max(map(moved, range(-most, most + 1)), key=lambda both: correlation(*map(profile, both)))
 
 
 def correlation(one, other):

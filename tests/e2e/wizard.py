@@ -23,8 +23,8 @@ END_OF_BAR = 420  # of the highlight of a step
 PAPER, BAR = (255, 255, 255), (68, 74, 134)
 NOTES = ((255, 0, 0), (0, 0, 255))
 
-# Every way to close a hint; the steps take turns.
-CLOSINGS = ("text", "double click", "button", "Return", "space", "Escape")
+# Every way to close a hint after which its step is performed; the steps take turns.
+CLOSINGS = ("text", "double click", "button", "Return", "space")
 
 # What a loaded machine may need for a song with all that it waits for.
 SONG_PATIENCE_S = 90
@@ -79,6 +79,8 @@ class Wizard:
         """
         self.wait_until_free()
         line = index + (self.lesson == "Midi" and index >= BEHIND_HEADING)
+        if not self.steps:
+            self.decline(line)
         self.click_on(self.top + FIRST_STEP[1] + STEP_HEIGHT * line)
         hint = self.desk.window("Velorin Wizard")
         place = self.desk.settled(hint)
@@ -96,6 +98,13 @@ class Wizard:
             check(self.desk.screen.pixel(*self.double_clicked) not in NOTES, "a double click on a hint drew a note")
         self.double_clicked = None
         self.steps.add((self.lesson, index))
+
+    def decline(self, line):
+        """Escape closes a hint too, and leaves its step for later."""
+        self.click_on(self.top + FIRST_STEP[1] + STEP_HEIGHT * line)
+        self.desk.settled(self.desk.window("Velorin Wizard"))
+        self.desk.key("Escape")
+        self.desk.no_window("Velorin Wizard")
 
     def click_on(self, y):
         """Clicks a step once it is highlighted: a window that a dialog has just left does not see the mouse yet."""
