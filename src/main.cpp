@@ -73,10 +73,10 @@ int runProgram(velorin::host::EndSignals& signals) {
     host::QtDialogs dialogs(loop, QString::fromStdString((folder / "Songs").string()));
     host::QtMessageBoxes boxes;
     host::HostFiles files;
-    host::QtSettings settings;
+    host::QtSettings settings(host::QtSettings::defaultFile(), &notices);
     host::QtPopupMenus menus(loop);
     host::QtTimers timers;
-    host::KeptFolder kept(state);
+    host::KeptFolder kept(state, &notices);
     host::HostSystemFiles systemFiles(configFolder());
     host::LameEncoder encoder(QCoreApplication::applicationDirPath().toStdString());
     platform::Platform platform{

@@ -16,8 +16,10 @@ std::filesystem::path homeFolder() {
 } // namespace
 
 HostSound::HostSound(const std::filesystem::path& programFolder, const RecordingFolders& recordings)
-    : synths_(clock_, *engine_, worker_,
-              findSoundFonts(soundFontFolders(programFolder, homeFolder()))),
+    : engine_(std::make_shared<SoundEngine>(recordings.notices)),
+      synths_(clock_, *engine_, worker_,
+              findSoundFonts(soundFontFolders(programFolder, homeFolder())), recordings.notices),
+      ports_(recordings.notices),
       midi_(
           synths_, ports_, [this] { lookForCard(); }, [this] { wake(); }),
       mci_({*engine_,
@@ -27,7 +29,9 @@ HostSound::HostSound(const std::filesystem::path& programFolder, const Recording
             },
             [this] { return midi_.isPortOpen(); }, [this] { wake(); }, recordings}) {
     if (synths_.count() == 0)
-        noFont_.say("no SoundFont found; the built-in synthesizer cannot play");
+        Complaint(recordings.notices)
+            .say("No SoundFont was found, so the built-in synthesizer is silent. Install one, for "
+                 "example the package timgm6mb-soundfont, and start Velorin again.");
     cards_->post([engine = engine_] { engine->start(); });
     worker_.post([recordings] { finishLeftRecordings(recordings); });
     engine_->onAdded = [this] { wake(); };

@@ -41,8 +41,7 @@ private:
     void lookForCard();
 
     SystemClock clock_;
-    std::shared_ptr<SoundEngine> engine_ =
-        std::make_shared<SoundEngine>(); ///< the jobs hold it too
+    std::shared_ptr<SoundEngine> engine_; ///< the jobs hold it too
     std::shared_ptr<std::atomic<bool>> looksForCard_ = std::make_shared<std::atomic<bool>>(false);
     std::unique_ptr<Worker> cards_ = std::make_unique<Worker>(true); ///< opens and closes the card
     Worker worker_{true}; ///< loads SoundFonts; ends before the engine
@@ -50,7 +49,6 @@ private:
     MidiPorts ports_;
     HostMidiOut midi_;
     HostMci mci_;
-    Complaint noFont_;
     bool resting_ = false;
 };
 

@@ -122,7 +122,11 @@ void limitRecovered(const fs::path& folder, const std::vector<platform::Recovere
 
 } // namespace
 
-KeptFolder::KeptFolder(fs::path folder) : folder_(std::move(folder)), run_(nameOfThisRun()) {}
+KeptFolder::KeptFolder(fs::path folder, platform::Notices* notices)
+    : folder_(std::move(folder)),
+      run_(nameOfThisRun()),
+      cannotKeep_(notices),
+      cannotRecover_(notices) {}
 
 KeptFolder::~KeptFolder() {
     worker_.waitUntilIdle();
@@ -164,8 +168,9 @@ void KeptFolder::keep(const std::string& text) {
     if (isReady())
         *part = writeNew(partFile(number), sealed({text, number}));
     if (!part->isOpen()) {
-        cannotKeep_.say("the score cannot be kept in " + folder_.string() +
-                        "; a crash would lose it");
+        cannotKeep_.say("The score cannot be kept in \"" + folder_.string() +
+                        "\"; a crash would lose it. Save often, and make room there or allow "
+                        "writing.");
         return;
     }
     worker_.post([this, number, part] { settle(number, *part); });
@@ -179,7 +184,9 @@ void KeptFolder::settle(std::uint64_t number, const Descriptor& part) {
             return;
     }
     if (!syncFile(part)) {
-        cannotKeep_.say("the disk does not take the score in " + folder_.string());
+        cannotKeep_.say("The disk of \"" + folder_.string() +
+                        "\" does not take the score; a power cut would lose it. Save often, and "
+                        "look after the disk.");
         return;
     }
     {
@@ -254,8 +261,9 @@ std::optional<platform::RecoveredText> KeptFolder::recover(const std::string& ru
     if (const auto found = latestOf(files)) {
         name = putInto(target, *found);
         if (name.empty()) {
-            cannotRecover_.say("the score of an earlier run stays in " + folder_.string() +
-                               ", since nothing can be written to " + target.string());
+            cannotRecover_.say("The score of an earlier run stays in \"" + folder_.string() +
+                               "\", since nothing can be written to \"" + target.string() +
+                               "\". Make room there or allow writing, and start Velorin again.");
             if (endedInOrder)
                 removeFile(lockPath);
             return std::nullopt;

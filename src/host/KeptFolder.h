@@ -29,8 +29,8 @@ namespace velorin::host {
 class KeptFolder final : public platform::KeptState {
 public:
     /// Nothing is made in the folder before the first text is kept. With an empty path nothing is
-    /// ever kept.
-    explicit KeptFolder(std::filesystem::path folder);
+    /// ever kept. `notices`, which outlives this, may be null.
+    explicit KeptFolder(std::filesystem::path folder, platform::Notices* notices = nullptr);
     /// Waits until what is kept is on the disk; with nothing kept, no file of the run stays.
     ~KeptFolder() override;
     KeptFolder(const KeptFolder&) = delete;

@@ -83,7 +83,8 @@ public:
         try {
             output_->sendMessage(message.byte.data(), message.count);
         } catch (const RtMidiError& error) {
-            vanished_->say("the MIDI port has gone away (" + error.getMessage() + ")");
+            vanished_->say("The MIDI port has gone away (" + error.getMessage() +
+                           "). Connect it again, or choose another device in the Setup Toolbar.");
             output_.reset();
         }
     }
@@ -95,7 +96,8 @@ private:
 
 } // namespace
 
-MidiPorts::MidiPorts() {
+MidiPorts::MidiPorts(platform::Notices* notices)
+    : refused_(notices), vanished_(std::make_shared<Complaint>(notices)) {
     snd_lib_error_set_handler(sayNothing);
     jack_set_error_function(sayNothingOfJack);
     jack_set_info_function(sayNothingOfJack);
@@ -135,7 +137,8 @@ std::unique_ptr<MidiDevice> MidiPorts::open(std::size_t index) {
     } catch (const RtMidiError& error) {
         reason = error.getMessage();
     }
-    refused_.say("cannot open the MIDI port " + port.name + " (" + reason + ")");
+    refused_.say("The MIDI port \"" + port.name + "\" cannot be opened (" + reason +
+                 "). Choose another device in the Setup Toolbar.");
     return nullptr;
 }
 

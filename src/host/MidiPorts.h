@@ -13,7 +13,8 @@ namespace velorin::host {
 /// Says nothing on a machine without a MIDI system: the list is empty then.
 class MidiPorts {
 public:
-    MidiPorts();
+    /// `notices`, which outlives the ports, may be null.
+    explicit MidiPorts(platform::Notices* notices = nullptr);
     ~MidiPorts();
     MidiPorts(const MidiPorts&) = delete;
     MidiPorts& operator=(const MidiPorts&) = delete;
@@ -35,7 +36,7 @@ private:
 
     std::vector<Port> ports_;
     Complaint refused_;
-    std::shared_ptr<Complaint> vanished_ = std::make_shared<Complaint>();
+    std::shared_ptr<Complaint> vanished_;
 };
 
 } // namespace velorin::host

@@ -9,6 +9,7 @@
 #include <QJsonObject>
 #include <QMetaObject>
 
+#include <algorithm>
 #include <utility>
 
 namespace velorin::host {
@@ -49,7 +50,13 @@ void NoticeBoard::post(const platform::Notice& notice) {
     logLine(notice.text);
     {
         const std::lock_guard guard(mutex_);
-        waiting_.push_back(notice);
+        // One that nobody has read yet, perhaps since the run before, need not be told twice.
+        const bool waitsAlready =
+            std::ranges::any_of(waiting_, [&notice](const platform::Notice& other) {
+                return other.text == notice.text && other.scoreToOpen == notice.scoreToOpen;
+            });
+        if (!waitsAlready)
+            waiting_.push_back(notice);
     }
     wake();
 }

@@ -35,7 +35,8 @@ QString QtSettings::defaultFile() {
            "/velorin/Velorin 2.1.ini";
 }
 
-QtSettings::QtSettings(QString file) : file_(std::move(file)) {
+QtSettings::QtSettings(QString file, platform::Notices* notices)
+    : file_(std::move(file)), notWritable_(notices) {
     const QSettings store(file_, QSettings::IniFormat);
     const QStringList keys = store.allKeys();
     atRest_.setSingleShot(true);
@@ -88,7 +89,8 @@ void QtSettings::writeChanges() {
     if (store.status() == QSettings::NoError)
         syncFolder(folder);
     if (store.status() == QSettings::AccessError)
-        notWritable_.say("the settings cannot be written to " + file_.toStdString());
+        notWritable_.say("The settings cannot be written to \"" + file_.toStdString() +
+                         "\", so they end with this run. Make room there, or allow writing.");
 }
 
 } // namespace velorin::host

@@ -16,7 +16,8 @@ namespace velorin::host {
 /// at the end; what cannot be written is kept for the run.
 class QtSettings final : public platform::Settings {
 public:
-    explicit QtSettings(QString file = defaultFile());
+    /// `notices`, which outlives this, may be null.
+    explicit QtSettings(QString file = defaultFile(), platform::Notices* notices = nullptr);
     ~QtSettings() override;
     QtSettings(const QtSettings&) = delete;
     QtSettings& operator=(const QtSettings&) = delete;

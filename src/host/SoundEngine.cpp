@@ -57,7 +57,7 @@ bool SoundEngine::keepsPace(SdlSink& card) {
     return false;
 }
 
-SoundEngine::SoundEngine() {
+SoundEngine::SoundEngine(platform::Notices* notices) : noCard_(notices), lostCard_(notices) {
     SdlSink::askServersForRoom();
 }
 
@@ -76,6 +76,13 @@ void SoundEngine::stopLooking() {
 void SoundEngine::end() {
     const std::lock_guard lock(sinkMutex_);
     sink_.reset();
+}
+
+// A call of a sound server that hangs may return when the window has gone.
+void SoundEngine::report(Complaint& complaint, const std::string& text) {
+    const std::lock_guard lock(endMutex_);
+    if (!ending_)
+        complaint.say(text);
 }
 
 PullStream SoundEngine::pulling() {
@@ -98,7 +105,10 @@ void SoundEngine::start() {
         onClock_ = false;
         return;
     }
-    noCard_.say("no sound card (" + reason + "); what plays is not heard");
+    report(noCard_,
+           "There is no sound card (" + reason +
+               "), so nothing is heard. Connect one or start the sound server, and start Velorin "
+               "again.");
     sink_ = std::make_unique<ClockSink>(pulling(), bufferFrames);
     onClock_ = true;
 }
@@ -120,7 +130,9 @@ void SoundEngine::regainCard() {
     if (!sink_ || sink_->hasCard())
         return;
     if (!onClock_)
-        lostCard_.say("the sound card has gone away; what plays is not heard");
+        report(lostCard_,
+               "The sound card has gone away, so nothing is heard. Connect it again or start "
+               "the sound server; the sound then comes back by itself.");
     std::string ignored;
     auto card = openCard(ignored);
     if (!card || !keepsPace(*card))

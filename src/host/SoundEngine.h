@@ -26,7 +26,9 @@ class SoundTap;
 /// never full and nothing can be lost on it.
 class SoundEngine {
 public:
-    SoundEngine();  ///< to be made before other threads: it writes the environment
+    /// To be made before other threads: it writes the environment. With `notices`, which lives
+    /// until `stopLooking`, a missing card is also reported in the window.
+    explicit SoundEngine(platform::Notices* notices = nullptr);
     ~SoundEngine(); ///< ends the stream
     SoundEngine(const SoundEngine&) = delete;
     SoundEngine& operator=(const SoundEngine&) = delete;
@@ -60,7 +62,8 @@ public:
     /// there is one and it keeps the pace. May take three seconds; may be called from any thread.
     void regainCard();
 
-    /// From now on `regainCard` returns soon. May be called from any thread.
+    /// From now on `regainCard` returns soon, and nothing is reported. May be called from any
+    /// thread.
     void stopLooking();
 
     /// Ends the stream for good, whatever sounds. A sound server that hangs may hold this up
@@ -97,6 +100,7 @@ private:
 
     [[nodiscard]] PullStream pulling();
     [[nodiscard]] std::unique_ptr<SdlSink> openCard(std::string& reason);
+    void report(Complaint& complaint, const std::string& text);
     [[nodiscard]] bool keepsPace(SdlSink& card);
     void handOver();
     void collect();

@@ -81,7 +81,9 @@ void SynthDevices::take(Playing& playing, std::size_t index) {
     worker_.post([source = playing.source, path = fonts_[index].path, complaint = cannotLoad_] {
         std::unique_ptr<Synth> synth = Synth::load(path, streamRateHz, FontLoading::whole);
         if (!synth)
-            complaint->say("cannot load the SoundFont " + path.string());
+            complaint->say("The SoundFont \"" + path.string() +
+                           "\" cannot be read, so its device is silent. Choose another device in "
+                           "the Setup Toolbar.");
         source->provide(std::move(synth));
     });
 }

@@ -22,10 +22,16 @@ class Worker;
 
 class SynthDevices {
 public:
-    /// The clock counts nanoseconds of the steady clock; it stamps the messages.
+    /// The clock counts nanoseconds of the steady clock; it stamps the messages. `notices`, which
+    /// outlives the worker, may be null.
     SynthDevices(platform::Clock& clock, SoundEngine& engine, Worker& worker,
-                 std::vector<SoundFont> fonts)
-        : clock_(clock), engine_(engine), worker_(worker), fonts_(std::move(fonts)) {}
+                 std::vector<SoundFont> fonts, platform::Notices* notices = nullptr)
+        : clock_(clock),
+          engine_(engine),
+          worker_(worker),
+          fonts_(std::move(fonts)),
+          cannotLoad_(std::make_shared<Complaint>(notices)),
+          noRoom_(std::make_shared<Complaint>(notices)) {}
     ~SynthDevices();
     SynthDevices(const SynthDevices&) = delete;
     SynthDevices& operator=(const SynthDevices&) = delete;
@@ -57,8 +63,8 @@ private:
     std::vector<SoundFont> fonts_;
     Playing device_;    ///< of the font opened last
     Playing sequencer_; ///< of the font that a MID file played on last
-    std::shared_ptr<Complaint> cannotLoad_ = std::make_shared<Complaint>();
-    std::shared_ptr<Complaint> noRoom_ = std::make_shared<Complaint>();
+    std::shared_ptr<Complaint> cannotLoad_;
+    std::shared_ptr<Complaint> noRoom_;
 };
 
 } // namespace velorin::host

@@ -229,9 +229,10 @@ class Desk:
                    "a list or a menu that " + ("opens" if opens else "closes"))
 
     def shown(self):
-        """The program's windows on the screen, its lists and menus among them."""
+        """The program's windows on the screen, its lists and menus among them; notices come by themselves."""
+        notices = self.windows("Velorin Notice")
         return [window for window in self.tool("search", "--onlyvisible", "--class", "velorin")
-                if not self.is_tool_tip(window)]
+                if window not in notices and not self.is_tool_tip(window)]
 
     def is_tool_tip(self, window):
         """A tool tip comes and goes by itself. What a window is does not change, and is asked once."""

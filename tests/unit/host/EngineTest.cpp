@@ -4,6 +4,7 @@
 #include "host/SoundEngine.h"
 #include "host/SoundTap.h"
 #include "host/Worker.h"
+#include "support/ScriptedNotices.h"
 
 #include <atomic>
 #include <cstdlib>
@@ -237,6 +238,21 @@ TEST(AWorker, DoesItsJobsInOrder) {
     }
     worker.waitUntilIdle();
     EXPECT_EQ(done, (std::vector<int>{0, 1, 2, 3, 4}));
+}
+
+TEST(TheEngine, ReportsAMissingSoundCardInTheWindowOnce) {
+    setenv("SDL_AUDIODRIVER", "no such driver", 1);
+    scripted::ScriptedNotices notices;
+    {
+        SoundEngine engine(&notices);
+        engine.start();
+        engine.start();
+    }
+    unsetenv("SDL_AUDIODRIVER");
+    ASSERT_EQ(notices.posted.size(), 1U);
+    EXPECT_TRUE(notices.posted[0].text.starts_with("There is no sound card ("));
+    EXPECT_TRUE(notices.posted[0].text.ends_with(
+        "), so nothing is heard. Connect one or start the sound server, and start Velorin again."));
 }
 
 } // namespace

@@ -1,6 +1,8 @@
 // What outlives the process: texts of runs that were cut short, found by the next run.
 #include "host/KeptFolder.h"
 
+#include "support/ScriptedNotices.h"
+
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
@@ -286,17 +288,18 @@ TEST_F(KeptFolderTest, TextStaysWhereItIsWhileTheFolderForScoresIsMissing) {
     EXPECT_EQ(recover().size(), 1U);
 }
 
-TEST_F(KeptFolderTest, FolderThatCannotBeMadeIsToldOfOnce) {
+TEST_F(KeptFolderTest, FolderThatCannotBeMadeIsReportedInTheWindowOnce) {
     std::ofstream(folder / "state") << "a file stands where the folder would be";
-    testing::internal::CaptureStderr();
+    scripted::ScriptedNotices notices;
     {
-        KeptFolder kept(state);
+        KeptFolder kept(state, &notices);
         kept.keep("one");
         kept.keep("two");
     }
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "velorin: the score cannot be kept in " +
-                                                          state.string() +
-                                                          "; a crash would lose it\n");
+    ASSERT_EQ(notices.posted.size(), 1U);
+    EXPECT_EQ(notices.posted[0].text,
+              "The score cannot be kept in \"" + state.string() +
+                  "\"; a crash would lose it. Save often, and make room there or allow writing.");
 }
 
 TEST_F(KeptFolderTest, KeptTextsAreForTheUserAlone) {

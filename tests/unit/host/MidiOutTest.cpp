@@ -4,6 +4,7 @@
 #include "host/SynthSource.h"
 #include "host/SystemClock.h"
 #include "host/Worker.h"
+#include "support/ScriptedNotices.h"
 
 namespace velorin::host {
 namespace {
@@ -13,6 +14,7 @@ using platform::MidiOutHandle;
 
 class TheDevices : public testing::Test {
 protected:
+    scripted::ScriptedNotices notices_;
     SystemClock clock_;
     SoundEngine engine_;
     Worker worker_;
@@ -20,7 +22,8 @@ protected:
         clock_,
         engine_,
         worker_,
-        {{test::anySoundFont(), "First", true}, {"/nowhere/at.sf2", "Second", true}}};
+        {{test::anySoundFont(), "First", true}, {"/nowhere/at.sf2", "Second", true}},
+        &notices_};
     MidiPorts ports_;
     HostMidiOut midi_{synths_, ports_};
 };
@@ -81,8 +84,7 @@ TEST_F(TheDevices, ASynthesizerSoundsThroughItsHandle) {
     EXPECT_GE(test::onsetAfter(sound, 0, 0.001F), 0);
 }
 
-TEST_F(TheDevices, ASoundFontThatCannotBeLoadedIsSaidOnce) {
-    testing::internal::CaptureStderr();
+TEST_F(TheDevices, ASoundFontThatCannotBeLoadedIsReportedInTheWindowOnce) {
     MidiOutHandle handle = 0;
     for (int i = 0; i < 3; ++i) {
         EXPECT_EQ(midi_.midiOutOpen(handle, 1), 0U);
@@ -90,8 +92,10 @@ TEST_F(TheDevices, ASoundFontThatCannotBeLoadedIsSaidOnce) {
         midi_.midiOutClose(handle);
     }
     worker_.waitUntilIdle();
-    EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "velorin: cannot load the SoundFont /nowhere/at.sf2\n");
+    ASSERT_EQ(notices_.posted.size(), 1U);
+    EXPECT_EQ(notices_.posted[0].text,
+              "The SoundFont \"/nowhere/at.sf2\" cannot be read, so its device is silent. Choose "
+              "another device in the Setup Toolbar.");
 }
 
 // A MID file that plays leaves a device behind that is not there, and the next song is silent.

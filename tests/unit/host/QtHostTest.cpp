@@ -76,6 +76,31 @@ TEST_F(QtHostTest, ANoticeThatNobodyHasReadWaitsForTheNextRun) {
         << "each is logged once";
 }
 
+TEST_F(QtHostTest, ANoticeThatWaitsAlreadyIsNotAddedAgain) {
+    NoticeBoard board;
+    board.post({"There is no sound card.", {}});
+    board.post({"There is no sound card.", {}});
+    EXPECT_TRUE(board.take());
+    EXPECT_FALSE(board.take());
+    board.post({"There is no sound card.", {}});
+    EXPECT_TRUE(board.take());
+}
+
+TEST_F(QtHostTest, SettingsThatCannotBeWrittenAreReportedInTheWindowOnce) {
+    const QTemporaryDir folder;
+    QFile inTheWay(folder.filePath("velorin"));
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    NoticeBoard board;
+    {
+        QtSettings settings(folder.filePath("velorin/settings.ini"), &board);
+        settings.SaveSetting("Settings", "Form3", "True");
+    }
+    const auto notice = board.take();
+    ASSERT_TRUE(notice);
+    EXPECT_THAT(notice->text, testing::StartsWith("The settings cannot be written to \""));
+    EXPECT_FALSE(board.take());
+}
+
 TEST_F(QtHostTest, AWaitReturnsWhenAnEventHasBeenServed) {
     bool served = false;
     QTimer::singleShot(5, [&served] { served = true; });
