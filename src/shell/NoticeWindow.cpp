@@ -5,8 +5,10 @@
 #include "shell/HintPanel.h"
 #include "shell/ScreenReach.h"
 
+#include <QApplication>
 #include <QEvent>
 
+#include <algorithm>
 #include <utility>
 
 namespace velorin {
@@ -14,6 +16,15 @@ namespace velorin {
 namespace {
 
 constexpr int cornerGap = 12; ///< between the notice and the edges of its corner, pixels
+
+/// Whether a tool window on the screen would lie below the notice.
+bool coversToolWindow(const QRect& notice, const QWidget& own) {
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    return std::ranges::any_of(windows, [&](const QWidget* window) {
+        return window != &own && window->isVisible() && window->windowType() == Qt::Tool &&
+               window->geometry().intersects(notice);
+    });
+}
 
 } // namespace
 
@@ -72,9 +83,15 @@ void NoticeWindow::showNext() {
 void NoticeWindow::place() {
     const QRect room(corner_->mapToGlobal(QPoint(0, 0)), corner_->size());
     const QSize size = panel().size();
-    const QPoint corner(room.x() + room.width() - size.width() - cornerGap,
-                        room.y() + room.height() - size.height() - cornerGap);
-    panel().move(placeInNearest(QRect(corner, size), desktop_.screens()));
+    QRect place({room.x() + room.width() - size.width() - cornerGap,
+                 room.y() + room.height() - size.height() - cornerGap},
+                size);
+    place.moveTopLeft(placeInNearest(place, desktop_.screens()));
+    if (coversToolWindow(place, panel())) {
+        place.moveTop(room.y() + cornerGap);
+        place.moveTopLeft(placeInNearest(place, desktop_.screens()));
+    }
+    panel().move(place.topLeft());
 }
 
 void NoticeWindow::showOrHide() {

@@ -20,7 +20,8 @@ namespace velorin {
 class HintPanel;
 
 /// Shows the notices of the host one after the other, with the face of a hint, in the lower right
-/// corner of a part of the main window, and always wholly on a screen. It takes the keyboard only
+/// corner of a part of the main window, or in the upper one if a tool window is below, and always
+/// wholly on a screen. It takes the keyboard only
 /// if the user goes there, does not follow the main window, and goes away while that is minimised
 /// or a dialog is open.
 ///

@@ -66,6 +66,15 @@ TEST_F(NoticeWindowTest, ANoticeLiesWhollyOnTheScreen) {
     EXPECT_EQ(notice.y() + notice.height(), 768);
 }
 
+TEST_F(NoticeWindowTest, ANoticeCoversNoToolWindow) {
+    QWidget toolbar(nullptr, Qt::Tool | Qt::FramelessWindowHint);
+    toolbar.setGeometry(300, 380, 200, 120);
+    toolbar.show();
+    post("The disk is full.");
+    EXPECT_EQ(window.window()->y(), 30 + 100 + 12);
+    EXPECT_FALSE(window.window()->geometry().intersects(toolbar.geometry()));
+}
+
 TEST_F(NoticeWindowTest, NoticesComeOneAfterTheOther) {
     post("first");
     post("second");
