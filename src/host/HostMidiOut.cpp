@@ -90,8 +90,9 @@ std::uint32_t HostMidiOut::midiOutClose(platform::MidiOutHandle handle) {
 // Without any device there is nothing to choose, and a missing SoundFont has been told of.
 void HostMidiOut::tellOfSilence() {
     if (refused_ && synths_.count() + ports_.count() > 0)
-        notHeard_.say("Nothing is heard, for the MIDI device could not be opened. Click \"Stop all "
-                      "sound\" to open it again, or choose another one in the Setup Toolbar.");
+        notHeard_.say(
+            "Nothing is heard because the MIDI device could not be opened. Click \"Stop all "
+            "sound\" to open it again, or choose another one in the Setup Toolbar.");
 }
 
 std::uint32_t HostMidiOut::midiOutShortMsg(platform::MidiOutHandle handle, std::uint32_t message) {

@@ -15,13 +15,14 @@ namespace velorin::host {
 class HostMidiOut final : public platform::MidiOut {
 public:
     /// `beforeOpening` and `beforeSending`, if given, are called before a device is opened and
-    /// before a message is sent.
+    /// before a message is sent. `notices`, which outlives this, may be null.
     HostMidiOut(SynthDevices& synths, MidiPorts& ports, std::function<void()> beforeOpening = {},
-                std::function<void()> beforeSending = {})
+                std::function<void()> beforeSending = {}, platform::Notices* notices = nullptr)
         : synths_(synths),
           ports_(ports),
           beforeOpening_(std::move(beforeOpening)),
-          beforeSending_(std::move(beforeSending)) {}
+          beforeSending_(std::move(beforeSending)),
+          notHeard_(notices) {}
 
     int midiOutGetNumDevs() override; ///< looks for the ports anew
     std::string midiOutGetDevCapsA(int index) override;

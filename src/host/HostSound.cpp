@@ -21,7 +21,7 @@ HostSound::HostSound(const std::filesystem::path& programFolder, const Recording
               findSoundFonts(soundFontFolders(programFolder, homeFolder())), recordings.notices),
       ports_(recordings.notices),
       midi_(
-          synths_, ports_, [this] { lookForCard(); }, [this] { wake(); }),
+          synths_, ports_, [this] { lookForCard(); }, [this] { wake(); }, recordings.notices),
       mci_({*engine_,
             [this](int device) {
                 wake(); // the synthesizer may be there from the file before

@@ -25,7 +25,7 @@ protected:
         {{test::anySoundFont(), "First", true}, {"/nowhere/at.sf2", "Second", true}},
         &notices_};
     MidiPorts ports_;
-    HostMidiOut midi_{synths_, ports_};
+    HostMidiOut midi_{synths_, ports_, {}, {}, &notices_};
 };
 
 TEST_F(TheDevices, BeginWithTheSynthesizers) {
@@ -103,17 +103,16 @@ TEST_F(TheDevices, OneThatWasRefusedIsToldOfWhenItShouldSound) {
     MidiOutHandle handle = 0;
     ASSERT_EQ(midi_.midiOutOpen(handle, 0), 0U);
     midi_.midiOutClose(handle);
-    testing::internal::CaptureStderr();
     EXPECT_NE(midi_.midiOutShortMsg(handle, 0x7F3C90), 0U); // closed in order
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    EXPECT_TRUE(notices_.posted.empty());
     EXPECT_NE(midi_.midiOutOpen(handle, 1000), 0U);
-    testing::internal::CaptureStderr();
+    EXPECT_TRUE(notices_.posted.empty()) << "nothing was to be heard yet";
     for (int note = 0; note < 3; ++note)
         EXPECT_NE(midi_.midiOutShortMsg(handle, 0x7F3C90), 0U);
-    EXPECT_EQ(
-        testing::internal::GetCapturedStderr(),
-        "velorin: Nothing is heard, for the MIDI device could not be opened. Click \"Stop all "
-        "sound\" to open it again, or choose another one in the Setup Toolbar.\n");
+    ASSERT_EQ(notices_.posted.size(), 1U);
+    EXPECT_EQ(notices_.posted[0].text,
+              "Nothing is heard because the MIDI device could not be opened. Click \"Stop all "
+              "sound\" to open it again, or choose another one in the Setup Toolbar.");
 }
 
 } // namespace
