@@ -20,7 +20,9 @@ std::uint32_t numberAt(std::string_view bytes, std::size_t at, std::size_t count
 }
 
 bool isKnown(const WavFormat& format) {
-    return format.rateHz > 0 && (format.bits == 8 || format.bits == 16) &&
+    constexpr int mostHz = 1'000'000; // far above every rate that is recorded
+    return format.rateHz > 0 && format.rateHz <= mostHz &&
+           (format.bits == 8 || format.bits == 16) &&
            (format.channels == 1 || format.channels == 2);
 }
 
@@ -52,9 +54,11 @@ std::optional<WavHeader> WavHeader::read(std::string_view bytes) {
     header.format.rateHz = static_cast<int>(numberAt(bytes, 24, 4));
     header.format.bits = static_cast<int>(numberAt(bytes, 34, 2));
     header.dataBytes = numberAt(bytes, 40, 4);
+    if (!isKnown(header.format)) // the sums of any other may overflow
+        return std::nullopt;
     std::string same = header.bytes();
     same.replace(lengthOfAll, 4, bytes.substr(lengthOfAll, 4));
-    if (!isKnown(header.format) || same != bytes.substr(0, size))
+    if (same != bytes.substr(0, size))
         return std::nullopt;
     return header;
 }
