@@ -63,16 +63,19 @@ std::optional<KeptText> unsealed(std::string_view bytes) {
     return KeptText{std::string(text), number};
 }
 
-std::string recoveredName(std::time_t moment, int count) {
+std::string nameOfMoment(const std::string& word, std::time_t moment, int count) {
     std::tm parts{};
     localtime_r(&moment, &parts);
-    char name[64];
-    const std::size_t length =
-        std::strftime(name, sizeof name, "recovered %Y-%m-%d %H-%M-%S", &parts);
-    std::string whole(name, length);
+    char name[32];
+    const std::size_t length = std::strftime(name, sizeof name, " %Y-%m-%d %H-%M-%S", &parts);
+    std::string whole = word + std::string(name, length);
     if (count > 1)
         whole += " (" + std::to_string(count) + ")";
-    return whole + ".sng";
+    return whole;
+}
+
+std::string recoveredName(std::time_t moment, int count) {
+    return nameOfMoment("recovered", moment, count) + ".sng";
 }
 
 // The name has the moment in local time. Where the time zone has changed since, a file that nobody

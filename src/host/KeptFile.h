@@ -22,6 +22,10 @@ struct KeptText {
 /// The way back; no value for a file that was cut short or damaged.
 [[nodiscard]] std::optional<KeptText> unsealed(std::string_view bytes);
 
+/// "WORD 2026-11-20 10-45-01", in local time; a second file of the same second gets a counter,
+/// "WORD 2026-11-20 10-45-01 (2)".
+[[nodiscard]] std::string nameOfMoment(const std::string& word, std::time_t moment, int count);
+
 /// "recovered 2026-11-20 10-45-01.sng", in local time; from the second of a moment on with a count,
 /// "recovered 2026-11-20 10-45-01 (2).sng".
 [[nodiscard]] std::string recoveredName(std::time_t moment, int count = 1);

@@ -9,7 +9,6 @@
 #include <QStandardPaths>
 
 #include <filesystem>
-#include <system_error>
 
 namespace velorin::host {
 
@@ -19,13 +18,6 @@ namespace {
 
 std::string canonical(const std::string& section, const std::string& key) {
     return platform::lowerCase(section + "/" + key);
-}
-
-/// The name of a new folder is on the disk as well.
-void makeFolderLasting(const fs::path& folder) {
-    std::error_code error;
-    if (fs::create_directories(folder, error))
-        syncFolder(folder.parent_path());
 }
 
 } // namespace
@@ -80,7 +72,8 @@ void QtSettings::writeChanges() {
     if (changed_.empty())
         return;
     const fs::path folder = QFileInfo(file_).absolutePath().toStdString();
-    makeFolderLasting(folder);
+    constexpr unsigned forAll = 0777;
+    makeFolderLasting(folder, forAll);
     QSettings store(file_, QSettings::IniFormat);
     for (const std::string& name : changed_)
         store.setValue(QString::fromStdString(name), QString::fromStdString(values_[name]));

@@ -2,6 +2,7 @@
 #include "host/mci/RecordingFiles.h"
 
 #include "host/Complaint.h"
+#include "host/KeptFile.h"
 #include "host/media/WavHeader.h"
 #include "platform/Notices.h"
 
@@ -168,15 +169,7 @@ std::optional<fs::path> keepRecording(PartFile& part, const RecordingFolders& fo
 }
 
 std::string recordingName(std::time_t moment, int count) {
-    std::tm parts{};
-    localtime_r(&moment, &parts);
-    char name[64];
-    const std::size_t length =
-        std::strftime(name, sizeof name, "recording %Y-%m-%d %H-%M-%S", &parts);
-    std::string whole(name, length);
-    if (count > 1)
-        whole += " (" + std::to_string(count) + ")";
-    return whole + ".wav";
+    return nameOfMoment("recording", moment, count) + ".wav";
 }
 
 void finishLeftRecordings(const RecordingFolders& folders) {
