@@ -144,7 +144,11 @@ bool HostFiles::remove(const std::string& name) {
 
 bool HostFiles::createFolder(const std::string& name) {
     std::error_code error;
-    return fs::create_directory(platform::resolve(name), error) && !error;
+    const fs::path folder = platform::resolve(name);
+    if (!fs::create_directory(folder, error) || error)
+        return false;
+    syncFolder(folder.parent_path()); // or what is saved into it could be lost with it
+    return true;
 }
 
 bool HostFiles::sync(const std::string& name) {

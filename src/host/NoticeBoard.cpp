@@ -33,6 +33,8 @@ void NoticeBoard::readUnread() {
 // The last of them: earlier ones may be of a failure that came again and again.
 NoticeBoard::~NoticeBoard() {
     constexpr std::size_t most = 20;
+    if (!waiting_.empty())
+        readUnread(); // of a run before this one, if no window has shown them
     while (waiting_.size() > most)
         waiting_.pop_front();
     if (waiting_.empty() || unread_.empty())
