@@ -25,7 +25,7 @@ std::vector<platform::Screen> HostDesktop::screens() {
     std::vector<platform::Screen> all;
     for (const QScreen* screen : QGuiApplication::screens()) {
         const QRect whole = screen->geometry();
-        // With several screens a desktop may tell of a free area that lies on one of them alone.
+        // With several screens a desktop may report a free area on only one of them.
         const QRect free = screen->availableGeometry();
         all.push_back({plain(whole), plain(free.isEmpty() ? whole : free)});
     }

@@ -87,7 +87,7 @@ std::uint32_t HostMidiOut::midiOutClose(platform::MidiOutHandle handle) {
     return platform::midiSuccess;
 }
 
-// Without any device there is nothing to choose, and a missing SoundFont has been told of.
+// Without any device there is nothing to choose, and a missing SoundFont is reported already.
 void HostMidiOut::tellOfSilence() {
     if (refused_ && synths_.count() + ports_.count() > 0)
         notHeard_.say(

@@ -54,7 +54,7 @@ void HostSound::begin() {
 }
 
 // One look at a time: a card that does not keep the pace takes three seconds to be found out, and
-// whoever presses "Stop all" meanwhile need not have it looked at again.
+// "Stop all" need not start another look meanwhile.
 void HostSound::lookForCard() {
     if (looksForCard_->exchange(true))
         return;

@@ -80,10 +80,10 @@ private:
     platform::MessageLoop& host_;
     Moment now_ = 0;
     std::vector<Begin> waits_; ///< that run, the outermost first
-    Begin handler_;            ///< that runs, if it has told of itself
+    Begin handler_;            ///< the running handler, if it is registered
 };
 
-/// Lives as long as a handler runs, and tells of it. In a handler that has told of itself already
+/// Registers a handler for as long as it runs. In a handler that is registered already
 /// it changes nothing.
 class HoldingLoop::Handler {
 public:

@@ -96,7 +96,7 @@ void Mp3Encoding::Command20_Click() {
     if (studio_.platform.loop.isEnding())
         return;
     desk_.setText(RecordText::Text6, ChangeExtension(desk_.text(RecordText::Text6), "mp3"));
-    // Also when the encoding was stopped. The file in hand may be another one by now.
+    // Also when the encoding was stopped. The current file may be another one by now.
     if (desk_.isChecked(RecordCheck::Check3) && isWhole_ && run.WavFileName == encoded_ &&
         FileExists(studio_.platform, run.WavFileName))
         p_DestroyFile(studio_.platform, run.WavFileName);

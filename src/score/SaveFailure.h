@@ -1,4 +1,4 @@
-// What the user is told of a save that failed.
+// Messages to the user about a save that failed.
 #pragma once
 
 #include "platform/WriteError.h"

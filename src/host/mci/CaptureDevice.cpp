@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::array ratesHz{8000, 11025, 12000, 16000, 22050, 24000, 32000, 44100, 48000, 96000};
 
-/// What a user is told of a file that takes no more.
+/// Why a file takes no more, in words for the user.
 std::string cutText(const std::error_code& reason, double seconds) {
     const bool isFull = reason == std::errc::no_space_on_device || reason.value() == EDQUOT;
     const bool isLongest = reason == std::errc::file_too_large;
