@@ -1,4 +1,4 @@
-// The yardstick for starting: a window of the main window's size with nothing in it.
+// The yardstick for the start: an empty window of the main window's size.
 #include <QApplication>
 #include <QWidget>
 

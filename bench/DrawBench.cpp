@@ -1,5 +1,4 @@
-// What drawing the tableaux costs: a whole redraw, a scroll by one column, a step of the marker, a
-// step of a drag.
+// Measures drawing: a whole redraw, a scroll by one column, a step of the marker, a step of a drag.
 #include "support/TableauStage.h"
 
 #include <benchmark/benchmark.h>
@@ -40,7 +39,7 @@ void wholeRedraw(benchmark::State& state) {
         tableau.stage.music.DrawNoteArray();
 }
 
-/// The yardstick: the bands and lines of such a picture, without its notes.
+/// The yardstick: the bands and lines of the same picture, without notes.
 void bareGrid(benchmark::State& state) {
     QImage image(1600, 900, QImage::Format_RGB32);
     for (auto _ : state) {
@@ -77,7 +76,7 @@ void scrollByOneLine(benchmark::State& state) {
         bar.setValue(bar.value() < bar.maximum() ? bar.value() + 1 : bar.minimum());
 }
 
-/// A whole picture of a thumb that is dragged: drawn, and painted into the window's memory.
+/// One frame of scrolling with the thumb: drawn, and painted into the memory of the window.
 void shownScroll(benchmark::State& state) {
     FullTableau tableau;
     tableau.stage.area.show();
@@ -89,7 +88,7 @@ void shownScroll(benchmark::State& state) {
     }
 }
 
-/// The playing marker on its way, a column at a time.
+/// Moves the playing marker, one column per step.
 class MarkerWalk {
 public:
     explicit MarkerWalk(MusicTableau& music) : music_(music) { music_.GetColumn(column_); }

@@ -1,7 +1,7 @@
-// Opening and saving a score of thirteen full rows, beside the bare reading and writing of its
-// bytes.
+// Measures opening and saving a score of thirteen full rows, against plain reading and writing of
+// its bytes.
 #include "convert/LoadedScore.h"
-#include "score/ScoreFiles.h"
+#include "studio/ScoreFiles.h"
 #include "support/ScriptedMidi.h"
 
 #include <benchmark/benchmark.h>
@@ -14,8 +14,8 @@ namespace {
 
 using namespace velorin;
 
-/// In memory where that can be had: a save waits for the disk, and how long a disk takes is no
-/// figure of the program's.
+/// In memory if possible: a save waits for the disk, and the speed of the disk is not measured
+/// here.
 std::filesystem::path benchFolder() {
     std::error_code error;
     const std::filesystem::path memory = "/dev/shm";
@@ -24,7 +24,7 @@ std::filesystem::path benchFolder() {
            "velorin-file-bench";
 }
 
-/// A folder of its own with the score in it.
+/// A folder with the score.
 class FullScore {
 public:
     FullScore() {
@@ -50,7 +50,7 @@ public:
     scripted::VirtualTime time;
     scripted::ScriptedMidi midi{time};
     convert::LoadedScore loaded{midi};
-    ScoreFiles files{loaded.studio, loaded.desk};
+    ScoreFiles& files = loaded.session.files;
 };
 
 void openScore(benchmark::State& state) {

@@ -1,18 +1,13 @@
-// From a press on the tableau to its message and to its sound in the stream, and how far apart the
-// onsets of a song lie in the stream. Through the real handlers, the real device and the real
-// engine.
+// Measures the time from a press on the tableau to its message, how constant the delay from the
+// message to its sound in the stream is, and the distances of onsets in the stream. Uses the real
+// handlers, device and engine.
 #include "convert/OfflinePlatform.h"
-#include "host/HostSound.h"
-#include "host/QtMessageLoop.h"
-#include "host/SoundTap.h"
-#include "playback/NoDesk.h"
-#include "playback/NoteSounding.h"
-#include "playback/Sequencer.h"
-#include "playback/StopWatch.h"
-#include "score/PlainSetup.h"
-#include "score/Studio.h"
+#include "host/engine/SoundTap.h"
+#include "host/loop/QtMessageLoop.h"
+#include "host/sound/HostSound.h"
+#include "session/Session.h"
 #include "support/TableauStage.h"
-#include "tableaux/MusicMouse.h"
+#include "windows/main/MusicMouse.h"
 
 #include <QApplication>
 #include <QMouseEvent>
@@ -22,6 +17,7 @@
 #include <cmath>
 #include <cstdio>
 #include <memory>
+#include <numeric>
 #include <thread>
 #include <vector>
 
@@ -33,14 +29,14 @@ using Clock = std::chrono::steady_clock;
 constexpr int presses = 60;
 constexpr int columns = 240;
 constexpr int columnsApart = 2;
-constexpr std::int16_t woodBlock = 115; ///< begins at once and is soon over
+constexpr std::int16_t woodBlock = 115; ///< starts at once and is short
 constexpr float heard = 0.002F;         ///< full scale is 1
 
 double ms(Clock::duration time) {
     return std::chrono::duration<double, std::milli>(time).count();
 }
 
-/// Passes everything on and notes when a note begins.
+/// Forwards all calls and stores when a note begins.
 class WatchedMidi final : public platform::MidiOut {
 public:
     explicit WatchedMidi(platform::MidiOut& midi) : midi_(midi) {}
@@ -71,11 +67,10 @@ struct Bench {
     WatchedMidi midi{sound.midi()};
     convert::OfflinePlatform offline{midi};
     platform::Platform platform = offline.on(sound.clock(), loop, midi);
-    PlainSetup setup;
-    Studio studio{platform, setup};
-    NoDesk desk;
+    Session session{platform};
+    Studio& studio = session.studio;
     scripted::PlainTableauDesk window;
-    NoteSounding sounding{studio, desk};
+    NoteSounding& sounding = session.sounding;
     Picmain area{nullptr};
     MusicTableau music{studio, area};
     PercussionTableau percussion{studio, area, music, sounding, window};
@@ -96,7 +91,7 @@ struct Bench {
             mouse.MusicBox_MouseUp(b, s, x, y);
         };
         sound.begin();
-        setup.instrument = woodBlock;
+        studio.setup.values.instrument = woodBlock;
         sounding.Device_Click();
         sounding.Combo1_Click();
         sound.engine().add(tap);
@@ -124,25 +119,53 @@ void printRow(const char* name, std::vector<double> values) {
                 values.back());
 }
 
-bool isHeard(const host::TappedBlock& block) {
-    return std::any_of(block.sound.begin(), block.sound.end(),
-                       [](float sample) { return std::abs(sample) > heard; });
+bool isHeard(float sample) {
+    return std::abs(sample) > heard;
 }
 
-/// The moment at which the engine has made the first block with sound in it.
-Clock::time_point waitForSound(host::SoundTap& tap) {
+/// The frame of the stream at which a sound begins, or -1 after a second without one.
+std::int64_t waitForOnset(host::SoundTap& tap) {
     host::TappedBlock block;
     const auto end = Clock::now() + std::chrono::seconds(1);
     while (Clock::now() < end) {
         while (tap.read(block)) {
-            if (isHeard(block))
-                return Clock::now();
+            const auto first = std::find_if(block.sound.begin(), block.sound.end(), isHeard);
+            if (first != block.sound.end())
+                return block.firstFrame + (first - block.sound.begin()) / 2;
         }
         std::this_thread::sleep_for(std::chrono::microseconds(50));
     }
-    return end;
+    return -1;
 }
 
+/// Takes the straight line out of the delays, which come at even distances: the clock of a sound
+/// card runs at a rate of its own.
+void removeDrift(std::vector<double>& delays) {
+    const auto count = static_cast<double>(delays.size());
+    const double middle = (count - 1.0) / 2.0;
+    const double mean = std::accumulate(delays.begin(), delays.end(), 0.0) / count;
+    double together = 0.0;
+    double squares = 0.0;
+    for (std::size_t i = 0; i < delays.size(); ++i) {
+        const double place = static_cast<double>(i) - middle;
+        together += place * (delays[i] - mean);
+        squares += place * place;
+    }
+    for (std::size_t i = 0; i < delays.size(); ++i)
+        delays[i] -= (static_cast<double>(i) - middle) * together / squares;
+}
+
+/// Prints how much longer the delays are than the shortest.
+void printSpread(const char* name, std::vector<double> delays) {
+    removeDrift(delays);
+    const double shortest = *std::min_element(delays.begin(), delays.end());
+    for (double& delay : delays)
+        delay -= shortest;
+    printRow(name, delays);
+}
+
+/// The delay of a sound is the frame at which it begins minus the moment of its message. The stream
+/// has its own zero, so only the differences between the delays count.
 void measurePresses(Bench& bench) {
     std::vector<double> toMessage;
     std::vector<double> toSound;
@@ -154,13 +177,19 @@ void measurePresses(Bench& bench) {
         const auto start = Clock::now();
         bench.send(QEvent::MouseButtonPress, Qt::LeftButton);
         toMessage.push_back(ms(bench.midi.noteOn - start));
-        toSound.push_back(ms(waitForSound(*bench.tap) - start));
+        const std::int64_t onset = waitForOnset(*bench.tap);
+        if (onset >= 0)
+            toSound.push_back(static_cast<double>(onset) * 1000.0 / host::streamRateHz -
+                              ms(bench.midi.noteOn.time_since_epoch()));
         bench.send(QEvent::MouseButtonRelease, Qt::NoButton);
         bench.sounding.Device_Click(); // silence
         bench.sounding.Combo1_Click();
     }
+    if (toSound.size() != presses)
+        std::fprintf(stderr, "%zu of %d presses were heard\n", toSound.size(), presses);
     printRow("press_to_message_ms", toMessage);
-    printRow("press_to_sound_ms", toSound);
+    if (toSound.size() > 1)
+        printSpread("press_to_sound_spread_ms", toSound);
 }
 
 std::vector<std::int64_t> onsets(host::SoundTap& tap) {
@@ -191,10 +220,9 @@ void measureOnsets(Bench& bench) {
         score.InstrumentArray.write(0, column, woodBlock);
     }
     score.Tempo = 300;
-    StopWatch watch(bench.platform.clock, bench.loop);
-    Sequencer sequencer(bench.studio, bench.sounding, watch, bench.desk);
-    sequencer.PlayTimer = watch.StopWatchNew();
-    // What the presses have left must have died away, else its end counts as a first onset.
+    Sequencer& sequencer = bench.session.sequencer;
+    sequencer.PlayTimer = bench.session.watch.StopWatchNew();
+    // The sound of the presses must decay first, or its end would count as an onset.
     bench.rest(2000);
     host::TappedBlock block;
     while (bench.tap->read(block)) {

@@ -1,5 +1,5 @@
-// Any text as a command string, sent to a device that plays a tape: the answer is a known code, and
-// the tape never leaves its length.
+// Any text as a command string for a device that plays a tape: the answer is a known code, and the
+// position stays on the tape.
 #include "Expect.h"
 #include "host/mci/CommandText.h"
 #include "host/mci/MciErrors.h"

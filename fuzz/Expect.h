@@ -1,4 +1,4 @@
-// What every fuzzer shares: a demand that ends the run when it does not hold.
+// What all fuzzers share: a condition that ends the run if it is false.
 #pragma once
 
 #include <cstdlib>

@@ -1,6 +1,6 @@
-// Any bytes as an INI file: a value that is set is found, and every other one stays.
+// Any bytes as an INI file: a value that is set is found, and all others stay.
 #include "Expect.h"
-#include "host/IniFile.h"
+#include "host/files/IniFile.h"
 
 #include <array>
 #include <string>

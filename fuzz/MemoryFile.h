@@ -1,4 +1,4 @@
-// A file that is nowhere but in memory, for readers that take a path.
+// A file in memory only, for readers that take a path.
 #pragma once
 
 #include "Expect.h"

@@ -1,7 +1,7 @@
-// Any bytes as a MIDI file: its events are messages of a channel, in the order of time, and none is
-// behind its end.
+// Any bytes as a MIDI file: its events are channel messages in the order of time, and none is after
+// its end.
 #include "Expect.h"
-#include "host/media/MidiFile.h"
+#include "host/midi/MidiFile.h"
 
 #include <algorithm>
 

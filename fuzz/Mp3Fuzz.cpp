@@ -1,5 +1,4 @@
-// Any bytes as an MP3 file: it is read to its end without harm, and gives samples that can be
-// mixed.
+// Any bytes as an MP3 file: reading it to its end gives finite samples.
 #include "MemoryFile.h"
 #include "SoundReading.h"
 

@@ -1,4 +1,4 @@
-// Any bytes as the head of an MP3 file: every word that is shown is one of the tables'.
+// Any bytes as the header of an MP3 file: every text that is shown is in the tables.
 #include "Expect.h"
 #include "recording/Mp3Header.h"
 

@@ -1,7 +1,7 @@
-// Any bytes as a number: a field of a line has the value that the whole text has.
+// Any bytes as a number: as a field of a line it has the same value as alone.
 #include "Expect.h"
+#include "model/SequentialText.h"
 #include "platform/Text.h"
-#include "score/SequentialText.h"
 
 #include <cmath>
 #include <optional>
@@ -13,7 +13,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     const std::string text(reinterpret_cast<const char*>(data), size);
     expect(!std::isnan(platform::Val(text)));
 
-    // A field is told apart up to 400 characters.
+    // Only the first 400 characters of a field are read.
     const bool isOneField = text.find_first_of(",\r\n") == std::string::npos;
     if (size == 0 || size > 300 || !isOneField)
         return 0;

@@ -1,5 +1,5 @@
-// Any bytes as a command line of the converter, one argument a line: it can be followed or it has a
-// problem, and what is reported of it is a line of text.
+// Any bytes as a command line of the converter, one argument per line: it is valid or has a
+// problem, and its report is valid JSON.
 #include "Expect.h"
 #include "convert/Batch.h"
 #include "convert/Options.h"
@@ -22,7 +22,7 @@ std::vector<std::string> linesOf(const std::string& text) {
     return lines;
 }
 
-// Names may hold any bytes; the report is made of lines of text and has no others than its own.
+// Names may have any bytes, but the report has only its own line ends and no control characters.
 void expectIsPlainJson(const std::string& report, std::size_t files) {
     const auto isControl = [](char c) { return static_cast<unsigned char>(c) < 0x20 && c != '\n'; };
     expect(std::none_of(report.begin(), report.end(), isControl));
@@ -46,15 +46,15 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     const Options options = readOptions(linesOf({reinterpret_cast<const char*>(data), size}));
     if (!options.problem.empty() || options.help || options.version)
         return 0;
-    expect(!options.tasks.empty());
+    expect(options.usesHistory || !options.tasks.empty());
     expect(options.rateHz >= 8000 && options.rateHz <= 96000);
     expect(options.bitrate.value_or(8) >= 8 && options.bitrate.value_or(8) <= 320);
-    expect(options.mostMinutes >= 1 && options.mostMinutes <= 1440);
+    expect(options.maxMinutes >= 1 && options.maxMinutes <= 1440);
     expect(options.quality >= -1 && options.quality <= 9);
     expect(options.jobs >= 0 && options.jobs <= 1000);
-    std::vector<Result> results;
+    std::vector<ConversionResult> results;
     for (const Task& task : options.tasks)
-        results.push_back({task.score, task.target, Outcome::failed, task.score, 0.5});
+        results.push_back({task.source, task.target, Outcome::failed, task.source, 0.5});
     expectIsPlainJson(reportOf(results), results.size());
     return 0;
 }

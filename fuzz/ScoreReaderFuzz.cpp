@@ -1,11 +1,10 @@
-// Any bytes as a score file: they are read without harm, and what they gave can be written and read
-// again.
+// Any bytes as a score file: the score that is read can be written and read again.
 #include "Expect.h"
-#include "score/MidiExport.h"
-#include "score/PlainSetup.h"
-#include "score/Score.h"
-#include "score/ScoreReader.h"
-#include "score/ScoreWriter.h"
+#include "model/MidiExport.h"
+#include "model/RowOptions.h"
+#include "model/Score.h"
+#include "model/ScoreReader.h"
+#include "model/ScoreWriter.h"
 
 #include <memory>
 #include <sstream>
@@ -38,7 +37,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     for (int lane = 1; lane < PolyGrid::rows; ++lane)
         expect(again->PolyArray.at(lane, 0) == score->PolyArray.at(lane, 1));
 
-    PlainSetup setup;
+    const RowOptions setup;
     expect(midiFileOf(*score, setup).size() <= 10'000);
     return 0;
 }

@@ -1,8 +1,8 @@
-// Any bytes as the file of settings: every value that is read from it is one that the windows can
-// take, and what the windows save is found by the next run.
+// Any bytes as the settings file: the windows can use every value that is read from it, and the
+// next run finds what they save.
 #include "Expect.h"
-#include "host/QtSettings.h"
-#include "shell/SettingValues.h"
+#include "host/desktop/QtSettings.h"
+#include "windows/frame/SettingValues.h"
 
 #include <unistd.h>
 
@@ -17,7 +17,7 @@ using namespace velorin;
 
 namespace {
 
-/// A file with a name of its own for each run: what is read from a name is kept by Qt for a while.
+/// A file with a new name for each run: Qt caches files by name for a while.
 class SettingsFile {
 public:
     SettingsFile(const unsigned char* data, std::size_t size, std::uint64_t number)

@@ -1,7 +1,6 @@
-// Any bytes as a SoundFont: its list of presets is read without harm, and is no longer than the
-// file.
+// Any bytes as a SoundFont: its list of presets fits into the file.
 #include "MemoryFile.h"
-#include "host/SoundFontHeader.h"
+#include "host/synth/SoundFontHeader.h"
 
 using namespace velorin::host;
 

@@ -1,5 +1,5 @@
-// Reading a file of sound as the player and the converter do: in blocks to the end, and from a
-// place within.
+// Reads a sound file as the player and the converter do: in blocks to the end, and from a position
+// inside.
 #pragma once
 
 #include "Expect.h"
@@ -7,7 +7,7 @@
 
 #include <cmath>
 
-/// Reads at most some 100,000 frames: a few bytes can announce hours of sound.
+/// Reads at most about 100,000 frames: a few bytes can announce hours of sound.
 inline void readSound(velorin::host::SoundReader& reader) {
     constexpr int frames = 1024;
     float stereo[2 * frames];

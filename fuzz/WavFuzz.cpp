@@ -1,4 +1,4 @@
-// Any bytes as a WAV file: it is read to its end without harm, and gives samples that can be mixed.
+// Any bytes as a WAV file: reading it to its end gives finite samples.
 #include "MemoryFile.h"
 #include "SoundReading.h"
 

@@ -1,4 +1,4 @@
-"""Runs every test of a build and counts: unit tests one by one, transcripts by file, end-to-end tests by script."""
+"""Runs all tests of a build. A unit test, a transcript and an end-to-end script count as one test each."""
 
 import argparse
 import concurrent.futures
@@ -8,18 +8,21 @@ import pathlib
 import subprocess
 import sys
 import tempfile
+import time
 
 HERE = pathlib.Path(__file__).resolve().parent
-LIMIT_S = 600  # for one test program; what runs longer hangs
+LIMIT_S = 600  # for one test program; a program that runs longer hangs
 RANDOM_EVENTS = 3000
-FAILURES = "What failed:"  # from here to the last line
-# What has threads of its own besides the one of the windows.
-THREADED = ["host/unit_host", "host/unit_host_kept", "host/unit_host_qt", "host/unit_host_signals", "convert/unit_convert"]
+UNDO_SESSIONS = 10
+PLAYED_SCORES = 20
+PEN_DRAWINGS = 60
+SLOWEST = 10
+FAILURES = "What failed:"  # everything after this line is about failures
 
 
 def environment(build):
     values = dict(os.environ)
-    # The sanitizers' own way of loading modules does not know where a program says that they lie.
+    # The sanitizers replace dlopen, and their version ignores the run path of the program.
     values["LD_LIBRARY_PATH"] = str(build / "bin")
     values.setdefault("QT_QPA_PLATFORM", "offscreen")
     if "XDG_RUNTIME_DIR" not in values:
@@ -27,14 +30,14 @@ def environment(build):
         os.chmod(folder, 0o700)
         values["XDG_RUNTIME_DIR"] = folder
     values.setdefault("ASAN_OPTIONS", "detect_leaks=1")
-    # Font look-up keeps its caches until the process ends.
+    # Libraries keep some memory until the process ends.
     values.setdefault("LSAN_OPTIONS", f"suppressions={HERE}/leaks-of-libraries.txt:print_suppressions=0")
     values.setdefault("TSAN_OPTIONS", f"suppressions={HERE}/races-of-libraries.txt:halt_on_error=1")
     return values
 
 
 def run(command, env):
-    """Runs a command; returns its exit status and its output, with a hang as a failure."""
+    """Runs a command and returns its exit status and its output. A hang is a failure."""
     try:
         done = subprocess.run(command, env=env, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
                               timeout=LIMIT_S, check=False)
@@ -64,57 +67,107 @@ def one(name, command, env):
     return (1, 0, "") if status == 0 else (0, 1, f"{name} failed with status {status}\n{output}")
 
 
+def end_to_end_test(name, script, build):
+    left = build / "failed" / script.stem
+    result = one(name, [sys.executable, str(script), str(build)], {**os.environ, "VELORIN_TEST_LEFT": str(left)})
+    return (*result[:2], f"{result[2]}The screen and the logs are in {left}\n") if result[1] and left.exists() else result
+
+
+def timed(name, call):
+    """The result of a test, with its name and its duration in seconds."""
+    started = time.monotonic()
+    result = call()
+    return name, time.monotonic() - started, result
+
+
 def listens(script):
-    """Whether a script hears what the program plays: sound wants the machine for itself."""
+    """True if a script listens to the sound. Such a script runs alone, since a busy machine disturbs the sound."""
     return "import listen" in script.read_text("utf-8")
 
 
-def threaded_jobs(build, env):
-    for name in THREADED:
-        yield True, lambda p=build / "tests/unit" / name: unit_tests(p, env)
+def unit_test_jobs(build, env):
+    for program in sorted(build.glob("tests/unit/**/unit_*")):
+        if os.access(program, os.X_OK) and program.is_file():
+            yield False, program.name, lambda p=program: unit_tests(p, env)
+
+
+def replay_jobs(build, env):
+    """What the fuzzers have found so far, in builds that have the programs for it."""
+    for program in sorted(build.glob("fuzz/replay_*")):
+        if os.access(program, os.X_OK) and program.is_file():
+            corpus = HERE.parent / "fuzz/corpus" / program.name.removeprefix("replay_")
+            yield False, program.name, lambda p=program, c=corpus: one(p.name, [str(p), str(c)], env)
+
+
+def command_jobs(build, env):
+    """What runs as one command each."""
+    yield "house", [sys.executable, HERE / "house_test.py"]
+    yield "house checks", [sys.executable, HERE / "house/self_test.py"]
+    yield "random session", [build / "bin" / "velorin-random", "--events", RANDOM_EVENTS, "--seed", 1]
+    yield "drawings with the pen and with the mouse", [build / "bin" / "velorin-random-pen", "--drawings", PEN_DRAWINGS]
+    yield "undo sessions", [sys.executable, HERE / "random/undo_sessions.py", build, "--sessions", UNDO_SESSIONS]
+    yield "played MIDI files", [sys.executable, HERE / "random/played_midi.py", build, "--count", PLAYED_SCORES]
+    runner = build / "bin" / "velorin-transcript"
+    for transcript in sorted((HERE / "transcripts").rglob("*.txt")):
+        yield f"transcript {transcript.relative_to(HERE / 'transcripts')}", [runner, transcript]
+
+
+def end_to_end_scripts(which):
+    if which == "no":
+        return []
+    scripts = sorted((HERE / "e2e").glob("*_test.py"))
+    if which == "beside":
+        return [script for script in scripts if not listens(script)]
+    return [*sorted((HERE / "packaging").glob("*_test.py")), *scripts]
+
+
+def end_to_end_jobs(build, which):
+    for script in end_to_end_scripts(which):
+        name = f"{script.parent.name} {script.stem}"
+        yield listens(script), name, lambda n=name, s=script: end_to_end_test(n, s, build)
 
 
 def jobs(build, end_to_end, env):
-    """(may run beside others, what to call) for every test."""
-    for program in sorted(build.glob("tests/unit/*/unit_*")):
-        if os.access(program, os.X_OK) and program.is_file():
-            yield True, lambda p=program: unit_tests(p, env)
-    runner = build / "bin" / "velorin-transcript"
-    for transcript in sorted((HERE / "transcripts").rglob("*.txt")):
-        name = f"transcript {transcript.relative_to(HERE / 'transcripts')}"
-        yield True, lambda n=name, t=transcript: one(n, [str(runner), str(t)], env)
-    yield True, lambda: one("house", [sys.executable, str(HERE / "house_test.py")], env)
-    session = [str(build / "bin" / "velorin-random"), "--events", str(RANDOM_EVENTS), "--seed", "1"]
-    yield True, lambda: one("random session", session, env)
-    if end_to_end:
-        for script in [*sorted((HERE / "e2e").glob("*_test.py")), *sorted((HERE / "packaging").glob("*_test.py"))]:
-            name = f"{script.parent.name} {script.stem}"
-            yield not listens(script), lambda n=name, s=script: one(n, [sys.executable, str(s), str(build)], dict(os.environ))
+    """Yields for every test whether it listens, its name, and the function to call. Long ones come first."""
+    yield from end_to_end_jobs(build, end_to_end)
+    yield from unit_test_jobs(build, env)
+    yield from replay_jobs(build, env)
+    for name, command in command_jobs(build, env):
+        yield False, name, lambda n=name, c=command: one(n, [str(word) for word in c], env)
+
+
+def run_together(work):
+    """Two at a time."""
+    with concurrent.futures.ThreadPoolExecutor(max_workers=2) as pool:
+        return list(pool.map(lambda job: timed(*job), work))
 
 
 def main():
     arguments = argparse.ArgumentParser(description=__doc__)
     arguments.add_argument("build", type=pathlib.Path)
-    arguments.add_argument("--end-to-end", choices=["yes", "no"], default="yes")
-    arguments.add_argument("--threaded", action="store_true", help="only what has threads of its own")
+    arguments.add_argument("--end-to-end", choices=["yes", "no", "beside"], default="yes",
+                           help="beside: only scripts of tests/e2e that may run beside others, so none that listens")
+    arguments.add_argument("--threaded", action="store_true", help="only the unit tests, of which that build has those with threads")
     options = arguments.parse_args()
     build = options.build.resolve()
 
     passed = failed = 0
     env = environment(build)
-    work = list(threaded_jobs(build, env) if options.threaded else jobs(build, options.end_to_end == "yes", env))
-    with concurrent.futures.ThreadPoolExecutor(max_workers=2) as pool:
-        beside = [pool.submit(call) for parallel, call in work if parallel]
-        results = [done.result() for done in beside]
-    results += [call() for parallel, call in work if not parallel]
+    work = list(unit_test_jobs(build, env) if options.threaded else jobs(build, options.end_to_end, env))
+    done = run_together([job[1:] for job in work if not job[0]])
+    done += [timed(*job[1:]) for job in work if job[0]]
+    results = [result for _, _, result in done]
     for good, bad, _ in results:
         passed += good
         failed += bad
+    print("The slowest:")
+    for name, seconds, _ in sorted(done, key=lambda job: -job[1])[:SLOWEST]:
+        print(f"{seconds:6.1f} s  {name}")
     if failed:
         print(FAILURES)
         print(*[text for _, _, text in results if text], sep="\n")
     if passed + failed == 0:
-        print("no test was found")
+        print("no tests were found")
         failed = 1
     print(f"{passed} passed, {failed} failed")
     return 1 if failed else 0

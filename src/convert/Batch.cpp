@@ -1,8 +1,8 @@
-// Threads that take one task after the other.
+// Worker threads that take one task after another.
 #include "convert/Batch.h"
 
 #include "convert/Conversion.h"
-#include "convert/WholeFile.h"
+#include "convert/OutputFile.h"
 
 #include <unistd.h>
 
@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// One line on a terminal that tells how far a file is.
+/// The progress of a file in per cent, on one line of a terminal.
 class ProgressLine {
 public:
     ProgressLine(const std::string& name, bool shown)
@@ -54,7 +54,7 @@ bool isNewer(const fs::path& target, const fs::path& source) {
     return !failed && made >= changed;
 }
 
-// Two scores of one name, from two folders, would take each other's place.
+// Two scores of the same name in two folders would have the same target.
 std::vector<bool> repeatedTargets(const std::vector<Task>& tasks) {
     std::set<fs::path> written;
     std::vector<bool> repeated;
@@ -65,22 +65,25 @@ std::vector<bool> repeatedTargets(const std::vector<Task>& tasks) {
     return repeated;
 }
 
-void removeAbandonedFiles(const std::vector<Task>& tasks) {
+void removeAbandonedFiles(const Options& options) {
     std::set<fs::path> folders;
-    for (const Task& task : tasks)
+    for (const Task& task : options.tasks)
         folders.insert(folderOf(task.target));
+    if (!options.report.empty())
+        folders.insert(folderOf(options.report));
     for (const fs::path& folder : folders)
-        host::removeAbandoned(folder);
+        host::removeAbandonedTempFiles(folder);
 }
 
-Result convertOne(const Task& task, const Options& options, bool isRepeated, bool showsProgress,
-                  const std::function<bool()>& isBrokenOff, const TakeRemark& takeRemark) {
-    Result result{task.score, task.target, Outcome::failed, {}, 0.0};
+ConversionResult convertOne(const Task& task, const Options& options, bool isRepeated, bool isAlone,
+                            const std::function<bool()>& isStopRequested,
+                            const WarningCallback& warn) {
+    ConversionResult result{task.source, task.target, Outcome::failed, {}, 0.0};
     if (isRepeated) {
-        result.reason = task.score + " would replace the output of another score";
+        result.reason = task.source + " would replace the output of another score";
         return result;
     }
-    if (task.isResumable && isNewer(task.target, task.score)) {
+    if (task.isResumable && isNewer(task.target, task.source)) {
         result.outcome = Outcome::skipped;
         result.reason = "the output is newer";
         return result;
@@ -88,10 +91,13 @@ Result convertOne(const Task& task, const Options& options, bool isRepeated, boo
     const auto start = std::chrono::steady_clock::now();
     if (options.makesFolder || task.isResumable)
         makeFolders(task.target.parent_path());
-    ProgressLine line(task.score, showsProgress);
+    ProgressLine line(task.source, isAlone);
     const auto progress = [&line](double share) { line.show(share); };
-    result.reason = convert(task, options, {progress, isBrokenOff, takeRemark});
-    result.outcome = result.reason.empty() ? Outcome::converted : Outcome::failed;
+    const auto details = [&result](const std::string& member) { result.details = member; };
+    const auto converted =
+        convert(task, options, {progress, isStopRequested, warn, isAlone, details});
+    result.reason = converted.reason();
+    result.outcome = converted ? Outcome::converted : Outcome::failed;
     const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
     result.seconds = elapsed.count();
     return result;
@@ -99,25 +105,27 @@ Result convertOne(const Task& task, const Options& options, bool isRepeated, boo
 
 } // namespace
 
-std::vector<Result> convertAll(const Options& options, int jobs, const TakeResult& take,
-                               const std::function<bool()>& isBrokenOff,
-                               const TakeRemark& takeRemark) {
+std::vector<ConversionResult> convertAll(const Options& options, int jobs,
+                                         const ResultCallback& take,
+                                         const std::function<bool()>& isStopRequested,
+                                         const WarningCallback& warn) {
     const std::vector<Task>& tasks = options.tasks;
-    removeAbandonedFiles(tasks);
+    removeAbandonedFiles(options);
     const std::vector<bool> repeated = repeatedTargets(tasks);
-    std::vector<Result> results(tasks.size());
+    std::vector<ConversionResult> results(tasks.size());
     std::atomic<std::size_t> next{0};
     std::mutex taking;
-    const TakeRemark remark = [&](const std::string& text) {
+    const WarningCallback warning = [&](const std::string& text) {
         const std::lock_guard lock(taking);
-        if (takeRemark)
-            takeRemark(text);
+        if (warn)
+            warn(text);
     };
     const auto work = [&] {
         for (std::size_t i = next++; i < tasks.size(); i = next++) {
-            if (isBrokenOff && isBrokenOff())
+            if (isStopRequested && isStopRequested())
                 return;
-            results[i] = convertOne(tasks[i], options, repeated[i], jobs == 1, isBrokenOff, remark);
+            results[i] =
+                convertOne(tasks[i], options, repeated[i], jobs == 1, isStopRequested, warning);
             const std::lock_guard lock(taking);
             take(results[i]);
         }

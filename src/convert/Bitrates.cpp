@@ -1,4 +1,4 @@
-// A table for each version of the format; the sample rate decides which version a file has.
+// One table for each version of the format. The sample rate decides the version of a file.
 #include "convert/Bitrates.h"
 
 #include <algorithm>
@@ -9,8 +9,8 @@ namespace {
 
 constexpr int usual = 192;
 
-// The encoder raises a rate that no version knows to the next one that there is, and lowers it to
-// 48,000. A version's highest rates are 12,000, 24,000 and 48,000.
+// The encoder raises a sample rate that no version has to the next valid one, 48,000 at most. The
+// highest rates of the versions are 12,000, 24,000 and 48,000.
 constexpr int highestRateOfVersion25 = 12'000;
 constexpr int highestRateOfVersion2 = 24'000;
 
@@ -29,11 +29,11 @@ std::span<const int> bitratesAt(int rateHz) {
     return version1;
 }
 
-int usualBitrateAt(int rateHz) {
+int defaultBitrateAt(int rateHz) {
     return std::min(usual, bitratesAt(rateHz).back());
 }
 
-std::string whyNotAt(int rateHz, int bitrate) {
+platform::Result<void> checkBitrate(int rateHz, int bitrate) {
     const std::span<const int> allowed = bitratesAt(rateHz);
     if (std::find(allowed.begin(), allowed.end(), bitrate) != allowed.end())
         return {};
@@ -42,8 +42,8 @@ std::string whyNotAt(int rateHz, int bitrate) {
         const char* between = one == allowed.back() ? " and " : ", ";
         list += (list.empty() ? "" : between) + std::to_string(one);
     }
-    return "cannot have a bitrate of " + std::to_string(bitrate) + ": at " +
-           std::to_string(rateHz) + " Hz there are " + list;
+    return platform::Failure{"cannot have a bitrate of " + std::to_string(bitrate) + ": at " +
+                             std::to_string(rateHz) + " Hz there are " + list};
 }
 
 } // namespace velorin::convert

@@ -1,19 +1,20 @@
-// The bitrates that MP3 files have.
+// The bitrates of MP3 files.
 #pragma once
 
+#include "platform/Result.h"
+
 #include <span>
-#include <string>
 
 namespace velorin::convert {
 
 /// In kilobits per second, the lowest first, for sound of `rateHz` samples per second. Low ones are
-/// there at any rate: the encoder then takes a lower sample rate by itself.
+/// valid at any rate: the encoder then lowers the sample rate itself.
 [[nodiscard]] std::span<const int> bitratesAt(int rateHz);
 
-/// The one that is taken if none is asked for: 192, or the highest that the sample rate allows.
-[[nodiscard]] int usualBitrateAt(int rateHz);
+/// 192, or the highest that the sample rate allows.
+[[nodiscard]] int defaultBitrateAt(int rateHz);
 
-/// Why an MP3 file of that sample rate cannot have the bitrate; empty if it can.
-[[nodiscard]] std::string whyNotAt(int rateHz, int bitrate);
+/// Fails if an MP3 file of this sample rate cannot have this bitrate.
+platform::Result<void> checkBitrate(int rateHz, int bitrate);
 
 } // namespace velorin::convert

@@ -1,165 +1,215 @@
-// The kinds of input and output, and what is looked at before anything is made.
+// Checks the input and the output, and chooses the conversion.
 #include "convert/Conversion.h"
 
+#include "convert/BackgroundTarget.h"
 #include "convert/Bitrates.h"
 #include "convert/LoadedScore.h"
+#include "convert/MidiImport.h"
 #include "convert/Mp3Target.h"
+#include "convert/OutputFile.h"
+#include "convert/PageConversion.h"
 #include "convert/PictureModule.h"
+#include "convert/PlayedMidi.h"
+#include "convert/PlayedMidiFile.h"
 #include "convert/SoundLength.h"
 #include "convert/SoundRendering.h"
-#include "convert/WholeFile.h"
-#include "platform/MidiOut.h"
-#include "score/MidiExport.h"
-#include "score/ScoreWriter.h"
+#include "convert/Stems.h"
+#include "model/MidiExport.h"
+#include "model/ScoreWriter.h"
 
 namespace velorin::convert {
 
 namespace fs = std::filesystem;
+using platform::Failure;
+using platform::Result;
 
 namespace {
 
-// No device: what is converted without being played sends nothing.
-struct NoMidi final : platform::MidiOut {
-    int midiOutGetNumDevs() override { return 0; }
-    std::string midiOutGetDevCapsA(int) override { return {}; }
-    std::uint32_t midiOutOpen(platform::MidiOutHandle&, int) override {
-        return platform::midiBadDevice;
-    }
-    std::uint32_t midiOutClose(platform::MidiOutHandle) override { return platform::midiBadHandle; }
-    std::uint32_t midiOutShortMsg(platform::MidiOutHandle, std::uint32_t) override {
-        return platform::midiBadHandle;
-    }
-};
-
-// Empty for a picture that cannot be drawn.
-std::string bytesOf(Kind kind, LoadedScore& score) {
-    switch (kind) {
-    case Kind::mid:
-        return midiFileOf(score.studio.score, score.setup);
-    case Kind::sng:
-        return scoreText(score.studio.score);
-    default:
-        return drawPng(score.studio);
-    }
+std::string about(const fs::path& file, const std::string& what) {
+    return file.string() + " " + what;
 }
 
-std::string about(const fs::path& file, const std::string& problem) {
-    return problem.empty() ? std::string() : file.string() + " " + problem;
-}
-
-// To replace a device or a folder by a file would be a mishap.
-std::string checkTarget(const fs::path& target) {
-    std::error_code failed;
-    const fs::file_status status = fs::status(target, failed);
-    if (fs::exists(status) && !fs::is_regular_file(status))
-        return about(target, "is no file that could be replaced");
-    const fs::path folder = target.parent_path();
-    if (!folder.empty() && !fs::is_directory(folder, failed))
-        return about(folder, "is no folder");
+/// The same result, its reason beginning with the file name.
+Result<void> named(const fs::path& file, const Result<void>& result) {
+    if (!result)
+        return Failure{about(file, result.reason())};
     return {};
 }
 
-/// A target that can be broken off at each write.
-class BreakableTarget final : public SoundTarget {
+/// A target whose writes fail once a stop is requested.
+class StoppableTarget final : public SoundTarget {
 public:
-    BreakableTarget(std::unique_ptr<SoundTarget> target, const std::function<bool()>& isBrokenOff)
-        : target_(std::move(target)), isBrokenOff_(isBrokenOff) {}
+    StoppableTarget(std::unique_ptr<SoundTarget> target,
+                    const std::function<bool()>& isStopRequested)
+        : target_(std::move(target)), isStopRequested_(isStopRequested) {}
 
     bool write(const std::int16_t* stereo, int frames) override {
-        broken_ = broken_ || isBrokenOff_();
-        return !broken_ && target_->write(stereo, frames);
+        stopped_ = stopped_ || isStopRequested_();
+        return !stopped_ && target_->write(stereo, frames);
     }
-    std::string finish() override { return target_->finish(); }
-    std::string whyFailed() const override {
-        return broken_ ? "was broken off" : target_->whyFailed();
+    Result<void> finish() override { return target_->finish(); }
+    std::string failureReason() const override {
+        return stopped_ ? "was interrupted" : target_->failureReason();
     }
 
 private:
     std::unique_ptr<SoundTarget> target_;
-    const std::function<bool()>& isBrokenOff_;
-    bool broken_ = false;
+    const std::function<bool()>& isStopRequested_;
+    bool stopped_ = false;
 };
 
-std::unique_ptr<SoundTarget> makeTarget(const Task& task, const fs::path& part,
-                                        const SoundParameters& parameters, std::string& reason) {
-    return task.kind == Kind::mp3 ? makeMp3(part, parameters, findLame(), reason)
-                                  : makeWav(part, parameters, reason);
+MadeTarget makeTarget(const Task& task, const fs::path& part, const SoundParameters& parameters) {
+    return task.kind == Kind::mp3 ? makeMp3(part, parameters, findLame())
+                                  : makeWav(part, parameters);
 }
 
-SoundRequest requestFor(const Task& task, const Options& options, const Attendant& attendant) {
-    const auto remark = [&task, &attendant](const std::string& text) {
-        if (attendant.remark)
-            attendant.remark(about(task.score, text));
+SoundRequest requestFor(const Task& task, const Options& options,
+                        const ConversionCallbacks& callbacks) {
+    const auto warning = [&task, &callbacks](const std::string& text) {
+        if (callbacks.warning)
+            callbacks.warning(about(task.source, text));
     };
-    const auto checkLength = [&task, &options, &attendant](double seconds) {
-        const int bitrate = options.bitrate.value_or(usualBitrateAt(options.rateHz));
-        const SoundLength length{seconds, options.rateHz, task.kind == Kind::mp3 ? bitrate : 0};
-        std::string problem = whyTooLong(length, options.mostMinutes);
-        if (problem.empty() && isWorthARemark(length) && attendant.remark)
-            attendant.remark(about(task.target, "will be " + described(length)));
-        return problem;
+    const auto check = [&task, &options, &callbacks](double seconds, int rateHz) {
+        if (callbacks.length)
+            callbacks.length(seconds);
+        const int bitrate = options.bitrate.value_or(defaultBitrateAt(rateHz));
+        const SoundLength length{seconds, rateHz, task.kind == Kind::mp3 ? bitrate : 0};
+        auto checked = checkLength(length, options.maxMinutes);
+        if (checked && needsWarning(length) && callbacks.warning)
+            callbacks.warning(about(task.target, "will be " + lengthText(length)));
+        return checked;
     };
-    return {task.score, options.soundFont, options.rateHz, attendant.progress, checkLength, remark};
+    return {task.source,   task.text,       options.soundFont,  options.rateHz,
+            options.isDry, task.followers,  callbacks.progress, check,
+            warning,       task.setup.get()};
 }
 
-std::string makeSound(const Task& task, const Options& options, const Attendant& attendant) {
-    WholeFile whole(task.target);
-    bool begun = false; // until then the source is to blame
-    const MakeTarget make = [&](int rateHz, int channels,
-                                std::string& reason) -> std::unique_ptr<SoundTarget> {
-        begun = true;
-        reason = whole.begin();
-        if (!reason.empty())
-            return nullptr;
-        const int bitrate = options.bitrate.value_or(usualBitrateAt(rateHz));
-        auto target =
-            makeTarget(task, whole.part(), {rateHz, channels, bitrate, options.quality}, reason);
-        if (!target || !attendant.isBrokenOff)
-            return target;
-        return std::make_unique<BreakableTarget>(std::move(target), attendant.isBrokenOff);
-    };
-    const SoundRequest request = requestFor(task, options, attendant);
-    std::string problem;
-    switch (sourceKindOf(task.score)) {
+Result<void> makeSound(const Task& task, const Options& options,
+                       const ConversionCallbacks& callbacks) {
+    OutputFile whole(task.target, task.existing);
+    if (auto rendered = renderSound(whole, task, options, callbacks); !rendered)
+        return rendered;
+    return named(task.target, whole.finish());
+}
+
+Result<std::string> playedMidi(LoadedScore& score, KeptMidi& midi, const Task& task,
+                               const Options& options, const ConversionCallbacks& callbacks) {
+    const PlayedSong song = playToEnd(score, midi);
+    const double seconds = static_cast<double>(song.lengthNs) / 1e9;
+    if (callbacks.length)
+        callbacks.length(seconds);
+    if (const auto checked = checkPlayingTime(seconds, options.maxMinutes); !checked)
+        return checked.failure();
+    return playedMidiFile(song, fs::path(task.source).stem().string());
+}
+
+// No bytes if a picture cannot be drawn.
+Result<std::string> bytesOf(LoadedScore& score, KeptMidi& midi, const Task& task,
+                            const Options& options, const ConversionCallbacks& callbacks) {
+    switch (task.kind) {
     case Kind::mid:
-        problem = renderMidi(request, make);
-        break;
-    case Kind::wav:
-        problem = copyWav(request, make);
-        break;
+        if (options.plainMidi)
+            return midiFileOf(score.studio.score, score.studio.setup.options());
+        return playedMidi(score, midi, task, options, callbacks);
+    case Kind::sng:
+        // The text of a state has the chord marks in their places also for the next reader.
+        return task.text.empty() ? scoreText(score.studio.score) : task.text;
     default:
-        problem = renderScore(request, make);
         break;
     }
-    if (problem.empty())
-        problem = whole.finish();
-    return about(begun ? task.target : fs::path(task.score), problem);
+    if (!callbacks.drawPicture)
+        return drawPng(score.studio, options.pictureScale, options.thumbnailPx);
+    std::string png;
+    callbacks.drawPicture(score.studio, options.pictureScale, options.thumbnailPx, png);
+    return png;
 }
 
-std::string makeFromScore(const Task& task) {
-    NoMidi midi;
+Result<void> makeStemsOf(const Task& task, const Options& options,
+                         const ConversionCallbacks& callbacks) {
+    if (sourceKindOf(task.source) != Kind::sng)
+        return Failure{about(task.source, "has no rows; stems are made from scores")};
+    return makeStems(requestFor(task, options, callbacks), task.target, callbacks.isStopRequested);
+}
+
+Result<void> makeFromScore(const Task& task, const Options& options,
+                           const ConversionCallbacks& callbacks) {
+    KeptMidi midi;
     LoadedScore score(midi);
-    if (const std::string problem = score.open(task.score); !problem.empty())
-        return about(task.score, problem);
-    const std::string bytes = bytesOf(task.kind, score);
-    return about(task.target, bytes.empty()
-                                  ? "cannot be drawn: the module velorin-picture.so is missing"
-                                  : writeWhole(task.target, bytes));
+    if (const auto opened = score.open(task.source, task.text, task.setup.get()); !opened)
+        return named(task.source, opened);
+    auto bytes = bytesOf(score, midi, task, options, callbacks);
+    if (!bytes)
+        return Failure{about(task.source, bytes.reason())};
+    if (bytes->empty())
+        return Failure{
+            about(task.target, "cannot be drawn: the module velorin-picture.so is missing")};
+    return named(task.target, writeOutput(task.target, *bytes, task.existing));
 }
 
 } // namespace
 
-std::string convert(const Task& task, const Options& options, const Attendant& attendant) {
-    if (!canMake(sourceKindOf(task.score), task.kind))
-        return about(task.score, "cannot be turned into this kind of file");
-    if (std::string problem = checkTarget(task.target); !problem.empty())
-        return problem;
-    std::error_code failed; // they are two files then
-    if (!options.mayReplaceScore && fs::equivalent(task.score, task.target, failed))
-        return about(task.score, "would be replaced by itself; name the output with -o");
+Result<void> renderSound(OutputFile& whole, const Task& task, const Options& options,
+                         const ConversionCallbacks& callbacks) {
+    bool begun = false; // before that, a failure is about the source
+    const MakeTarget make = [&](int rateHz, int channels) -> MadeTarget {
+        begun = true;
+        if (const auto opened = whole.begin(); !opened)
+            return opened.failure();
+        const int bitrate = options.bitrate.value_or(defaultBitrateAt(rateHz));
+        auto target = makeTarget(task, whole.part(), {rateHz, channels, bitrate, options.quality});
+        if (target && callbacks.encodesAside)
+            target = MadeTarget(std::make_unique<BackgroundTarget>(std::move(*target)));
+        if (!target || !callbacks.isStopRequested)
+            return target;
+        return MadeTarget(
+            std::make_unique<StoppableTarget>(std::move(*target), callbacks.isStopRequested));
+    };
+    const SoundRequest request = requestFor(task, options, callbacks);
+    const auto render = [&] {
+        switch (sourceKindOf(task.source)) {
+        case Kind::mid:
+            return renderMidi(request, make);
+        case Kind::wav:
+            return copyWav(request, make);
+        default:
+            return renderScore(request, make);
+        }
+    };
+    const Result<void> rendered = render(); // decides what `begun` is
+    return named(begun ? task.target : fs::path(task.source), rendered);
+}
+
+Result<void> checkTarget(const fs::path& target) {
+    std::error_code failed;
+    const fs::file_status status = fs::status(target, failed);
+    if (fs::exists(status) && !fs::is_regular_file(status))
+        return Failure{about(target, "is not a file that can be replaced")};
+    const fs::path folder = target.parent_path();
+    if (!folder.empty() && !fs::is_directory(folder, failed))
+        return Failure{about(folder, "is not a folder")};
+    return {};
+}
+
+Result<void> convert(const Task& task, const Options& options,
+                     const ConversionCallbacks& callbacks) {
+    if (!canMake(sourceKindOf(task.source), task.kind))
+        return Failure{about(task.source, "cannot be turned into this kind of file")};
+    if (!task.followers.empty() && sourceKindOf(task.source) != Kind::sng)
+        return Failure{about(task.source, "cannot be joined: it is not a score")};
+    if (auto checked = checkTarget(task.target); !checked)
+        return checked;
+    std::error_code failed; // on an error they are two files
+    if (!options.mayReplaceScore && fs::equivalent(task.source, task.target, failed))
+        return Failure{about(task.source, "would be replaced by itself; name the output with -o")};
+    if (options.makesStems)
+        return makeStemsOf(task, options, callbacks);
+    if (task.kind == Kind::html)
+        return makePage(task, options, callbacks);
     if (task.kind == Kind::wav || task.kind == Kind::mp3)
-        return makeSound(task, options, attendant);
-    return makeFromScore(task);
+        return makeSound(task, options, callbacks);
+    if (sourceKindOf(task.source) == Kind::mid)
+        return importMidiFile(task, options, callbacks);
+    return makeFromScore(task, options, callbacks);
 }
 
 } // namespace velorin::convert

@@ -1,4 +1,4 @@
-// Walking through folders.
+// Walks through folders.
 #include "convert/Folders.h"
 
 #include "platform/Text.h"
@@ -12,9 +12,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr const char* endings[] = {".sng", ".mid", ".midi", ".wav"}; ///< the first comes first
+constexpr const char* endings[] = {".sng", ".mid", ".midi", ".wav"}; ///< in order of preference
 
-// The place of a file's ending among those that are known; none for a file of another kind.
+// The rank of a file's ending; the size of the table for another kind of file.
 std::size_t rankOf(const fs::path& file) {
     const std::string ending = platform::lowerCase(file.extension().string());
     return static_cast<std::size_t>(std::find(std::begin(endings), std::end(endings), ending) -
@@ -23,6 +23,17 @@ std::size_t rankOf(const fs::path& file) {
 
 bool isHidden(const fs::path& file) {
     return file.filename().string().starts_with('.');
+}
+
+fs::path targetOf(const Task& folder, const fs::path& file) {
+    fs::path target = folder.target / file.lexically_relative(folder.source);
+    return target.replace_extension(nameOf(folder.kind));
+}
+
+} // namespace
+
+bool isConvertible(const fs::path& file) {
+    return rankOf(file) < std::size(endings);
 }
 
 std::vector<fs::path> filesIn(const fs::path& folder) {
@@ -34,8 +45,7 @@ std::vector<fs::path> filesIn(const fs::path& folder) {
         std::error_code unknown;
         if (at->is_directory(unknown) && isHidden(at->path()))
             at.disable_recursion_pending();
-        else if (at->is_regular_file(unknown) && !isHidden(at->path()) &&
-                 rankOf(at->path()) < std::size(endings))
+        else if (at->is_regular_file(unknown) && !isHidden(at->path()) && isConvertible(at->path()))
             files.push_back(at->path());
     }
     std::sort(files.begin(), files.end(), [](const fs::path& a, const fs::path& b) {
@@ -46,33 +56,25 @@ std::vector<fs::path> filesIn(const fs::path& folder) {
     return files;
 }
 
-fs::path targetOf(const Task& folder, const fs::path& file) {
-    static constexpr const char* endingOf[] = {".mid", ".wav", ".mp3", ".png", ".sng"};
-    fs::path target = folder.target / file.lexically_relative(folder.score);
-    return target.replace_extension(endingOf[static_cast<std::size_t>(folder.kind)]);
-}
-
-} // namespace
-
-std::vector<Task> withoutFolders(const std::vector<Task>& tasks, std::vector<LeftOut>& leftOut) {
+std::vector<Task> expandFolders(const std::vector<Task>& tasks, std::vector<SkippedFile>& skipped) {
     std::vector<Task> files;
     for (const Task& task : tasks) {
         std::error_code failed;
-        if (!fs::is_directory(task.score, failed)) {
+        if (!fs::is_directory(task.source, failed)) {
             files.push_back(task);
             continue;
         }
-        std::map<fs::path, fs::path> sources; // by what they become
-        for (const fs::path& file : filesIn(task.score)) {
+        std::map<fs::path, fs::path> sources; // by target
+        for (const fs::path& file : filesIn(task.source)) {
             const fs::path target = targetOf(task, file);
-            // A file that would become itself is there already.
+            // Skip a file that is its own target.
             if (!canMake(sourceKindOf(file), task.kind) || file == target)
                 continue;
             const auto [first, isNew] = sources.emplace(target, file);
             if (isNew)
                 files.push_back({file.string(), target, task.kind, task.isResumable});
             else
-                leftOut.push_back(
+                skipped.push_back(
                     {file.string(), "the same output is made from " + first->second.string()});
         }
     }

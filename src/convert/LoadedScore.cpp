@@ -1,8 +1,6 @@
 // Opening a score, after a look whether the file is one at all.
 #include "convert/LoadedScore.h"
 
-#include "score/ScoreFiles.h"
-
 #include <istream>
 
 namespace velorin::convert {
@@ -23,16 +21,19 @@ bool beginsWithNumber(std::istream& in) {
 
 } // namespace
 
-std::string LoadedScore::open(const std::string& name) {
+platform::Result<void> LoadedScore::open(const std::string& name, const std::string& text,
+                                         const PlaySetup* setup) {
+    host.offer(name, text);
     {
         const auto file = host.platform.files.openForInput(name);
         if (!file)
-            return "cannot be read";
+            return platform::Failure{"cannot be read"};
         if (!beginsWithNumber(*file))
-            return "is no score";
+            return platform::Failure{"is not a score"};
     }
-    ScoreFiles files(studio, desk);
-    files.OpenPoliFile(name);
+    session.files.OpenPoliFile(name);
+    if (setup != nullptr)
+        setup->applyTo(session);
     return {};
 }
 

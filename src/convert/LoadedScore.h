@@ -1,10 +1,10 @@
-// A score file in a studio of its own, without windows.
+// A score file in a session of its own, without windows.
 #pragma once
 
 #include "convert/OfflinePlatform.h"
-#include "playback/NoDesk.h"
-#include "score/PlainSetup.h"
-#include "score/Studio.h"
+#include "convert/PlaySetup.h"
+#include "platform/Result.h"
+#include "session/Session.h"
 
 #include <string>
 
@@ -13,14 +13,15 @@ namespace velorin::convert {
 struct LoadedScore {
     explicit LoadedScore(platform::MidiOut& midi) : host(midi) {}
 
-    /// Reads a score of any stage, as the program's open command does. Returns why the file is
-    /// none; empty if it went well.
-    [[nodiscard]] std::string open(const std::string& name);
+    /// Reads a score of any stage, as the program's open command does. Fails if the file is none.
+    /// If `text` is not empty, it is the score, and there is no such file.
+    /// With `setup` it then plays with that one.
+    platform::Result<void> open(const std::string& name, const std::string& text = {},
+                                const PlaySetup* setup = nullptr);
 
     OfflinePlatform host;
-    PlainSetup setup;
-    NoDesk desk;
-    Studio studio{host.platform, setup};
+    Session session{host.platform};
+    Studio& studio = session.studio;
 };
 
 } // namespace velorin::convert

@@ -1,8 +1,8 @@
-// MP3 files through the LAME library, where it is there.
+// Writes MP3 files with the LAME library.
 #include "convert/Mp3Target.h"
 
 #include "convert/Bitrates.h"
-#include "convert/WholeFile.h"
+#include "convert/OutputFile.h"
 
 #include <cerrno>
 #include <fstream>
@@ -16,6 +16,8 @@ namespace fs = std::filesystem;
 using host::Lame;
 using host::LameFlags;
 using host::LameStream;
+using platform::Failure;
+using platform::Result;
 
 bool configure(const LameStream& lame, const SoundParameters& parameters) {
     const Lame& calls = lame.calls();
@@ -35,12 +37,12 @@ class Mp3Target final : public SoundTarget {
 public:
     explicit Mp3Target(std::shared_ptr<const Lame> lame) : lame_(std::move(lame)) {}
 
-    [[nodiscard]] std::string begin(const fs::path& path, const SoundParameters& parameters) {
+    Result<void> begin(const fs::path& path, const SoundParameters& parameters) {
         isMono_ = parameters.channels == 1;
-        if (!lame_.isMade() || !configure(lame_, parameters))
-            return "cannot be made: the MP3 encoder refuses these settings";
+        if (!lame_.isValid() || !configure(lame_, parameters))
+            return Failure{"cannot be made: the MP3 encoder refuses these settings"};
         attempt([&] { file_.open(path, std::ios::binary | std::ios::trunc); });
-        return problem_;
+        return outcome();
     }
 
     bool write(const std::int16_t* stereo, int frames) override {
@@ -62,20 +64,25 @@ public:
         return put(bytes);
     }
 
-    std::string finish() override {
+    Result<void> finish() override {
         output_.resize(LameStream::outputSize(0));
         const Lame& calls = lame_.calls();
         if (put(calls.flush(lame_.flags(), output_.data(), static_cast<int>(output_.size()))))
             writeTag();
         attempt([this] { file_.close(); });
-        return problem_;
+        return outcome();
     }
 
-    std::string whyFailed() const override { return problem_; }
+    std::string failureReason() const override { return problem_; }
 
 private:
-    // The first failure is the one to report, in the words that the system has for it at that
-    // moment.
+    [[nodiscard]] Result<void> outcome() const {
+        if (!problem_.empty())
+            return Failure{problem_};
+        return {};
+    }
+
+    // Only the first failure is reported, with the system's message at that moment.
     template <typename Action>
     bool attempt(const Action& action) {
         errno = 0;
@@ -93,7 +100,7 @@ private:
         return attempt([&] { file_.write(reinterpret_cast<const char*>(output_.data()), bytes); });
     }
 
-    // The frame at the head was left blank for it.
+    // The encoder has left the first frame blank for it.
     void writeTag() {
         const std::size_t bytes =
             lame_.calls().tagFrame(lame_.flags(), output_.data(), output_.size());
@@ -120,16 +127,16 @@ std::shared_ptr<const Lame> findLame() {
     return lame ? lame : Lame::load(Lame::fileName);
 }
 
-std::unique_ptr<SoundTarget> makeMp3(const fs::path& path, const SoundParameters& parameters,
-                                     std::shared_ptr<const Lame> lame, std::string& reason) {
-    reason = whyNotAt(parameters.rateHz, parameters.bitrate);
-    if (reason.empty() && !lame)
-        reason = "cannot be made: the MP3 encoder (libmp3lame) is missing";
-    if (!reason.empty())
-        return nullptr;
+MadeTarget makeMp3(const fs::path& path, const SoundParameters& parameters,
+                   std::shared_ptr<const Lame> lame) {
+    if (const auto checked = checkBitrate(parameters.rateHz, parameters.bitrate); !checked)
+        return checked.failure();
+    if (!lame)
+        return Failure{"cannot be made: the MP3 encoder (libmp3lame) is missing"};
     auto target = std::make_unique<Mp3Target>(std::move(lame));
-    reason = target->begin(path, parameters);
-    return reason.empty() ? std::move(target) : nullptr;
+    if (const auto begun = target->begin(path, parameters); !begun)
+        return begun.failure();
+    return MadeTarget(std::move(target));
 }
 
 } // namespace velorin::convert

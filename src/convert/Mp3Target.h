@@ -1,4 +1,4 @@
-// An MP3 file as a target, and the encoder that it takes.
+// An MP3 file as a target, and its encoder.
 #pragma once
 
 #include "convert/SoundTarget.h"
@@ -6,14 +6,13 @@
 
 namespace velorin::convert {
 
-/// The encoder beside the program, or else the system's; null if there is none.
+/// The encoder library beside the program, else that of the system; null if there is none.
 [[nodiscard]] std::shared_ptr<const host::Lame> findLame();
 
-/// Constant bitrate, with the frame at its head that tells players the length. Null if there is no
-/// encoder, or it refuses, or the bitrate is none of the sample rate's, or the file cannot be made.
-[[nodiscard]] std::unique_ptr<SoundTarget> makeMp3(const std::filesystem::path& path,
-                                                   const SoundParameters& parameters,
-                                                   std::shared_ptr<const host::Lame> lame,
-                                                   std::string& reason);
+/// Constant bitrate, with a first frame that gives players the length. Fails if there is no
+/// encoder, if it refuses, if the sample rate does not allow the bitrate, or if the file cannot be
+/// created.
+MadeTarget makeMp3(const std::filesystem::path& path, const SoundParameters& parameters,
+                   std::shared_ptr<const host::Lame> lame);
 
 } // namespace velorin::convert

@@ -1,7 +1,7 @@
-// A host without a desktop: time that jumps instead of passing, real files, and nobody to ask.
+// A host without a desktop: a clock that jumps instead of waiting, real files, and no user.
 #pragma once
 
-#include "host/HostFiles.h"
+#include "host/files/HostFiles.h"
 #include "platform/Clock.h"
 #include "platform/Desktop.h"
 #include "platform/Dialogs.h"
@@ -16,10 +16,13 @@
 
 #include <algorithm>
 #include <functional>
+#include <memory>
+#include <sstream>
+#include <string>
 
 namespace velorin::convert {
 
-/// Nanoseconds from 0; stands still until somebody waits.
+/// Nanoseconds from 0. Moves only during waits.
 class JumpingClock final : public platform::Clock {
 public:
     std::int64_t QueryPerformanceCounter() override { return nowNs; }
@@ -30,7 +33,26 @@ public:
     std::int64_t nowNs = 0;
 };
 
-/// There are no events, so every wait lasts to its end, at once.
+/// The files of the machine, and one score that is in memory.
+class SourceFiles final : public host::HostFiles {
+public:
+    /// From now on `name` opens `text`.
+    void offer(const std::string& name, const std::string& text) {
+        name_ = name;
+        text_ = text;
+    }
+    std::unique_ptr<std::istream> openForInput(const std::string& name) override {
+        if (!text_.empty() && name == name_)
+            return std::make_unique<std::istringstream>(text_);
+        return HostFiles::openForInput(name);
+    }
+
+private:
+    std::string name_;
+    std::string text_;
+};
+
+/// There are no events, so every wait jumps to its end.
 class JumpingLoop final : public platform::MessageLoop {
 public:
     explicit JumpingLoop(JumpingClock& clock) : clock_(clock) {}
@@ -42,18 +64,21 @@ public:
     void waitUntil(std::int64_t counter) override {
         if (!ending_)
             clock_.nowNs = std::max(clock_.nowNs + 1, counter);
+        if (onWaited)
+            onWaited();
     }
     void end() override { ending_ = true; }
     bool isEnding() const override { return ending_; }
 
     std::function<void()> onYield;
+    std::function<void()> onWaited; ///< called after each jump
 
 private:
     JumpingClock& clock_;
     bool ending_ = false;
 };
 
-// What a conversion never comes to use answers as a user who cancels everything.
+// Interfaces that a conversion never uses. They answer like a user who cancels everything.
 
 struct NoMci final : platform::Mci {
     std::uint32_t mciSendStringA(const std::string&, std::string*) override { return 263; }
@@ -90,6 +115,8 @@ struct NoDesktop final : platform::Desktop {
     void announceEnd() override {}
     void HtmlHelpA(const std::string&) override {}
     bool startProgram(const std::string&) override { return false; }
+    bool openFile(const std::string&) override { return false; }
+    void showInFolder(const std::string&) override {}
     double Rnd() override { return 0.0; }
 };
 
@@ -135,7 +162,7 @@ struct NoTimers final : platform::Timers {
     void cancel(int) override {}
 };
 
-/// All of it in one hand, with the device that is given.
+/// All of it, with the given MIDI device.
 class OfflinePlatform {
 public:
     explicit OfflinePlatform(platform::MidiOut& midi) : midi_(midi) {}
@@ -148,7 +175,7 @@ private:
     NoMci mci_;
     NoDialogs dialogs_;
     NoBoxes boxes_;
-    host::HostFiles files_;
+    SourceFiles files_;
     NoSettings settings_;
     NoDesktop desktop_;
     NoMenus menus_;
@@ -161,7 +188,10 @@ public:
                                 boxes_,  files_,       settings_, desktop_, menus_,
                                 timers_, systemFiles_, encoder_,  {}};
 
-    /// The same host on another clock, loop and device.
+    /// Puts a score that is in no file under a name.
+    void offer(const std::string& name, const std::string& text) { files_.offer(name, text); }
+
+    /// The same host with another clock, loop and device.
     [[nodiscard]] platform::Platform on(platform::Clock& otherClock,
                                         platform::MessageLoop& otherLoop,
                                         platform::MidiOut& otherMidi) {

@@ -1,4 +1,4 @@
-// Loading the module by its name; the program's own search path leads to the place beside it.
+// Loads the module by name. The run path of the program includes the folder of the module.
 #include "convert/PictureModule.h"
 
 #include "convert/ScorePicture.h"
@@ -7,13 +7,13 @@
 
 namespace velorin::convert {
 
-std::string drawPng(Studio& studio) {
+std::string drawPng(Studio& studio, int scale, int thumbnailPx) {
     void* module = dlopen("velorin-picture.so", RTLD_NOW | RTLD_LOCAL);
     void* entry = module ? dlsym(module, "velorinPngOf") : nullptr;
     if (!entry)
         return {};
     std::string png;
-    reinterpret_cast<decltype(&velorinPngOf)>(entry)(studio, png);
+    reinterpret_cast<decltype(&velorinPngOf)>(entry)(studio, scale, thumbnailPx, png);
     return png;
 }
 

@@ -1,4 +1,4 @@
-// The way to the module that draws.
+// Loads the drawing module.
 #pragma once
 
 #include <string>
@@ -9,9 +9,10 @@ struct Studio;
 
 namespace convert {
 
-/// A PNG file's bytes (see ScorePicture.h); empty if the module is not there. The module stays
+/// The bytes of a PNG file, or of a thumbnail if `thumbnailPx` is above 0 (see ScorePicture.h);
+/// empty if the module is missing. The module stays
 /// loaded.
-[[nodiscard]] std::string drawPng(Studio& studio);
+[[nodiscard]] std::string drawPng(Studio& studio, int scale, int thumbnailPx);
 
 } // namespace convert
 } // namespace velorin

@@ -1,11 +1,9 @@
-// Rendering between messages, and the tail behind the last one.
+// Renders between messages, and the tail after the last one.
 #include "convert/RenderedMidi.h"
 
 #include "convert/OfflinePlatform.h"
 
 #include <algorithm>
-#include <cmath>
-#include <cstdlib>
 
 namespace velorin::convert {
 
@@ -13,7 +11,6 @@ namespace {
 
 constexpr platform::MidiOutHandle onlyHandle = 1;
 
-constexpr int quietSample = 3; ///< -80 dB of 32768 is 3.3
 constexpr int longestTailSeconds = 10;
 
 } // namespace
@@ -34,7 +31,7 @@ std::uint32_t RenderedMidi::midiOutClose(platform::MidiOutHandle handle) {
     if (!open_ || handle != onlyHandle)
         return platform::midiBadHandle;
     catchUp();
-    synth_.reset();
+    renderer_.reset();
     open_ = false;
     return platform::midiSuccess;
 }
@@ -46,15 +43,29 @@ std::uint32_t RenderedMidi::midiOutShortMsg(platform::MidiOutHandle handle, std:
     if (bytes.count == 0)
         return platform::midiBadParameter;
     catchUp();
-    synth_.send(bytes);
+    lastMessageNs_ = nowNs();
+    renderer_.send(bytes);
     return platform::midiSuccess;
 }
 
+void RenderedMidi::follow(const JumpingClock& clock, std::int64_t leadNs) {
+    startNs_ = lastMessageNs_;
+    leadNs_ = leadNs;
+    clock_ = &clock;
+    open_ = false; // for the next score, which opens its device; without a reset
+}
+
+std::int64_t RenderedMidi::nowNs() const {
+    return startNs_ + std::max<std::int64_t>(clock_->nowNs - leadNs_, 0);
+}
+
 void RenderedMidi::catchUp() {
-    // Whole seconds apart: the product of a long song's nanoseconds and the rate leaves 64 bits.
+    // Whole seconds are converted separately: nanoseconds times the rate of a long song would
+    // exceed 64 bits.
     const std::int64_t second = 1'000'000'000;
-    const std::int64_t rest = clock_->nowNs % second * rateHz_;
-    const std::int64_t due = clock_->nowNs / second * rateHz_ + (rest + second / 2) / second;
+    const std::int64_t now = nowNs();
+    const std::int64_t rest = now % second * rateHz_;
+    const std::int64_t due = now / second * rateHz_ + (rest + second / 2) / second;
     render(due - renderedFrames_);
 }
 
@@ -69,14 +80,10 @@ void RenderedMidi::renderTail() {
 
 void RenderedMidi::render(std::int64_t frames) {
     while (frames > 0 && !failed_) {
-        const int count = static_cast<int>(std::min<std::int64_t>(frames, bufferFrames));
-        synth_.render(buffer_.data(), count);
-        failed_ = !take_(buffer_.data(), count);
-        const auto begin = buffer_.rend() - 2 * count;
-        const auto loud = std::find_if(begin, buffer_.rend(),
-                                       [](std::int16_t s) { return std::abs(s) > quietSample; });
-        const auto quiet = (loud - begin) / 2;
-        quietFrames_ = loud == buffer_.rend() ? quietFrames_ + count : quiet;
+        const int count = static_cast<int>(std::min<std::int64_t>(frames, Renderer::mostFrames));
+        const auto quiet = renderer_.render(count);
+        failed_ = !quiet;
+        quietFrames_ = quiet == count ? quietFrames_ + count : quiet.value_or(0);
         renderedFrames_ += count;
         frames -= count;
     }

@@ -1,28 +1,26 @@
-// A MIDI device that plays into a file: each message takes effect at the place in the sound that
-// the clock gives it.
+// A MIDI device that renders into a file. The clock gives the time of each message in the sound.
 #pragma once
 
-#include "host/Synth.h"
+#include "convert/Renderer.h"
 #include "platform/MidiOut.h"
 
-#include <array>
 #include <cstdint>
-#include <functional>
 
 namespace velorin::convert {
 
 class JumpingClock;
 
-/// Takes `frames` frames, left and right in turn; false ends the rendering.
-using TakeSound = std::function<bool(const std::int16_t* stereo, int frames)>;
-
 class RenderedMidi final : public platform::MidiOut {
 public:
-    RenderedMidi(host::Synth& synth, int rateHz, TakeSound take)
-        : synth_(synth), rateHz_(rateHz), take_(std::move(take)) {}
+    /// The renderer must live longer.
+    RenderedMidi(Renderer& renderer, int rateHz) : renderer_(renderer), rateHz_(rateHz) {}
 
-    /// The time is read from here; set before the first message.
+    /// Must be called before the first message.
     void setClock(const JumpingClock& clock) { clock_ = &clock; }
+
+    /// Another score follows, on a clock of its own that begins at 0. Its time `leadNs` is that of
+    /// the last message so far: the first `leadNs` are left out. What sounds rings on.
+    void follow(const JumpingClock& clock, std::int64_t leadNs);
 
     int midiOutGetNumDevs() override { return 1; }
     std::string midiOutGetDevCapsA(int index) override;
@@ -30,28 +28,28 @@ public:
     std::uint32_t midiOutClose(platform::MidiOutHandle handle) override;
     std::uint32_t midiOutShortMsg(platform::MidiOutHandle handle, std::uint32_t message) override;
 
-    /// Renders to the present moment of the clock.
+    /// Renders up to the time of the clock.
     void catchUp();
 
-    /// Renders on until a second has been quieter than -80 dB, for ten seconds at most.
+    /// Continues until one second is quieter than -80 dB, for ten seconds at most.
     void renderTail();
 
     [[nodiscard]] bool failed() const { return failed_; }
 
 private:
+    [[nodiscard]] std::int64_t nowNs() const;
     void render(std::int64_t frames);
 
-    static constexpr int bufferFrames = 4096;
-
-    host::Synth& synth_;
+    Renderer& renderer_;
     int rateHz_;
-    TakeSound take_;
     const JumpingClock* clock_ = nullptr;
+    std::int64_t startNs_ = 0; ///< of the present score, in the sound
+    std::int64_t leadNs_ = 0;
+    std::int64_t lastMessageNs_ = 0;
     std::int64_t renderedFrames_ = 0;
-    std::int64_t quietFrames_ = 0; ///< at the end of what is rendered
+    std::int64_t quietFrames_ = 0; ///< at the end of the rendered sound
     bool open_ = false;
     bool failed_ = false;
-    std::array<std::int16_t, 2 * bufferFrames> buffer_{};
 };
 
 } // namespace velorin::convert

@@ -1,82 +1,77 @@
-// The view that takes in a whole song.
+// Draws a whole song.
 #include "convert/ScorePicture.h"
 
-#include "score/SetupControls.h"
-#include "score/Studio.h"
-#include "tableaux/CellGrid.h"
-#include "tableaux/MusicTableau.h"
-#include "tableaux/NoteTables.h"
-#include "tableaux/Picture.h"
+#include "drawing/CellGrid.h"
+#include "drawing/ScorePart.h"
+#include "model/PitchRange.h"
+#include "studio/Setup.h"
+#include "studio/Studio.h"
 
 #include <QBuffer>
 
 #include <algorithm>
+#include <cstdint>
 
 namespace velorin {
 
 namespace {
 
 constexpr int marginLines = 2;
+constexpr std::int64_t mostPixels = 150'000'000; ///< 600 MB in memory
 
-struct PitchRange {
-    int highest = 60; ///< as indices, so the highest sound has the lowest number
-    int lowest = 67;
-};
+constexpr int fewestThumbnailLines = 12;
 
-PitchRange pitchesOf(const Score& score) {
-    PitchRange found{lastPitch, 0};
-    for (int row = 0; row < musicRows; ++row) {
-        for (int column = 0; column < scoreColumns; ++column) {
-            const int cell = score.NoteArray.at(row, column);
-            if (isEmpty(cell))
-                continue;
-            const int pitch = std::min(pitchOf(cell), lastPitch);
-            found.highest = std::min(found.highest, pitch);
-            found.lowest = std::max(found.lowest, pitch);
-        }
-    }
-    return found.highest > found.lowest ? PitchRange{} : found;
-}
-
-// In a window the rows open one by one as the user turns to them; a picture shows them all.
-void showWholeSong(Studio& studio) {
-    View& view = studio.view;
-    studio.score.FindLastColumn(studio.setup);
+ScorePart wholeSong(Studio& studio) {
+    studio.score.FindLastColumn(studio.setup.options());
     const int last = std::clamp<int>(studio.score.LastColumn, 0, lastShownColumn);
-    view.FirstColumn = 0;
-    view.VisibleColumns = static_cast<std::int16_t>(last);
-    view.LastVisibleColumn = view.VisibleColumns;
-    const PitchRange pitches = pitchesOf(studio.score);
+    PitchRange pitches = pitchRangeOf(studio.score, {0, musicRows, 0, scoreColumns});
+    if (pitches.isEmpty())
+        pitches = {60, 67}; // the octave below the middle of the tableau
     const int top = std::max(pitches.highest - marginLines, 0);
     const int bottom = std::min(pitches.lowest + marginLines, lastPitch);
-    view.TopPitch = static_cast<std::int16_t>(top);
-    view.VisibleRows = static_cast<std::int16_t>(bottom - top);
-    view.BottomPitch = static_cast<std::int16_t>(bottom);
-    view.RowOpen.fill(flagSet);
-    for (std::size_t line = 0; line < view.SharpRow.size(); ++line) {
-        const auto name = NoteName(top + static_cast<int>(line));
-        view.SharpRow[line] = name && name->back() == '#' ? flagSet : flagClear;
-    }
+    return {0, last + 1, top, bottom - top + 1};
+}
+
+/// The beginning of the song. A song is many times wider than high, so as a whole it would be a
+/// thin line.
+ScorePart thumbnailOf(const ScorePart& song) {
+    ScorePart part = song;
+    part.lines = std::max(song.lines, fewestThumbnailLines);
+    part.topPitch = std::min(song.topPitch, lastPitch + 1 - part.lines);
+    part.columns = std::min(part.lines * 4 / 3, lastShownColumn + 1);
+    return part;
+}
+
+/// An empty image is no thumbnail, so a side has a pixel at least.
+QImage scaledInto(const QImage& picture, int sizePx) {
+    const QSize fitting = picture.size().scaled(sizePx, sizePx, Qt::KeepAspectRatio);
+    if (fitting.width() >= picture.width())
+        return picture;
+    return picture.scaled(fitting.expandedTo({1, 1}), Qt::IgnoreAspectRatio,
+                          Qt::SmoothTransformation);
+}
+
+int scaleThatFits(const ScorePart& part, int scale) {
+    const std::int64_t pixels = std::int64_t{part.columns} * part.lines * cellPx * cellPx;
+    int fits = std::max(scale, 1);
+    while (fits > 1 && pixels * fits * fits > mostPixels)
+        --fits;
+    return fits;
 }
 
 } // namespace
 
 } // namespace velorin
 
-void velorinPngOf(velorin::Studio& studio, std::string& png) {
+void velorinPngOf(velorin::Studio& studio, int scale, int thumbnailPx, std::string& png) {
     using namespace velorin;
-    showWholeSong(studio);
-    const View& view = studio.view;
-    const int width = (view.VisibleColumns + 1) * cellPx;
-    const int height = (view.VisibleRows + 1) * cellPx;
-    const Picture blue(rgb(0, 0, 255));
-    const Picture red(rgb(255, 0, 0));
-    Picture tableau(rgb(255, 255, 255), FillStyle::horizontalLines, rgb(192, 255, 255));
-    tableau.resize(width, height);
-    drawNoteArray(tableau, blue, red, studio);
+    const ScorePart song = wholeSong(studio);
+    const QImage picture = thumbnailPx > 0
+                               ? scaledInto(drawPart(studio, thumbnailOf(song)), thumbnailPx)
+                               : drawPart(studio, song, scaleThatFits(song, scale));
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    tableau.image().save(&buffer, "PNG");
+    picture.save(&buffer, "PNG");
     png = bytes.toStdString();
 }

@@ -1,4 +1,4 @@
-// Lengths in words.
+// Lengths as text.
 #include "convert/SoundLength.h"
 
 #include "convert/SoundTarget.h"
@@ -34,23 +34,30 @@ std::string clockTime(double seconds) {
 
 } // namespace
 
-std::string described(const SoundLength& length) {
+std::string lengthText(const SoundLength& length) {
     const long long megabytes = std::llround(bytesOf(length) / 1e6);
     return clockTime(length.seconds) + " of sound, " + std::to_string(megabytes) + " MB";
 }
 
-bool isWorthARemark(const SoundLength& length) {
+bool needsWarning(const SoundLength& length) {
     return length.seconds >= longSeconds;
 }
 
-std::string whyTooLong(const SoundLength& length, int mostMinutes) {
-    if (length.seconds > mostMinutes * 60.0)
-        return "is too long: " + described(length) + "; --most-minutes allows " +
-               std::to_string(mostMinutes);
+platform::Result<void> checkPlayingTime(double seconds, int maxMinutes) {
+    if (seconds > maxMinutes * 60.0)
+        return platform::Failure{"is too long: it plays for " + clockTime(seconds) +
+                                 "; --most-minutes allows " + std::to_string(maxMinutes)};
+    return {};
+}
+
+platform::Result<void> checkLength(const SoundLength& length, int maxMinutes) {
+    if (length.seconds > maxMinutes * 60.0)
+        return platform::Failure{"is too long: " + lengthText(length) + "; --most-minutes allows " +
+                                 std::to_string(maxMinutes)};
     const double frames = length.seconds * length.rateHz;
-    if (length.bitrate == 0 && frames > static_cast<double>(mostWavFrames))
-        return "is too long for a WAV file: " + described(length) +
-               "; make an MP3 file, or take a lower --rate";
+    if (length.bitrate == 0 && frames > static_cast<double>(maxWavFrames))
+        return platform::Failure{"is too long for a WAV file: " + lengthText(length) +
+                                 "; make an MP3 file, or use a lower --rate"};
     return {};
 }
 

@@ -1,5 +1,7 @@
-// How long a sound will be, and how large its file.
+// The length of a sound and the size of its file.
 #pragma once
+
+#include "platform/Result.h"
 
 #include <string>
 
@@ -8,17 +10,19 @@ namespace velorin::convert {
 struct SoundLength {
     double seconds = 0.0;
     int rateHz = 44100; ///< of a WAV file, which has 16 bits and two channels
-    int bitrate = 0;    ///< kilobits per second of an MP3 file; 0: it is a WAV file
+    int bitrate = 0;    ///< kilobits per second of an MP3 file; 0 for a WAV file
 };
 
 /// Hours, minutes, seconds and megabytes: "1:02:03 of sound, 657 MB".
-[[nodiscard]] std::string described(const SoundLength& length);
+[[nodiscard]] std::string lengthText(const SoundLength& length);
 
-/// True for what takes long enough, and room enough, that the user should know before.
-[[nodiscard]] bool isWorthARemark(const SoundLength& length);
+/// True from ten minutes on, which take some time and disk space.
+[[nodiscard]] bool needsWarning(const SoundLength& length);
 
-/// Why it is not made: it is longer than so many minutes, or than a WAV file can be. Empty if it
-/// is.
-[[nodiscard]] std::string whyTooLong(const SoundLength& length, int mostMinutes);
+/// Fails if it is longer than `maxMinutes`, or than a WAV file can be.
+platform::Result<void> checkLength(const SoundLength& length, int maxMinutes);
+
+/// The same for a MIDI file, which is small at any length.
+platform::Result<void> checkPlayingTime(double seconds, int maxMinutes);
 
 } // namespace velorin::convert

@@ -3,14 +3,12 @@
 #include "convert/SoundRendering.h"
 
 #include "convert/LoadedScore.h"
+#include "convert/PlayedMidi.h"
 #include "convert/RenderedMidi.h"
-#include "host/media/MidiFile.h"
 #include "host/media/SoundReader.h"
 #include "host/media/WavChunks.h"
-#include "platform/CaseBlind.h"
-#include "playback/NoteSounding.h"
-#include "playback/Sequencer.h"
-#include "playback/StopWatch.h"
+#include "host/midi/MidiFile.h"
+#include "platform/PathLookup.h"
 
 #include <algorithm>
 #include <cmath>
@@ -19,79 +17,77 @@
 
 namespace velorin::convert {
 
+using platform::Failure;
+using platform::Result;
+
 namespace {
 
-std::unique_ptr<host::Synth> loadSynth(const SoundRequest& request, std::string& problem) {
-    auto synth = host::Synth::load(request.soundFont, request.rateHz, host::FontLoading::asNeeded);
-    if (!synth)
-        problem = "cannot be played: no SoundFont " + request.soundFont.string();
-    return synth;
-}
-
-void reportProgress(LoadedScore& score, const std::function<void(double)>& progress) {
-    const double columns = std::max<int>(score.studio.score.LastColumn, 1);
-    progress(std::min(score.studio.run.PlayColumn / columns, 1.0));
-}
-
-// As the program does it from its start: the device opens, then the play command runs to its end.
-void play(LoadedScore& score) {
-    NoteSounding sounding(score.studio, score.desk);
-    StopWatch watch(score.host.clock, score.host.loop);
-    Sequencer sequencer(score.studio, sounding, watch, score.desk);
-    sequencer.PlayTimer = watch.StopWatchNew();
-    sounding.Device_Click();
-    sequencer.PlayAndStop_Click(0);
-}
-
-/// A device that takes everything and sounds nothing.
-struct SilentMidi final : platform::MidiOut {
-    int midiOutGetNumDevs() override { return 1; }
-    std::string midiOutGetDevCapsA(int) override { return {}; }
-    std::uint32_t midiOutOpen(platform::MidiOutHandle& handle, int) override {
-        handle = 1;
-        return platform::midiSuccess;
-    }
-    std::uint32_t midiOutClose(platform::MidiOutHandle) override { return platform::midiSuccess; }
-    std::uint32_t midiOutShortMsg(platform::MidiOutHandle, std::uint32_t) override {
-        return platform::midiSuccess;
-    }
+/// How each score of a sound takes part in its progress.
+struct Share {
+    double begin = 0.0;
+    double size = 1.0;
 };
 
-// The song is played once without sound, which takes no time: strummed chords make it longer than
-// its columns. Negative for what is no score.
-double secondsOf(const std::string& source) {
-    SilentMidi midi;
-    LoadedScore score(midi);
-    if (!score.open(source).empty())
-        return -1.0;
-    play(score);
-    return static_cast<double>(score.host.clock.nowNs) / 1e9;
+std::function<void(double)> shareOf(const std::function<void(double)>& progress, Share share) {
+    if (!progress)
+        return {};
+    return [&progress, share](double done) { progress(share.begin + share.size * done); };
 }
 
-std::string checkLength(const SoundRequest& request, double seconds) {
-    return request.checkLength ? request.checkLength(seconds) : std::string();
+/// The source and its followers, in their order.
+std::vector<std::string> scoresOf(const SoundRequest& request) {
+    std::vector<std::string> names{request.source};
+    names.insert(names.end(), request.followers.begin(), request.followers.end());
+    return names;
 }
 
-void remark(const SoundRequest& request, const std::string& text) {
-    if (request.remark)
-        request.remark(text);
+/// What a rendering must know before it begins.
+struct Plan {
+    double seconds = 0.0;             ///< of all scores together
+    std::vector<std::int64_t> leadNs; ///< of each score
+};
+
+// A follower's name goes into the reason, since a message begins with that of the source.
+Result<Plan> planOf(const SoundRequest& request) {
+    Plan plan;
+    for (const std::string& name : scoresOf(request)) {
+        const bool isFirst = plan.leadNs.empty();
+        auto song = playSilently(name, isFirst ? request.text : std::string(), request.setup);
+        if (!song)
+            return isFirst ? song.failure()
+                           : Failure{"cannot be joined: " + name + " " + song.reason()};
+        plan.seconds += static_cast<double>(song->lengthNs) / 1e9;
+        plan.leadNs.push_back(song->leadNs);
+    }
+    return plan;
+}
+
+Result<void> checkLength(const SoundRequest& request, double seconds, int rateHz) {
+    return request.checkLength ? request.checkLength(seconds, rateHz) : Result<void>();
+}
+
+void warning(const SoundRequest& request, const std::string& text) {
+    if (request.warning)
+        request.warning(text);
 }
 
 // A file without notes is a piece of silence; one whose notes are all lost is none.
-std::string judge(const SoundRequest& request, const host::MidiFile& music) {
+Result<void> checkMidiFile(const SoundRequest& request, const host::MidiFile& music) {
     if (!music.isWhole && !music.hasNotes())
-        return "is damaged before its first note";
+        return Failure{"is damaged before its first note"};
     if (!music.isWhole)
-        remark(request, "is damaged; only what comes before the damage is converted");
+        warning(request, "is damaged; only the part before the damage is converted");
     if (!music.hasNotes())
-        remark(request, "has no notes; the sound is silent");
-    return checkLength(request, static_cast<double>(music.lengthUs) / 1e6);
+        warning(request, "has no notes; the sound is silent");
+    return checkLength(request, static_cast<double>(music.lengthUs) / 1e6, request.rateHz);
 }
 
-std::string finishTail(RenderedMidi& midi, SoundTarget& target) {
+Result<void> finishTail(RenderedMidi& midi, SoundTarget& target) {
     midi.catchUp();
     midi.renderTail();
-    return midi.failed() ? target.whyFailed() : target.finish();
+    if (midi.failed())
+        return Failure{target.failureReason()};
+    return target.finish();
 }
 
 std::uint32_t packed(const host::ShortMessage& message) {
@@ -106,52 +102,73 @@ std::int16_t toSample(float value) {
 
 } // namespace
 
-std::string renderScore(const SoundRequest& request, const MakeTarget& make) {
-    std::string problem;
-    const auto synth = loadSynth(request, problem);
+Result<std::unique_ptr<host::Synth>> loadSynth(const SoundRequest& request) {
+    auto synth = host::Synth::load(request.soundFont, request.rateHz, host::FontLoading::asNeeded,
+                                   request.isDry ? host::Effects::none : host::Effects::usual);
     if (!synth)
-        return problem;
+        return Failure{"cannot be played: no SoundFont " + request.soundFont.string()};
+    return synth;
+}
+
+Result<void> renderScore(const SoundRequest& request, const MakeTarget& make) {
+    auto plan = planOf(request);
+    if (!plan)
+        return plan.failure();
+    if (auto checked = checkLength(request, plan->seconds, request.rateHz); !checked)
+        return checked;
+    auto synth = loadSynth(request);
+    if (!synth)
+        return synth.failure();
+    auto made = make(request.rateHz, 2);
+    if (!made)
+        return made.failure();
+    const std::unique_ptr<SoundTarget> target = std::move(*made);
     LoadedScore* playing = nullptr;
-    std::unique_ptr<SoundTarget> target;
-    RenderedMidi midi(*synth, request.rateHz, [&](const std::int16_t* stereo, int frames) {
+    MixRenderer mix(**synth, [&](const std::int16_t* stereo, int frames) {
         const bool written = target->write(stereo, frames);
         if (!written)
             playing->host.loop.end();
         return written;
     });
-    LoadedScore score(midi);
-    playing = &score;
-    midi.setClock(score.host.clock);
-    if (problem = score.open(request.source); !problem.empty())
-        return problem;
-    if (problem = checkLength(request, secondsOf(request.source)); !problem.empty())
-        return problem;
-    target = make(request.rateHz, 2, problem);
-    if (!target)
-        return problem;
-    if (request.progress)
-        score.host.loop.onYield = [&] { reportProgress(score, request.progress); };
-    play(score);
+    RenderedMidi midi(mix, request.rateHz);
+    const std::vector<std::string> names = scoresOf(request);
+    std::unique_ptr<LoadedScore> score; // the last one stays: the tail takes its clock
+    const double share = 1.0 / static_cast<double>(names.size());
+    for (std::size_t i = 0; i < names.size() && !midi.failed(); ++i) {
+        auto next = std::make_unique<LoadedScore>(midi);
+        playing = next.get();
+        if (auto opened =
+                next->open(names[i], i == 0 ? request.text : std::string(), request.setup);
+            !opened)
+            return opened;
+        if (i == 0)
+            midi.setClock(next->host.clock);
+        else
+            midi.follow(next->host.clock, plan->leadNs[i]);
+        play(*next, shareOf(request.progress, {share * static_cast<double>(i), share}));
+        score = std::move(next);
+    }
     return finishTail(midi, *target);
 }
 
-std::string renderMidi(const SoundRequest& request, const MakeTarget& make) {
+Result<void> renderMidi(const SoundRequest& request, const MakeTarget& make) {
     const auto music = host::readMidiFile(platform::resolve(request.source));
     if (!music)
-        return "is no MIDI file";
-    std::string problem = judge(request, *music);
-    if (!problem.empty())
-        return problem;
-    const auto synth = loadSynth(request, problem);
+        return Failure{"is not a MIDI file"};
+    if (auto checked = checkMidiFile(request, *music); !checked)
+        return checked;
+    auto synth = loadSynth(request);
     if (!synth)
-        return problem;
-    const std::unique_ptr<SoundTarget> target = make(request.rateHz, 2, problem);
-    if (!target)
-        return problem;
+        return synth.failure();
+    auto made = make(request.rateHz, 2);
+    if (!made)
+        return made.failure();
+    const std::unique_ptr<SoundTarget> target = std::move(*made);
     JumpingClock clock;
-    RenderedMidi midi(*synth, request.rateHz, [&](const std::int16_t* stereo, int frames) {
+    MixRenderer mix(**synth, [&](const std::int16_t* stereo, int frames) {
         return target->write(stereo, frames);
     });
+    RenderedMidi midi(mix, request.rateHz);
     midi.setClock(clock);
     platform::MidiOutHandle handle = 0;
     midi.midiOutOpen(handle, 0);
@@ -159,7 +176,7 @@ std::string renderMidi(const SoundRequest& request, const MakeTarget& make) {
         clock.nowNs = event.timeUs * 1000;
         midi.midiOutShortMsg(handle, packed(event.message));
         if (midi.failed())
-            return target->whyFailed();
+            return Failure{target->failureReason()};
         if (request.progress)
             request.progress(static_cast<double>(event.timeUs) /
                              static_cast<double>(std::max<std::int64_t>(music->lengthUs, 1)));
@@ -168,15 +185,18 @@ std::string renderMidi(const SoundRequest& request, const MakeTarget& make) {
     return finishTail(midi, *target);
 }
 
-std::string copyWav(const SoundRequest& request, const MakeTarget& make) {
+Result<void> copyWav(const SoundRequest& request, const MakeTarget& make) {
     const std::filesystem::path path = platform::resolve(request.source);
     const auto file = host::openWav(path);
     if (!file)
-        return host::whyNotRead(host::readWavChunks(path));
-    std::string problem;
-    const auto target = make(file->rateHz(), std::min(file->channels(), 2), problem);
-    if (!target)
-        return problem;
+        return Failure{host::unreadableReason(host::readWavChunks(path))};
+    const double seconds = static_cast<double>(file->frames()) / file->rateHz();
+    if (auto checked = checkLength(request, seconds, file->rateHz()); !checked)
+        return checked;
+    auto made = make(file->rateHz(), std::min(file->channels(), 2));
+    if (!made)
+        return made.failure();
+    const std::unique_ptr<SoundTarget> target = std::move(*made);
     constexpr int step = 8192;
     std::vector<float> read(2 * step);
     std::vector<std::int16_t> samples(2 * step);
@@ -184,7 +204,7 @@ std::string copyWav(const SoundRequest& request, const MakeTarget& make) {
     for (int got = file->read(read.data(), step); got > 0; got = file->read(read.data(), step)) {
         std::transform(read.begin(), read.begin() + 2 * got, samples.begin(), toSample);
         if (!target->write(samples.data(), got))
-            return target->whyFailed();
+            return Failure{target->failureReason()};
         done += got;
         if (request.progress)
             request.progress(
@@ -192,9 +212,9 @@ std::string copyWav(const SoundRequest& request, const MakeTarget& make) {
                                   static_cast<double>(std::max<std::int64_t>(file->frames(), 1))));
     }
     if (done == 0)
-        remark(request, "has no sound in it");
+        warning(request, "has no sound");
     else if (done < file->frames())
-        remark(request, "is damaged; only what comes before the damage is converted");
+        warning(request, "is damaged; only the part before the damage is converted");
     return target->finish();
 }
 

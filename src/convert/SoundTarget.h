@@ -1,5 +1,7 @@
-// A file that takes sound: what every rendering writes to.
+// A sound file that a rendering writes to.
 #pragma once
+
+#include "platform/Result.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -10,31 +12,32 @@ namespace velorin::convert {
 
 struct SoundParameters {
     int rateHz = 44100;
-    int channels = 2;  ///< of the file; what is written to it is always stereo
+    int channels = 2;  ///< of the file; `write` always takes stereo
     int bitrate = 192; ///< kilobits per second of an MP3 file
-    int quality = -1;  ///< of an MP3 file, 0 (best) to 9 (fastest); -1: the encoder's own choice
+    int quality =
+        -1; ///< of an MP3 file, 0 (best) to 9 (fastest); -1 for the default of the encoder
 };
 
 class SoundTarget {
 public:
     virtual ~SoundTarget() = default;
 
-    /// Takes `frames` frames, left and right in turn; false if they could not be written, or if
-    /// an earlier write failed.
+    /// Writes `frames` frames, left and right in turn. Returns false if this write or an earlier
+    /// one failed.
     virtual bool write(const std::int16_t* stereo, int frames) = 0;
 
-    /// Writes the rest. Returns why the file is not whole; empty if it is.
-    [[nodiscard]] virtual std::string finish() = 0;
+    /// Writes the rest. Fails if the file is not complete.
+    virtual platform::Result<void> finish() = 0;
 
     /// Why a write failed.
-    [[nodiscard]] virtual std::string whyFailed() const = 0;
+    [[nodiscard]] virtual std::string failureReason() const = 0;
 };
 
-constexpr std::int64_t mostWavFrames = (0xFFFFFFFFLL - 1024) / 4; ///< what a header can say
+constexpr std::int64_t maxWavFrames = (0xFFFFFFFFLL - 1024) / 4; ///< the limit of the header
 
-// 16 bit stereo, up to `mostWavFrames`. Null if the file cannot be made, with the reason in
-// `reason`.
-[[nodiscard]] std::unique_ptr<SoundTarget>
-makeWav(const std::filesystem::path& path, const SoundParameters& parameters, std::string& reason);
+using MadeTarget = platform::Result<std::unique_ptr<SoundTarget>>;
+
+/// 16 bit stereo, up to `maxWavFrames`. Fails if the file cannot be created.
+MadeTarget makeWav(const std::filesystem::path& path, const SoundParameters& parameters);
 
 } // namespace velorin::convert

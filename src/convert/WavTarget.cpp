@@ -1,4 +1,4 @@
-// WAV files through libsndfile.
+// Writes WAV files with libsndfile.
 #include "convert/SoundTarget.h"
 
 #include <sndfile.h>
@@ -10,8 +10,7 @@ namespace {
 struct SoundFileCloser {
     void operator()(SNDFILE* file) const { sf_close(file); }
 };
-// The library's words begin with "System error : " and end in a full stop where the system's would
-// do.
+// Strips "System error : " and the full stop from messages of the library.
 std::string inOneClause(std::string text) {
     const std::string preface = "System error : ";
     if (text.starts_with(preface))
@@ -29,18 +28,19 @@ public:
 
     bool write(const std::int16_t* stereo, int frames) override {
         frames_ += frames;
-        return frames_ <= mostWavFrames && sf_writef_short(file_.get(), stereo, frames) == frames;
+        return frames_ <= maxWavFrames && sf_writef_short(file_.get(), stereo, frames) == frames;
     }
 
-    std::string whyFailed() const override {
-        if (frames_ > mostWavFrames)
+    std::string failureReason() const override {
+        if (frames_ > maxWavFrames)
             return "is too long for a WAV file";
         return inOneClause(sf_strerror(file_.get()));
     }
 
-    std::string finish() override {
-        const int failed = sf_close(file_.release());
-        return failed == 0 ? "" : inOneClause(sf_error_number(failed));
+    platform::Result<void> finish() override {
+        if (const int failed = sf_close(file_.release()); failed != 0)
+            return platform::Failure{inOneClause(sf_error_number(failed))};
+        return {};
     }
 
 private:
@@ -50,18 +50,15 @@ private:
 
 } // namespace
 
-std::unique_ptr<SoundTarget> makeWav(const std::filesystem::path& path,
-                                     const SoundParameters& parameters, std::string& reason) {
+MadeTarget makeWav(const std::filesystem::path& path, const SoundParameters& parameters) {
     SF_INFO info{};
     info.samplerate = parameters.rateHz;
     info.channels = 2;
     info.format = SF_FORMAT_WAV | SF_FORMAT_PCM_16;
     SoundFile file(sf_open(path.string().c_str(), SFM_WRITE, &info));
-    if (!file) {
-        reason = inOneClause(sf_strerror(nullptr));
-        return nullptr;
-    }
-    return std::make_unique<WavTarget>(std::move(file));
+    if (!file)
+        return platform::Failure{inOneClause(sf_strerror(nullptr))};
+    return MadeTarget(std::make_unique<WavTarget>(std::move(file)));
 }
 
 } // namespace velorin::convert

@@ -1,17 +1,20 @@
-// velorin-convert: scores to MIDI files, sound, pictures, and scores anew; MIDI files and WAV files
-// to sound.
+// velorin-convert: converts scores to MIDI files, sound, pictures, pages and new scores, MIDI files
+// to scores, and MIDI and WAV files to sound.
 #include "convert/Batch.h"
 #include "convert/Folders.h"
+#include "convert/KeptHistory.h"
 #include "convert/Options.h"
-#include "convert/WholeFile.h"
-#include "host/BreakOff.h"
-#include "host/SoundFonts.h"
+#include "convert/OutputFile.h"
+#include "host/files/UserFolders.h"
+#include "host/process/StopRequest.h"
+#include "host/synth/SoundFonts.h"
 
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <optional>
 #include <thread>
 
 namespace {
@@ -22,7 +25,7 @@ using namespace velorin::convert;
 constexpr int someFailed = 1;
 constexpr int badUsage = 2;
 
-// One line, whatever the names of the files in it.
+// Prints one line. Control characters in file names become question marks.
 void say(std::string text) {
     std::replace_if(
         text.begin(), text.end(), [](unsigned char c) { return c < 0x20 || c == 0x7F; }, '?');
@@ -39,11 +42,11 @@ fs::path firstSoundFont() {
 }
 
 bool isRendered(const Task& task) {
-    return (task.kind == Kind::wav || task.kind == Kind::mp3) &&
-           sourceKindOf(task.score) != Kind::wav;
+    return (task.kind == Kind::wav || task.kind == Kind::mp3 || task.kind == Kind::html) &&
+           sourceKindOf(task.source) != Kind::wav;
 }
 
-// Pictures are drawn one by one: the module that draws them is loaded once.
+// Pictures are drawn one by one: the drawing module is loaded once.
 int jobsFor(const Options& options) {
     const bool draws = std::any_of(options.tasks.begin(), options.tasks.end(),
                                    [](const Task& task) { return task.kind == Kind::png; });
@@ -53,29 +56,59 @@ int jobsFor(const Options& options) {
     return options.jobs > 0 ? options.jobs : cores;
 }
 
-int run(Options& options, const velorin::host::BreakOff& breakOff) {
-    std::vector<LeftOut> leftOut;
-    options.tasks = withoutFolders(options.tasks, leftOut);
+fs::path historyFolder() {
+    const auto state =
+        velorin::host::stateFolder(std::getenv("XDG_STATE_HOME"), std::getenv("HOME"));
+    return state.empty() ? state : state / "history";
+}
+
+/// Prints the list, or reads the entry into its task. Returns the exit status if there is no more
+/// to do.
+std::optional<int> useHistory(Options& options) {
+    const KeptHistory history(historyFolder());
+    if (history.damagedPieces() > 0)
+        say(history.damageReport());
+    if (!options.historyEntry) {
+        std::fputs(history.list().c_str(), stdout);
+        if (history.isEmpty())
+            say("the history is empty");
+        return EXIT_SUCCESS;
+    }
+    auto text = history.score(*options.historyEntry);
+    if (!text) {
+        say(text.reason());
+        return someFailed;
+    }
+    options.tasks.front().text = std::move(*text);
+    return std::nullopt;
+}
+
+int run(Options& options, const velorin::host::StopRequest& stopRequest) {
+    if (options.usesHistory)
+        if (const auto status = useHistory(options))
+            return *status;
+    std::vector<SkippedFile> skipped;
+    options.tasks = expandFolders(options.tasks, skipped);
     if (options.soundFont.empty() &&
         std::any_of(options.tasks.begin(), options.tasks.end(), isRendered))
         options.soundFont = firstSoundFont();
-    const auto tell = [](const Result& result) {
+    const auto tell = [](const ConversionResult& result) {
         if (result.outcome == Outcome::failed)
             say(result.reason);
     };
-    std::vector<Result> results = convertAll(
-        options, jobsFor(options), tell, [&breakOff] { return breakOff.isWanted(); }, say);
-    breakOff.endIfWanted();
-    bool allWell = std::none_of(results.begin(), results.end(), [](const Result& result) {
+    std::vector<ConversionResult> results = convertAll(
+        options, jobsFor(options), tell, [&stopRequest] { return stopRequest.hasArrived(); }, say);
+    stopRequest.endProcessIfArrived();
+    bool allWell = std::none_of(results.begin(), results.end(), [](const ConversionResult& result) {
         return result.outcome == Outcome::failed;
     });
-    for (const LeftOut& file : leftOut)
+    for (const SkippedFile& file : skipped)
         results.push_back({file.source, {}, Outcome::skipped, file.reason, 0.0});
     if (!options.report.empty()) {
-        const std::string problem = writeWhole(options.report, reportOf(results));
-        if (!problem.empty())
-            say(options.report.string() + " " + problem);
-        allWell = allWell && problem.empty();
+        const auto written = writeOutput(options.report, reportOf(results));
+        if (!written)
+            say(options.report.string() + " " + written.reason());
+        allWell = allWell && written;
     }
     return allWell ? EXIT_SUCCESS : someFailed;
 }
@@ -96,8 +129,8 @@ int main(int count, char** arguments) {
         say(options.problem + " (see --help)");
         return badUsage;
     }
-    const velorin::host::BreakOff breakOff; // before the first thread
-    // Nobody may be there to read what fails; the files are made all the same.
+    const velorin::host::StopRequest stopRequest; // before the first thread
+    // If nobody reads the messages, the files are still converted.
     std::signal(SIGPIPE, SIG_IGN);
-    return run(options, breakOff);
+    return run(options, stopRequest);
 }

@@ -4,15 +4,14 @@
 //
 //     column   5  6  7  8  9 10 11 12 13 14
 //     before   o  -  -  -  -  -  -  -  -  -
-//     after    o  -  -  o  -  -  -                the rest becomes a note of its own
+//     after    o  -  -  o  -  -  -                the rest becomes a second note
 #include "editing/BlockEdits.h"
 
-#include "editing/EditingDesk.h"
 #include "editing/OpenRows.h"
 #include "platform/Text.h"
-#include "score/ScoreDesk.h"
-#include "score/SetupControls.h"
-#include "score/Studio.h"
+#include "studio/MainDesk.h"
+#include "studio/Setup.h"
+#include "studio/Studio.h"
 
 #include <algorithm>
 
@@ -28,7 +27,7 @@ void blank(Score& score, int row, int firstColumn, int lastColumn) {
     }
 }
 
-/// Copies one cell to another of its row. A cell that does not exist gives nothing.
+/// Copies a cell to another column of its row. A source outside the grid is skipped.
 void moveCell(Score& score, int row, int from, int to) {
     if (const auto note = score.NoteArray.read(row, from))
         score.NoteArray.write(row, to, *note);
@@ -43,7 +42,7 @@ void BlockEdits::CopySelectedArea() {
     if (const auto length = platform::toInt16(score.SelectEnd - score.SelectStart))
         clip.ClipLength = *length;
     clip.clearNotes();
-    forOpenRows(studio_.setup, [&](int row) {
+    forOpenRows(studio_.setup.options(), [&](int row) {
         for (int column = score.SelectStart; column <= score.SelectEnd; ++column) {
             clip.take(score, row, column, column - score.SelectStart);
             clip.takeMark(score, row, column, column - score.SelectStart);
@@ -53,7 +52,7 @@ void BlockEdits::CopySelectedArea() {
 }
 
 void BlockEdits::copyIt() {
-    scoreDesk_.focusMusicBox();
+    studio_.desk->focusMusicBox();
     if (studio_.score.SelectStart < 0)
         return;
     CopySelectedArea();
@@ -62,18 +61,19 @@ void BlockEdits::copyIt() {
 }
 
 void BlockEdits::CutBut_Click() {
-    scoreDesk_.focusMusicBox();
+    studio_.desk->focusMusicBox();
     if (studio_.score.SelectStart < 0)
         return;
     CopySelectedArea();
     const int width = clip.ClipLength + 1;
-    forOpenRows(studio_.setup, [&](int row) { closeGap(row, width); });
+    forOpenRows(studio_.setup.options(), [&](int row) { closeGap(row, width); });
     studio_.score.dropSelection();
     redraw();
 }
 
-// With a selection that is turned round the width is negative: the shift then repeats earlier
-// columns up to the end, and there is no tail to blank.
+// Rule: with a reversed selection the width is negative, so the shift repeats earlier columns up to
+// the end, and there is no tail to blank. Held by the unit test
+// Cut.OfASelectionTurnedRoundRepeatsTheColumnsBeforeIt.
 void BlockEdits::closeGap(int row, int width) {
     Score& score = studio_.score;
     for (int column = score.SelectStart; column <= lastGridColumn - width; ++column)
@@ -82,13 +82,16 @@ void BlockEdits::closeGap(int row, int width) {
     blank(score, row, lastGridColumn + 1 - width, lastGridColumn);
 }
 
-// Empty cells of the clipboard are written too: the paste replaces, it does not mix.
+// Empty cells of the clipboard are written too: a paste replaces, it does not merge.
+//
+// Rule: the focus moves first, so with a percussion row selected row 0 becomes the current row.
+// Held by editing/paste.
 void BlockEdits::PasteBut_Click() {
-    scoreDesk_.focusMusicBox();
+    studio_.desk->focusMusicBox();
     Score& score = studio_.score;
     const int first = score.StartColumn;
     const int last = std::min(first + clip.ClipLength, lastGridColumn);
-    forOpenRows(studio_.setup, [&](int row) {
+    forOpenRows(studio_.setup.options(), [&](int row) {
         for (int column = first; column <= last; ++column) {
             clip.give(score, row, column, column - first);
             clip.giveMark(score, row, column, column - first);
@@ -99,24 +102,26 @@ void BlockEdits::PasteBut_Click() {
 }
 
 void BlockEdits::PasteIntoBut_Click() {
-    scoreDesk_.focusMusicBox();
+    studio_.desk->focusMusicBox();
     if (const auto width = platform::toInt16(clip.ClipLength + 1))
         InsertColumns(*width);
     PasteBut_Click();
 }
 
 void BlockEdits::InsertColumnBut_Click() {
-    scoreDesk_.focusMusicBox();
-    InsertColumns(platform::readInt16(desk_.Form2Text1()).value_or(0));
+    studio_.desk->focusMusicBox();
+    InsertColumns(platform::readInt16(studio_.desk->Form2Text1()).value_or(0));
     redraw();
 }
 
-// Reading from the back keeps the source intact; the last columns fall off the end. A sum that does
-// not fit leaves the end of the gap at 0: nothing moves then.
+// Columns are moved from the right, so none is overwritten before it is read; the last ones are
+// dropped. If the end of the gap does not fit 16 bits, it is 0, and nothing moves.
+//
+// Rule: also with n = 0, a held cell at the marker becomes a start. Held by editing/insert.
 void BlockEdits::InsertColumns(std::int16_t n) {
     Score& score = studio_.score;
     const int end = platform::toInt16(score.StartColumn + n).value_or(0);
-    forOpenRows(studio_.setup, [&](int row) {
+    forOpenRows(studio_.setup.options(), [&](int row) {
         for (int column = lastGridColumn; column >= std::max(end, 0); --column)
             moveCell(score, row, column - n, column);
         blank(score, row, score.StartColumn, end - 1);
@@ -125,8 +130,8 @@ void BlockEdits::InsertColumns(std::int16_t n) {
 }
 
 void BlockEdits::redraw() {
-    scoreDesk_.DrawNoteArray();
-    scoreDesk_.DrawBeatArray();
+    studio_.desk->DrawNoteArray();
+    studio_.desk->DrawBeatArray();
 }
 
 } // namespace velorin

@@ -7,17 +7,14 @@
 
 namespace velorin {
 
-class EditingDesk;
-class ScoreDesk;
 struct Studio;
 
-/// Every operation takes all rows but the hidden ones, which stay as they are. The block is
-/// `SelectStart` to `SelectEnd`, both included; paste and insert work at `StartColumn`. What would
-/// fall behind column 1000 is dropped. There is no undo.
+/// Every operation works on all rows that are not hidden. The block is `SelectStart` to
+/// `SelectEnd`, both included; paste and insert work at `StartColumn`. Cells that would go past
+/// column 1000 are dropped. `History` takes an edit back.
 class BlockEdits {
 public:
-    BlockEdits(Studio& studio, ScoreDesk& scoreDesk, EditingDesk& desk)
-        : studio_(studio), scoreDesk_(scoreDesk), desk_(desk) {}
+    BlockEdits(Studio& studio) : studio_(studio) {}
 
     void CopySelectedArea();            ///< into the clipboard; no redraw, the selection stays
     void copyIt();                      ///< the copy command: it drops the selection
@@ -27,7 +24,8 @@ public:
     void InsertColumnBut_Click();       ///< opens as many columns as `Form2`'s `Text1` says
     void InsertColumns(std::int16_t n); ///< opens n columns at `StartColumn`; no redraw
 
-    /// Chord marks go with copy and paste, by numbers of their own; cut and insert leave them.
+    /// Rule: copy and paste take chord marks along; cut and insert leave them in place. Held by
+    /// editing/copy_and_cut.
     Clipboard clip;
 
 private:
@@ -35,8 +33,6 @@ private:
     void redraw();
 
     Studio& studio_;
-    ScoreDesk& scoreDesk_;
-    EditingDesk& desk_;
 };
 
 } // namespace velorin

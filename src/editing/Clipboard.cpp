@@ -1,4 +1,4 @@
-// Taking cells into the clipboard and giving them back.
+// Copies cells to the clipboard and back.
 #include "editing/Clipboard.h"
 
 namespace velorin {

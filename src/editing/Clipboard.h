@@ -1,32 +1,35 @@
-// The clipboard of the block edits: three grids of the program's own.
+// The clipboard of the block edits: three grids, not the desktop's clipboard.
 #pragma once
 
-#include "score/Score.h"
+#include "model/Score.h"
 
 namespace velorin {
 
-/// Its cells are zero until the first copy, and zero is a note on the top line: what is pasted
-/// before any copy, or into a row that was hidden when the block was copied, is such notes.
+/// Rule: its cells are 0 until the first copy, and 0 is a note on the top line. So a paste before
+/// any copy writes such notes, and so does a paste into a row that was hidden at the copy. Held by
+/// editing/paste.
 struct Clipboard {
     NoteGrid ClipNotes; ///< column 0 is the first copied column
     NoteGrid ClipInstruments;
-    /// By the row and column numbers of the copied cells, where the score's own marks stand one
-    /// further in both: a copy takes the mark of the column before it and leaves that of its last.
+    /// Rule: marks are copied by the numbers of the cells, but a cell's mark is one further in
+    /// both. So a copy takes the mark of the column before the block and not that of its last
+    /// column. Held by editing/copy_and_cut.
     PolyGrid ClipPoly;
     std::int16_t ClipLength = 0; ///< columns less 1
 
-    /// Notes and instruments to zero; the marks stay.
+    /// Sets notes and instruments to zero; the marks stay.
     void clearNotes();
 
-    /// Takes the notes and instruments of a score's cell. A place outside either grid is skipped.
+    /// Copies a cell of the score with its instrument. A place outside either grid is skipped.
     void take(const Score& score, int row, int column, int clipColumn);
-    /// Takes the mark with the same numbers.
+    /// Copies the mark with the same numbers.
     void takeMark(const Score& score, int row, int column, int clipColumn);
 
-    /// A note that was cut off at the left edge starts on the first column, in rows [first, last].
+    /// Lets a note that was cut off at the left edge start in the first column, rows [firstRow,
+    /// lastRow].
     void startAtLeftEdge(int firstRow, int lastRow);
 
-    /// Gives the notes and instruments back to a cell of the score.
+    /// Copies a cell with its instrument back to the score.
     void give(Score& score, int row, int column, int clipColumn) const;
     void giveMark(Score& score, int row, int column, int clipColumn) const;
 };

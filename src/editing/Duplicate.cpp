@@ -8,13 +8,12 @@
 #include "editing/Duplicate.h"
 
 #include "editing/BlockEdits.h"
-#include "editing/EditingDesk.h"
 #include "editing/OpenRows.h"
 #include "platform/Text.h"
-#include "score/ScoreCommands.h"
-#include "score/ScoreDesk.h"
-#include "score/SetupControls.h"
-#include "score/Studio.h"
+#include "studio/MainDesk.h"
+#include "studio/ScoreCommands.h"
+#include "studio/Setup.h"
+#include "studio/Studio.h"
 
 #include <algorithm>
 
@@ -22,6 +21,7 @@ namespace velorin {
 
 namespace {
 
+// Rule: the pattern has at least 17 columns, whatever Beats says. Held by editing/duplicate.
 constexpr std::int16_t shortestPatternEnd = 16;
 
 std::int16_t numberIn(const std::string& text) {
@@ -33,32 +33,33 @@ std::int16_t numberIn(const std::string& text) {
 void Duplicate::CopyNotes(int firstRow, int lastRow) {
     Command6_Click();
 
-    // There is no end of a selection here, so this copy only zeroes the clipboard.
+    // `SelectEnd` is -1 here, so this copy only clears the clipboard.
     Score& score = studio_.score;
     score.SelectStart = 0;
     edits_.CopySelectedArea();
     score.SelectStart = 0;
 
-    score.SelectEnd = std::max(numberIn(desk_.Text5()), shortestPatternEnd);
+    score.SelectEnd = std::max(numberIn(studio_.desk->text(MainText::Text5)), shortestPatternEnd);
     edits_.clip.ClipLength = static_cast<std::int16_t>(score.SelectEnd - score.SelectStart);
     takePattern(firstRow, lastRow);
     studio_.score.dropSelection();
 
-    const bool repeats = layCopies(firstRow, lastRow);
+    const bool repeats = pasteCopies(firstRow, lastRow);
     redraw();
     score.StartColumn = 0;
     if (!repeats)
         hintAtRepeat();
 }
 
-// The clear in the middle takes every row, so a row that is hidden loses its notes here.
+// Rule: the clear in the middle affects every row, so a hidden row loses its notes. Held by
+// editing/duplicate.
 void Duplicate::Command6_Click() {
     Clipboard& clip = edits_.clip;
     const Score& score = studio_.score;
-    if (const auto beats = platform::readInt16(desk_.Text5()))
+    if (const auto beats = platform::readInt16(studio_.desk->text(MainText::Text5)))
         clip.ClipLength = *beats;
     clip.clearNotes();
-    forOpenRows(studio_.setup, [&](int row) {
+    forOpenRows(studio_.setup.options(), [&](int row) {
         for (int column = 0; column <= std::min<int>(clip.ClipLength, lastGridColumn); ++column) {
             clip.take(score, row, column, column);
             clip.takeMark(score, row, column, column);
@@ -75,7 +76,7 @@ void Duplicate::takePattern(int firstRow, int lastRow) {
     Clipboard& clip = edits_.clip;
     const Score& score = studio_.score;
     clip.clearNotes();
-    forOpenRows(studio_.setup, firstRow, lastRow, [&](int row) {
+    forOpenRows(studio_.setup.options(), firstRow, lastRow, [&](int row) {
         for (int column = score.SelectStart; column <= score.SelectEnd; ++column)
             clip.take(score, row, column, column - score.SelectStart);
     });
@@ -83,18 +84,21 @@ void Duplicate::takePattern(int firstRow, int lastRow) {
 }
 
 void Duplicate::DuplicateRepeat(int firstRow, int lastRow) {
-    if (!layCopies(firstRow, lastRow))
+    if (!pasteCopies(firstRow, lastRow))
         hintAtRepeat();
 }
 
-// The marker itself walks. It may not leave 16 bits, and a step of 0 would never get it anywhere:
-// either ends the walk. A negative step runs down, so with a positive Notes it lays no copy.
-bool Duplicate::layCopies(int firstRow, int lastRow) {
+// The marker itself moves from copy to copy. The loop ends if the next place does not fit 16 bits.
+//
+// Rule: a Repeat of 0 pastes one copy. A negative Repeat pastes none if Notes is positive. Held by
+// editing/duplicate.
+bool Duplicate::pasteCopies(int firstRow, int lastRow) {
     std::int16_t& marker = studio_.score.StartColumn;
-    const int limit = platform::toInt16(marker + numberIn(desk_.Text3())).value_or(0);
-    const int step = numberIn(desk_.Text4());
+    const int limit =
+        platform::toInt16(marker + numberIn(studio_.desk->text(MainText::Text3))).value_or(0);
+    const int step = numberIn(studio_.desk->text(MainText::Text4));
     while (step >= 0 ? marker <= limit : marker >= limit) {
-        layCopy(firstRow, lastRow);
+        pasteCopy(firstRow, lastRow);
         const auto next = platform::toInt16(marker + step);
         if (step == 0 || !next)
             break;
@@ -103,12 +107,12 @@ bool Duplicate::layCopies(int firstRow, int lastRow) {
     return step != 0;
 }
 
-// A copy longer than the distance overwrites nothing yet: the next one overwrites its tail.
-void Duplicate::layCopy(int firstRow, int lastRow) {
+// If a copy is longer than Repeat, the next copy overwrites its tail.
+void Duplicate::pasteCopy(int firstRow, int lastRow) {
     Score& score = studio_.score;
     const int first = score.StartColumn;
     const int last = std::min(first + edits_.clip.ClipLength, lastGridColumn);
-    forOpenRows(studio_.setup, firstRow, lastRow, [&](int row) {
+    forOpenRows(studio_.setup.options(), firstRow, lastRow, [&](int row) {
         for (int column = first; column <= last; ++column)
             edits_.clip.give(score, row, column, column - first);
         startIfHeld(score.NoteArray, row, last + 1);
@@ -116,12 +120,12 @@ void Duplicate::layCopy(int firstRow, int lastRow) {
 }
 
 void Duplicate::hintAtRepeat() {
-    desk_.showHint("Repeat starts at 1: with 0 there is nothing to lay a second copy at.");
+    studio_.desk->showHint("Repeat starts at 1: with 0 there is nothing to lay a second copy at.");
 }
 
 void Duplicate::redraw() {
-    scoreDesk_.DrawNoteArray();
-    scoreDesk_.DrawBeatArray();
+    studio_.desk->DrawNoteArray();
+    studio_.desk->DrawBeatArray();
 }
 
 } // namespace velorin

@@ -15,10 +15,11 @@ public:
     /// Ticks in a second, constant for the run; 0 if the host has no such counter.
     virtual std::int64_t QueryPerformanceFrequency() = 0;
 
-    /// Milliseconds since some fixed moment; wraps after 49.7 days.
+    /// Milliseconds since some fixed moment; wraps after 49.7 days. A fixed name of the interface:
+    /// the program does not call it, since `hold` is the strum's loop over it.
     virtual std::uint32_t GetTickCount() = 0;
 
-    /// Holds the thread for `milliseconds` and serves no event meanwhile.
+    /// Blocks the thread for `milliseconds`. No events are processed meanwhile.
     virtual void hold(int milliseconds) = 0;
 };
 

@@ -44,25 +44,31 @@ public:
         const RectPx only{0, 0, size.width, size.height};
         return {{only, only}};
     }
-    /// Whether a window that nobody has placed yet is to look for room beside the others, as on a
-    /// desktop where somebody sees them.
+    /// True if a window that the user has not placed yet opens beside the others, where there is
+    /// room. False where nobody sees the windows.
     [[nodiscard]] virtual bool standsWindowsApart() { return false; }
     [[nodiscard]] virtual PointPx GetCursorPos() = 0; ///< on the screen
 
-    /// Whether another copy of the program runs for this user; holds the place of the one copy if
-    /// not. Waits some seconds for a copy that has announced its end.
+    /// True if another copy of the program is running for this user. If false, this one holds the
+    /// lock from now on. Waits some seconds for a copy that has announced its end.
     [[nodiscard]] virtual bool isAnotherCopyRunning() = 0;
 
-    /// This copy is about to end: one that starts from now on need not tell the user that this one
-    /// is running.
+    /// Announces that this copy is about to end: a copy that starts from now on waits for it and
+    /// does not tell the user that it is running.
     virtual void announceEnd() = 0;
 
-    /// Opens the help at its first page; `file` is the help's name as the program has it.
+    /// Opens the help at its first page. `file` is the name that the program has for it.
     virtual void HtmlHelpA(const std::string& file) = 0;
 
-    /// Starts a program outside, with its window shown normally. Returns whether it could be
-    /// started. A name that ends in "SndVol32.exe" stands for the host's volume control.
+    /// Starts another program, with its window shown normally. Returns whether it could be started.
+    /// A name that ends in "SndVol32.exe" means the host's volume control.
     virtual bool startProgram(const std::string& path) = 0;
+
+    /// Opens a file with the program that the desktop has for it. Returns whether it was tried.
+    virtual bool openFile(const std::string& path) = 0;
+
+    /// Shows a file in the desktop's file manager, or else its folder.
+    virtual void showInFolder(const std::string& path) = 0;
 
     /// A random number in [0, 1).
     [[nodiscard]] virtual double Rnd() = 0;

@@ -1,4 +1,4 @@
-// File dialogs and message boxes: what the program asks of the user outside its own windows.
+// File dialogs and message boxes.
 #pragma once
 
 #include <cstdint>
@@ -19,6 +19,9 @@ struct FileDialogRequest {
     std::string filter;
     int filterIndex = 1; ///< the pair shown first, counted from 1
     std::uint32_t flags = 0;
+    /// What a save dialog proposes, without an ending: a name, or the path of a file, whose folder
+    /// the dialog then shows. Empty for no proposal.
+    std::string proposal = {};
 };
 
 struct FileDialogAnswer {
@@ -36,11 +39,22 @@ public:
 
 enum class BoxIcon { none, information, exclamation, critical };
 
+/// A question before something that cannot be undone.
+struct BoxQuestion {
+    std::string title;
+    std::string text;
+    std::string action; ///< the button that does it, "Clear"
+    std::string keep;   ///< the button that does nothing; the default
+};
+
 class MessageBoxes {
 public:
     virtual ~MessageBoxes() = default;
     /// Shows a text with one button, OK, and returns when it is closed. A line break is "\r\n".
     virtual void MsgBox(BoxIcon icon, const std::string& title, const std::string& text) = 0;
+    /// Modal. True if the user chose the action; false also if the box was closed or the program
+    /// ended meanwhile. A host without a user answers false.
+    virtual bool ask(const BoxQuestion& /*question*/) { return false; }
 };
 
 } // namespace platform

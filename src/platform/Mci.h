@@ -10,20 +10,20 @@ class Mci {
 public:
     virtual ~Mci() = default;
 
-    /// Carries out one command string (UTF-8). Returns 0 or an error code; `reply`, if given, gets
-    /// the text of a "status" query and is left alone by everything else.
+    /// Executes one command string (UTF-8). Returns 0 or an error code. `reply`, if given, gets the
+    /// text of a "status" query; other commands leave it alone.
     virtual std::uint32_t mciSendStringA(const std::string& command,
                                          std::string* reply = nullptr) = 0;
 
-    /// The MIDI device, as `midiOutOpen` numbers them, on which a MID file plays that is opened
-    /// from now on. Where nobody says, it is the mapper's.
+    /// Sets the MIDI device for MID files opened from now on, as `midiOutOpen` numbers them. The
+    /// default is the mapper.
     virtual void setSequencerDevice(int) {}
 
-    /// A file that the user has chosen, as it is spelled (UTF-8): a name in a command that differs
-    /// from it in case only means this file.
+    /// Notes the exact name (UTF-8) of a file that the user has chosen: a name in a command that
+    /// differs from it in case only means this file.
     virtual void noteSpelling(const std::string&) {}
 
-    /// The text of an error code, UTF-8; empty for a code that is not known.
+    /// The text of an error code, UTF-8; empty for an unknown code.
     [[nodiscard]] virtual std::string mciGetErrorStringA(std::uint32_t code) = 0;
 };
 

@@ -1,4 +1,4 @@
-// Posting through a platform that may have no place for notices.
+// Posting to a platform that may have no notices.
 #include "platform/Notices.h"
 
 #include "platform/Platform.h"

@@ -1,5 +1,4 @@
-// What the user should know and no message box reports: a failed save, a lost device, a recovered
-// score.
+// Reports to the user that need no message box: a failed save, a lost device, a recovered score.
 #pragma once
 
 #include <functional>
@@ -16,13 +15,12 @@ struct Notice {
     std::string scoreToOpen; ///< path of a score that a click on the notice opens; empty for none
 };
 
-/// Notices on their way to the main window, which shows one after the other; each stays until the
-/// user closes it.
+/// Queued notices. The main window shows one after the other; each stays until the user closes it.
 class Notices {
 public:
     virtual ~Notices() = default;
 
-    /// Adds a notice and logs it on standard error, in one line. From any thread; never blocks on a
+    /// Adds a notice and logs it on standard error, in one line. Thread-safe; never waits for a
     /// window and runs no handler.
     virtual void post(const Notice& notice) = 0;
 
@@ -30,13 +28,12 @@ public:
     /// thread.
     virtual std::optional<Notice> take() = 0;
 
-    /// Sets what is called on the user-interface thread, from the event loop, after notices were
-    /// posted. Called at once from the loop if notices are waiting already. Empty to stop the
-    /// calls.
+    /// Sets the callback for new notices. It runs on the user-interface thread, from the event
+    /// loop, and also if notices are already queued. Empty to stop the calls.
     virtual void onPosted(std::function<void()> callback) = 0;
 };
 
-/// Posts a notice if the host has a place for it; else nothing happens.
+/// Posts a notice if the platform has notices.
 void notify(const Platform& platform, const Notice& notice);
 void notify(const Platform& platform, const std::string& text);
 

@@ -1,4 +1,4 @@
-// All that the host gives, in one hand: references to the interfaces, and the folders.
+// Everything that the host provides: references to the interfaces, and the program's folder.
 #pragma once
 
 #include <string>
@@ -7,6 +7,7 @@ namespace platform {
 
 class Clock;
 class MessageLoop;
+class MidiIn;
 class MidiOut;
 class Mci;
 class FileDialogs;
@@ -16,12 +17,12 @@ class Settings;
 class Desktop;
 class PopupMenus;
 class Timers;
-class KeptState;
+class HistoryStore;
 class Notices;
 class SystemFiles;
 class Encoder;
 
-/// Owns nothing; the host outlives every user of it.
+/// Owns nothing. The host outlives every user of this.
 struct Platform {
     Clock& clock;
     MessageLoop& loop;
@@ -36,12 +37,14 @@ struct Platform {
     Timers& timers;
     SystemFiles& systemFiles;
     Encoder& encoder;
-    /// The folder under which "Songs" and "media" lie, without a separator at its end.
+    /// The folder that "Songs" and "media" are in, without a separator at its end.
     std::string programFolder;
-    /// Null where nothing is to outlive the run.
-    KeptState* kept = nullptr;
-    /// Null where no user reads notices; see `notify` in Notices.h.
+    /// Null if the history ends with the run.
+    HistoryStore* history = nullptr;
+    /// Null if no user reads notices; see `notify` in Notices.h.
     Notices* notices = nullptr;
+    /// Null if nothing listens to MIDI keyboards.
+    MidiIn* midiIn = nullptr;
 };
 
 } // namespace platform

@@ -1,4 +1,4 @@
-// Text to number and back without the C locale: the host's own routines would read "0,5" in some
+// Number parsing and letter case without the C locale, in which "0,5" would be a number in some
 // countries.
 #include "platform/Text.h"
 
@@ -19,8 +19,7 @@ char lowerAscii(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-/// How many characters of `text` from `from` on are an exponent with digits: "E+05" is 4, "Ex" is
-/// 0.
+/// The length of the exponent with digits at `from`: "E+05" is 4, "Ex" is 0.
 std::size_t exponentLength(std::string_view text, std::size_t from) {
     std::size_t i = from;
     if (i >= text.size() || (lowerAscii(text[i]) != 'e' && lowerAscii(text[i]) != 'd'))
@@ -34,8 +33,8 @@ std::size_t exponentLength(std::string_view text, std::size_t from) {
     return i == digits ? 0 : i - from;
 }
 
-/// Of a number beyond the range of a double: whether it lies too near to zero, or too far from it.
-/// The place of its first digit decides, the exponent added: "0.001e-400" and "0.00..1" are tiny.
+/// For a number outside the range of a double: true if it is too small, false if it is too large.
+/// The place of its first digit plus the exponent decides: "0.001e-400" and "0.00..1" are tiny.
 bool isTiny(const std::string& number) {
     const std::size_t mantissaEnd = std::min(number.find('e'), number.size());
     const std::size_t point = std::min(number.find('.'), mantissaEnd);
@@ -53,7 +52,7 @@ bool isTiny(const std::string& number) {
 }
 
 /// The lower-case letter of a code point in U+0080..U+07FF: Latin-1, Latin Extended-A, Greek and
-/// Cyrillic, the scripts whose cases lie at a fixed distance. Others stay.
+/// Cyrillic, the scripts whose cases have a fixed distance. Other letters stay.
 char32_t lowerLetter(char32_t c) {
     if (c >= 0xC0 && c <= 0xDE && c != 0xD7)
         return c + 0x20;
@@ -81,8 +80,7 @@ double Val(std::string_view text) {
     std::size_t i = 0;
     while (i < text.size() && text[i] == ' ')
         ++i;
-    // The digits are copied, since the two-letter exponent sign "D" is not known to the standard
-    // library.
+    // The digits are copied, since the standard library does not know the exponent letter "D".
     std::string number;
     if (i < text.size() && (text[i] == '+' || text[i] == '-')) {
         if (text[i] == '-')
@@ -101,7 +99,7 @@ double Val(std::string_view text) {
     const std::size_t exponent = exponentLength(text, i);
     if (exponent > 0) {
         number += 'e';
-        // std::from_chars takes no plus sign before the digits of an exponent in every library.
+        // Not every standard library accepts a plus sign in the exponent.
         std::string_view rest = text.substr(i + 1, exponent - 1);
         if (rest.front() == '+')
             rest.remove_prefix(1);
@@ -135,6 +133,30 @@ std::optional<std::int16_t> toInt16(double number) {
 
 std::optional<std::int16_t> readInt16(std::string_view text) {
     return toInt16(Val(text));
+}
+
+std::size_t utf8Length(std::string_view text, std::size_t at) {
+    const auto byte = [&](std::size_t i) {
+        return at + i < text.size() ? static_cast<unsigned char>(text[at + i]) : 0U;
+    };
+    const unsigned first = byte(0);
+    std::size_t length = 1;
+    if (first >= 0xF0 && first <= 0xF4)
+        length = 4;
+    else if (first >= 0xE0)
+        length = 3;
+    else if (first >= 0xC2)
+        length = 2;
+    else if (first >= 0x80)
+        return 0;
+    for (std::size_t i = 1; i < length; ++i) {
+        if ((byte(i) & 0xC0U) != 0x80U)
+            return 0;
+    }
+    const bool isOverlong = (first == 0xE0 && byte(1) < 0xA0) || (first == 0xF0 && byte(1) < 0x90);
+    const bool isNoCharacter =
+        (first == 0xED && byte(1) > 0x9F) || first > 0xF4 || (first == 0xF4 && byte(1) > 0x8F);
+    return isOverlong || isNoCharacter ? 0 : length;
 }
 
 std::string lowerCase(std::string_view text) {

@@ -1,4 +1,4 @@
-// Timers that fire while the message loop is let through.
+// One-shot timers that fire from the message loop.
 #pragma once
 
 #include <functional>
@@ -8,7 +8,8 @@ namespace platform {
 class Timers {
 public:
     virtual ~Timers() = default;
-    /// Calls `fire` once, `milliseconds` from now, at a yield. Returns a number for `cancel`.
+    /// Calls `fire` once, from the message loop, `milliseconds` from now. Returns a number for
+    /// `cancel`.
     virtual int after(int milliseconds, std::function<void()> fire) = 0;
     virtual void cancel(int number) = 0; ///< an unknown number does nothing
 };

@@ -1,22 +1,24 @@
-// Packing and sending of notes: single ones, chords with their strum, and whole columns.
+// Packs and sends notes: single notes, strummed chords and whole columns.
 #include "playback/NoteSounding.h"
 
 #include "platform/Clock.h"
+#include "platform/MidiStatus.h"
 #include "platform/Text.h"
-#include "score/SetupControls.h"
-#include "score/Studio.h"
+#include "studio/Setup.h"
+#include "studio/Studio.h"
 
+#include <array>
+#include <cassert>
 #include <limits>
 
 namespace velorin {
 
 namespace {
 
-constexpr int noteOn = 0x90;
-constexpr int noteOff = 0x80;
+using platform::noteOff, platform::noteOn;
 
-// A drum is struck on the percussion channel and released on another: drums end by themselves, and
-// a release that reached them would cut the sound of the next stroke short.
+// Rule: a drum starts on channel 9 but ends on channel 12. Drums end by themselves; a note off on
+// channel 9 would cut off the next stroke. Held by playback/instruments.
 constexpr std::int16_t percussionOffChannel = 12;
 
 constexpr double chordRootShare = 0.85; ///< of the row's velocity; 127 gives 108
@@ -48,8 +50,12 @@ void NoteSounding::StartNoteBtnDn(int noteIndex) {
     sound(noteIndex, SoundRow, studio_.view.FirstColumn + studio_.drag.MouseColumn);
 }
 
-// `Velocity` goes back to 127 only behind a whole chord. A note that ends the work early leaves it
-// lowered, which the next note of a row without a volume box takes over.
+// Rule: `Velocity` returns to 127 only after a whole chord. If a note cannot be sent, it stays low,
+// and the next note of row 9, which has no volume box, uses it. Held by
+// playback/chords_at_the_edges.
+//
+// Rule: the chord box of a percussion row adds no notes, but lowers the velocity. Held by
+// playback/instruments.
 void NoteSounding::sound(int noteIndex, int row, int column) {
     if (!takeKey(noteIndex, row, percussionChannel))
         return;
@@ -64,8 +70,11 @@ void NoteSounding::sound(int noteIndex, int row, int column) {
     soundChord(row);
 }
 
-// The first chord note goes out whatever its interval, since the octave chords point downwards with
-// it; of the other two 0 or less means that there is none.
+// Rule: the first chord note is sent whatever its interval, since the octave chords go down with
+// it. For the other two, 0 or less means no note. Held by playback/chords.
+//
+// Rule: the strum's wait after the second note takes place even if no third follows. Held by
+// playback/strumming.
 void NoteSounding::soundChord(int row) {
     strum(row, strumFirstMs);
     if (!sendNote(1, noteOn, NoteKey + ChordInterval1, Velocity))
@@ -81,6 +90,7 @@ void NoteSounding::soundChord(int row) {
     Velocity = 127;
 }
 
+// Rule: the three chord notes are ended even if the note was no chord. Held by playback/a_song.
 void NoteSounding::StopNote(int noteIndex) {
     if (!takeKey(noteIndex, SoundRow, percussionOffChannel))
         return;
@@ -88,8 +98,9 @@ void NoteSounding::StopNote(int noteIndex) {
         endChord();
 }
 
-// The press tested the mark of the column behind the pointer, the release tests that of the column
-// before it, so a chord that only a mark has made may sound on after the release.
+// Rule: the press tests the chord mark in entry column + 1, the release the one in entry column
+// - 1. So a chord that only a mark made may sound on after the release. Held by
+// playback/mouse_notes.
 void NoteSounding::StopNoteBtnUp(int noteIndex) {
     if (!takeKey(noteIndex, SoundRow, percussionOffChannel))
         return;
@@ -100,6 +111,7 @@ void NoteSounding::StopNoteBtnUp(int noteIndex) {
         endChord();
 }
 
+// Rule: an interval of 0 ends the root again. Held by playback/chords.
 void NoteSounding::endChord() {
     const std::array intervals{ChordInterval1, ChordInterval2, ChordInterval3};
     int slot = 0;
@@ -107,6 +119,23 @@ void NoteSounding::endChord() {
         if (!sendNote(++slot, noteOff, NoteKey + interval, 0))
             return;
     }
+}
+
+// A column before the first has no chord mark.
+void NoteSounding::startKey(int noteIndex, int row) {
+    const std::int16_t velocity = Velocity;
+    readVolume(row);
+    sound(noteIndex, row, -2);
+    Velocity = velocity;
+}
+
+// Not by `StopNote`, which also ends the notes of a chord that was not played: other keys may hold
+// them.
+void NoteSounding::stopKey(int noteIndex, int row) {
+    if (!takeKey(noteIndex, row, percussionOffChannel))
+        return;
+    if (sendNote(0, noteOff, NoteKey, 0) && !isPercussionRow(row) && chordApplies(row, -1))
+        endChord();
 }
 
 void NoteSounding::StartColumnNotes() {
@@ -132,8 +161,9 @@ void NoteSounding::forColumnNotes(const std::function<void(int, std::int16_t)>& 
     }
 }
 
-// The note index that the pressed column adds to the pressed note. The top key, index 0, counts as
-// nothing here.
+// The note that a row adds to the pressed note.
+//
+// Rule: pitch index 0, the top key, counts as no note here. Held by playback/column_notes.
 std::optional<std::int16_t> NoteSounding::columnNote(int row) {
     if (studio_.setup.TrackHide(row) || row == studio_.score.CurrentRow)
         return std::nullopt;
@@ -144,7 +174,7 @@ std::optional<std::int16_t> NoteSounding::columnNote(int row) {
     return static_cast<std::int16_t>(pitchOf(*cell));
 }
 
-// Chord marks are read one entry further than the cell they belong to; `markColumn` is that entry.
+// `markColumn` is the entry in `PolyArray`, which is one more than the column of its cell.
 bool NoteSounding::chordApplies(int row, int markColumn) {
     if (row < 0 || !isMusicRow(row))
         return false;
@@ -152,7 +182,7 @@ bool NoteSounding::chordApplies(int row, int markColumn) {
 }
 
 bool NoteSounding::isPercussionRow(int row) const {
-    return PercussionRow[static_cast<std::size_t>(row)] != flagClear;
+    return PercussionRow[row].isSet();
 }
 
 // Sets `NoteKey` and `NoteChannel`. False if there is no such row or no such key.
@@ -160,7 +190,7 @@ bool NoteSounding::takeKey(int noteIndex, int row, std::int16_t drumChannel) {
     if (!isRow(row))
         return false;
     if (isPercussionRow(row)) {
-        NoteKey = PercussionKey[static_cast<std::size_t>(row)];
+        NoteKey = PercussionKey[row];
         NoteChannel = drumChannel;
         return true;
     }
@@ -171,10 +201,11 @@ bool NoteSounding::takeKey(int noteIndex, int row, std::int16_t drumChannel) {
     return true;
 }
 
-// A message is one sum: status and channel, 256 times the key, 65536 times the velocity. A negative
-// key therefore borrows from the byte above it: key -1 at velocity 70 sends 90 FF 45. The product
-// with the key is a 16-bit one and refuses what it cannot hold.
+// Rule: a message is one sum: status and channel, 256 times the key, 65536 times the velocity. So a
+// negative key borrows from the next byte: key -1 at velocity 70 sends 90 FF 45. If 256 times the
+// key does not fit 16 bits, nothing is sent. Held by playback/chords_at_the_edges.
 bool NoteSounding::sendNote(int slot, int status, int key, int velocity) {
+    assert(studio_.owner.isCaller());
     if (!fitsInt16(key * 256))
         return false;
     const std::int64_t sum = std::int64_t{status} + NoteChannel + std::int64_t{key} * 256 +
@@ -182,19 +213,22 @@ bool NoteSounding::sendNote(int slot, int status, int key, int velocity) {
     if (sum < std::numeric_limits<std::int32_t>::min())
         return false;
     const auto message = static_cast<std::int32_t>(sum);
-    LastMessages[static_cast<std::size_t>(slot)] = message;
+    LastMessages[slot] = message;
+    if (isMuted)
+        return true;
     studio_.platform.midi.midiOutShortMsg(MidiHandle, static_cast<std::uint32_t>(message));
     return true;
 }
 
-// The wait holds the whole program, so the rows below a strummed chord sound later than those above
-// it.
+// Rule: the wait blocks the whole program, so the rows after a strummed chord sound later. Held by
+// playback/changes_while_playing.
 void NoteSounding::strum(int row, int milliseconds) {
-    if (studio_.setup.Chkstrum(row))
+    if (!isMuted && studio_.setup.Chkstrum(row))
         studio_.platform.clock.hold(milliseconds);
 }
 
-// Row 9 has no volume box: its notes take the velocity that the row before has left.
+// Rule: row 9 has no volume box, so its notes keep the velocity of the row before. Held by
+// playback/a_song.
 void NoteSounding::readVolume(int row) {
     const auto text = studio_.setup.vol(row);
     const auto volume = text ? platform::readInt16(*text) : std::nullopt;

@@ -1,11 +1,11 @@
-// One column of the song: what each row's cell says against the cell of the column before, and the
+// Plays one column of the song: compares each row's cell with the one before. Also computes the
 // share of the song that has been played.
 #include "playback/NoteSounding.h"
-#include "playback/PlaybackDesk.h"
 #include "playback/Progress.h"
 #include "playback/Sequencer.h"
-#include "score/SetupControls.h"
-#include "score/Studio.h"
+#include "studio/MainDesk.h"
+#include "studio/Setup.h"
+#include "studio/Studio.h"
 
 #include <cmath>
 #include <limits>
@@ -13,6 +13,8 @@
 
 namespace velorin {
 
+// Rule: a row that is hidden while its note sounds is skipped, so the note is never ended. Held by
+// playback/changes_while_playing.
 void Sequencer::PlayNotes() {
     for (int row = 0; row < scoreRows; ++row) {
         if (!studio_.setup.TrackHide(row))
@@ -24,44 +26,46 @@ void Sequencer::PlayNotes() {
 //   empty           -            start                    -
 //   start, held    stop          stop, start              -
 //
-// The pitch that is stopped is that of the last cell. A held cell behind a rest sounds nothing, but
-// is stopped where it ends. A program change goes out only when a note begins.
+// The pitch that is stopped is that of the last cell. A program change is sent only when a note
+// starts.
+//
+// Rule: a held cell after a rest is silent, but it is stopped where it ends. Held by
+// playback/a_song.
 void Sequencer::playRow(int row) {
-    const auto index = static_cast<std::size_t>(row);
     const Score& score = studio_.score;
     const int column = studio_.run.PlayColumn;
     const std::int16_t cell = score.NoteArray.read(row, column).value_or(emptyCell);
-    const std::int16_t before = LastCell[index];
+    const std::int16_t before = LastCell[row];
     sounding_.SoundRow = static_cast<std::int16_t>(row);
     sounding_.readVolume(row);
     if (isStart(cell)) {
         const std::int16_t instrument = score.InstrumentArray.at(row, column);
-        if (instrument != LastInstrument[index])
+        if (instrument != LastInstrument[row])
             sounding_.ChangeInstrument(instrument, row);
-        LastInstrument[index] = instrument;
+        LastInstrument[row] = instrument;
     }
     if (!isEmpty(before) && !isHeld(cell))
         sounding_.StopNote(pitchOf(before));
     if (isStart(cell))
         sounding_.StartNote(pitchOf(cell), row);
-    LastCell[index] = cell;
+    LastCell[row] = cell;
 }
 
-// The last cells are those of the last column played, so this finds something only where the song
-// was stopped within a note.
+// The last cells are those of the last column played, so this ends something only if the song was
+// stopped within a note.
 void Sequencer::endLastNotes() {
     for (int row = 0; row < scoreRows; ++row) {
         if (studio_.setup.TrackHide(row))
             continue;
         sounding_.SoundRow = static_cast<std::int16_t>(row);
-        const std::int16_t last = LastCell[static_cast<std::size_t>(row)];
+        const std::int16_t last = LastCell[row];
         if (!isEmpty(last))
             sounding_.StopNote(pitchOf(last));
     }
 }
 
-// From twice the song's length on, which only looping reaches, the caption stays as it is. A share
-// of nothing has no digits: " %".
+// Rule: from twice the song's length on, which only a looping song reaches, the caption no longer
+// changes. Held by the unit test Progress.FromTwiceTheSongOnKeepsItsCaption.
 void Sequencer::showProgress() {
     Run& run = studio_.run;
     const int last = studio_.score.LastColumn;
@@ -70,7 +74,7 @@ void Sequencer::showProgress() {
     const double share = last == 0 ? 0.0 : static_cast<double>(run.ProgressCount) / last;
     const bool counts = std::floor(share) <= 1.0;
     const std::string caption = counts ? percentCaption(share) : std::string();
-    desk_.showProgress(share, counts ? &caption : nullptr);
+    studio_.desk->showProgress(share, counts ? &caption : nullptr);
 }
 
 } // namespace velorin

@@ -1,15 +1,16 @@
-// Where the marker stands, and when the page turns:
+// Where the marker is, and when the page turns:
 //
 //     offset   0   1   2  ...  VisibleColumns          VisibleColumns + 1
 //              |marker walks in place        |          turns the page: the play column comes to
 //                                                       the left edge, the offset is 0 again
 //
-// On the last page the play column need not be the left one, and the marker starts behind it.
+// Rule: on the last page the play column may be further right, but the marker first appears at the
+// left edge all the same. Held by playback/pages.
 #include "playback/PositionDisplay.h"
 
 #include "platform/Text.h"
-#include "playback/PlaybackDesk.h"
-#include "score/Studio.h"
+#include "studio/MainDesk.h"
+#include "studio/Studio.h"
 
 namespace velorin {
 
@@ -25,36 +26,36 @@ void showFromColumn(View& view, std::int16_t column) {
     }
 }
 
-// A strip is put back only where it was taken: not behind the page that is shown, and not if the
-// tableau was drawn anew meanwhile. The first step of a play finds nothing saved.
+// The strip is restored only if the picture has not changed since it was saved: not past the right
+// edge, and not after a redraw of the tableau. At the first step of a play there is none.
 void PositionDisplay::moveMarker() {
     Run& run = studio_.run;
     View& view = studio_.view;
-    if (run.MarkerSaved == flagClear)
-        drawsAtSave_ = desk_.musicDraws(); // the first step of a play counts from itself
+    if (!run.MarkerSaved.isSet())
+        drawsAtSave_ = studio_.desk->musicDraws(); // the first step of a play counts from itself
     if (isStripGood())
-        desk_.PutColumn(run.MarkerOffset);
+        studio_.desk->PutColumn(run.MarkerOffset);
     else
         run.MarkerSaved = flagSet;
     view.ViewChanged = flagClear;
-    if (run.ShowNotePosition != flagSet)
+    if (!run.ShowNotePosition.isMinusOne())
         return;
     const auto offset = platform::toInt16(run.PlayColumn - view.FirstColumn);
     if (offset)
         run.MarkerOffset = *offset;
     if (run.MarkerOffset > view.VisibleColumns)
         turnPage();
-    desk_.GetColumn(run.MarkerOffset);
-    drawsAtSave_ = desk_.musicDraws();
-    desk_.drawPlayMarker(run.MarkerOffset);
+    studio_.desk->GetColumn(run.MarkerOffset);
+    drawsAtSave_ = studio_.desk->musicDraws();
+    studio_.desk->drawPlayMarker(run.MarkerOffset);
 }
 
-// What drew the tableau whole has taken the marker away with it, and the strip shows what was there
-// before: a score that was cleared meanwhile, a row that was hidden.
+// A redraw of the whole tableau has removed the marker already. The strip then shows an old state,
+// for example a score that was cleared meanwhile or a row that was hidden.
 bool PositionDisplay::isStripGood() const {
     return studio_.run.MarkerOffset < studio_.view.VisibleColumns &&
-           studio_.run.MarkerSaved != flagClear && studio_.view.ViewChanged == flagClear &&
-           desk_.musicDraws() == drawsAtSave_;
+           studio_.run.MarkerSaved.isSet() && !studio_.view.ViewChanged.isSet() &&
+           studio_.desk->musicDraws() == drawsAtSave_;
 }
 
 void PositionDisplay::turnPage() {
@@ -62,10 +63,10 @@ void PositionDisplay::turnPage() {
     showFromColumn(view, studio_.run.PlayColumn);
     studio_.run.MarkerOffset = 0;
     view.PlayerScroll = flagSet;
-    desk_.setHScroll1(view.FirstColumn + view.ColumnScrollBias);
+    studio_.desk->setHScroll1(view.FirstColumn + view.ColumnScrollBias);
     view.PlayerScroll = flagClear;
-    desk_.DrawNoteArray();
-    desk_.DrawBeatArray();
+    studio_.desk->DrawNoteArray();
+    studio_.desk->DrawBeatArray();
     view.ViewChanged = flagClear;
 }
 

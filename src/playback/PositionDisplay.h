@@ -1,24 +1,23 @@
-// The moving marker: one strip of the tableau is saved, painted over, and put back a column later.
+// The playing marker: saves a strip of the tableau, paints over it, and restores it a column later.
 #pragma once
 
 #include <cstdint>
 
 namespace velorin {
 
-class PlaybackDesk;
 struct Studio;
 struct View;
 
-/// Brings `column` to the left edge of the view, or the view to the end of the grid if the column
-/// stands nearer to it than a page. Draws nothing.
+/// Moves the view so that `column` is at its left edge, or to the last page if less than a page
+/// follows. Draws nothing.
 void showFromColumn(View& view, std::int16_t column);
 
 class PositionDisplay {
 public:
-    PositionDisplay(Studio& studio, PlaybackDesk& desk) : studio_(studio), desk_(desk) {}
+    PositionDisplay(Studio& studio) : studio_(studio) {}
 
-    /// Takes the marker away from where it stands and draws it at the play column, turning the page
-    /// if that lies behind the right edge. With the display off it only takes away.
+    /// Removes the marker and draws it at the play column. Turns the page if that column is past
+    /// the right edge. With the display off it only removes the marker.
     void moveMarker();
 
 private:
@@ -26,7 +25,6 @@ private:
     [[nodiscard]] bool isStripGood() const;
 
     Studio& studio_;
-    PlaybackDesk& desk_;
     unsigned drawsAtSave_ = 0; ///< of the tableau, when the strip was saved
 };
 

@@ -1,39 +1,49 @@
-// The walk of a pass through its columns, and how passes begin inside one another.
+// How a pass walks through its columns, and how passes begin inside one another.
 //
 //     enter ──> column by column ──┬─ end of song ──> one more column's wait ──> finish
 //                   ^              ├─ pause ────────> returned
-//                   │              └─ looping ──────> wait for a pass inside, entered anew
-//                   └──── goes on behind it ────────────────────┘
+//                   │              └─ looping ──────> wait for an inner pass, entered again
+//                   └──── goes on after it ─────────────────────┘
 //
-// A looping song with the marker on begins each further pass inside the one before, and each of
-// them has its own last steps. They are counted in `WaitingPasses` instead of being nested calls,
-// so that the stack of a song that loops for days stays as high as after its first pass.
+// Rule: a looping song with the marker on begins each further pass inside the one before, and each
+// of them has its own end steps. Held by playback/loops.
+//
+// Passes are counted in `WaitingPasses` instead of being nested calls, so the stack does not grow
+// while a song loops for days.
 #include "playback/Sequencer.h"
 
 #include "platform/MessageLoop.h"
 #include "playback/NoteSounding.h"
-#include "playback/PlaybackDesk.h"
 #include "playback/StopWatch.h"
-#include "score/SetupControls.h"
-#include "score/Studio.h"
+#include "studio/MainDesk.h"
+#include "studio/Setup.h"
+#include "studio/Studio.h"
 
+#include <cassert>
 #include <limits>
 
 namespace velorin {
 
 namespace {
 
-constexpr std::int16_t noInstrument = -1; ///< of a row that has begun no note yet
+constexpr std::int16_t noInstrument = -1; ///< of a row that has started no note yet
 
 } // namespace
 
 void Sequencer::PlayAndStop_Click(int index) {
+    studio_.platform.loop.runHandler(nullptr, [this, index] { playOrStop(index); });
+}
+
+// Rule: a stop does not clear `PauseFlag`, so after a pause the next play goes on at the marker.
+// Held by playback/stop_and_pause.
+void Sequencer::playOrStop(int index) {
+    assert(studio_.owner.isCaller());
     if (index != 0) {
         EnableControls();
         studio_.run.IsPlaying = flagClear;
         return;
     }
-    if (studio_.run.IsPlaying != flagClear)
+    if (studio_.run.IsPlaying.isSet())
         return;
     studio_.run.IsPlaying = flagSet;
     DisableControls();
@@ -42,16 +52,16 @@ void Sequencer::PlayAndStop_Click(int index) {
 }
 
 void Sequencer::RewindBut_Click() {
-    if (studio_.run.IsPlaying != flagClear)
+    if (studio_.run.IsPlaying.isSet())
         return;
     View& view = studio_.view;
-    desk_.clearMusicBox();
+    studio_.desk->clearMusicBox();
     view.FirstColumn = 0;
     view.LastVisibleColumn = view.VisibleColumns;
     studio_.score.StartColumn = 0;
-    desk_.DrawNoteArray();
-    desk_.DrawBeatArray();
-    desk_.setHScroll1(view.ColumnScrollBias);
+    studio_.desk->DrawNoteArray();
+    studio_.desk->DrawBeatArray();
+    studio_.desk->setHScroll1(view.ColumnScrollBias);
 }
 
 void Sequencer::PlaySong2() {
@@ -59,23 +69,23 @@ void Sequencer::PlaySong2() {
 }
 
 void Sequencer::PlaySelection() {
-    play(Pass::selection);
+    studio_.platform.loop.runHandler(nullptr, [this] { play(Pass::selection); });
 }
 
 void Sequencer::FindLastColumn() {
-    studio_.score.FindLastColumn(studio_.setup);
+    studio_.score.FindLastColumn(studio_.setup.options());
 }
 
-// The tool windows stay usable: Pause, Stop and the row options are there.
+// The tool windows stay usable, since they have Pause, Stop and the row options.
 void Sequencer::DisableControls() {
-    desk_.enableWizard(false);
-    desk_.enableTableaux(false);
+    studio_.desk->enableWizard(false);
+    studio_.desk->enableTableaux(false);
 }
 
 void Sequencer::EnableControls() {
-    desk_.enableToolbars();
-    desk_.enableWizard(true);
-    desk_.enableTableaux(true);
+    studio_.desk->enableToolbars();
+    studio_.desk->enableWizard(true);
+    studio_.desk->enableTableaux(true);
 }
 
 void Sequencer::AdvancePlayPosition() {
@@ -85,6 +95,7 @@ void Sequencer::AdvancePlayPosition() {
 }
 
 void Sequencer::play(Pass pass) {
+    assert(studio_.owner.isCaller());
     WaitingPasses waiting;
     Walk walked = enter(pass);
     while (walked != Walk::programEnds) {
@@ -99,11 +110,11 @@ void Sequencer::play(Pass pass) {
         if (waiting.empty())
             return;
         pass = waiting.pop();
-        walked = goOnBehindInnerPass();
+        walked = continueAfterInnerPass();
     }
 }
 
-// A song whose stopwatch does not start is over at once, without the time of a last column.
+// If the stopwatch does not start, the song is over at once, without the wait of a last column.
 Sequencer::Walk Sequencer::enter(Pass pass) {
     if (pass == Pass::song)
         enterSong();
@@ -119,11 +130,12 @@ Sequencer::Walk Sequencer::enter(Pass pass) {
     return watch_.StopWatchStart(PlayTimer) == 0 ? Walk::finished : walk();
 }
 
-// Only a start from a pause begins at the marker; any other begins at column 0, wherever it stands.
+// Rule: only a start from a pause begins at the marker. Any other start begins at column 0,
+// wherever the marker is. Held by playback/stop_and_pause.
 void Sequencer::enterSong() {
     Run& run = studio_.run;
     showStartColumn();
-    run.PlayColumn = run.PauseFlag == flagSet ? studio_.score.StartColumn : std::int16_t{0};
+    run.PlayColumn = run.PauseFlag.isMinusOne() ? studio_.score.StartColumn : std::int16_t{0};
     run.PauseFlag = flagClear;
     prepareMarker();
 }
@@ -140,7 +152,7 @@ bool Sequencer::enterSelection() {
     return true;
 }
 
-// The view follows the position marker also where the play begins elsewhere: the first page turn
+// The view moves to the position marker, even if the play begins elsewhere. The first page turn
 // brings it to the play column.
 void Sequencer::showStartColumn() {
     View& view = studio_.view;
@@ -150,29 +162,32 @@ void Sequencer::showStartColumn() {
 }
 
 void Sequencer::prepareMarker() {
-    desk_.GetColumn(0);
-    desk_.setHScroll1(studio_.view.FirstColumn + studio_.view.ColumnScrollBias);
+    studio_.desk->GetColumn(0);
+    studio_.desk->setHScroll1(studio_.view.FirstColumn + studio_.view.ColumnScrollBias);
     studio_.run.MarkerSaved = flagClear;
     studio_.view.ViewChanged = flagClear;
-    desk_.DrawNoteArray();
+    studio_.desk->DrawNoteArray();
 }
 
-// 12 / tempo: 40 ms at tempo 300. A tempo of 0, which only a file can bring, leaves the time of the
-// play before.
+// 12 / tempo seconds: 40 ms at tempo 300. A tempo of 0, which only a file can have, keeps the time
+// of the play before.
+//
+// Rule: a change of the tempo while the song plays takes effect at the next start. Held by
+// playback/changes_while_playing.
 void Sequencer::computeColumnTime() {
     const int tempo = studio_.score.Tempo;
     if (tempo != 0)
         ColumnTime = static_cast<float>(300.0 / tempo * 0.04);
 }
 
-// The wait counts from its own beginning: what sounding and drawing have taken comes on top, so a
-// strummed column makes the song later and never tighter.
+// Rule: the wait is measured from its own start, and there is no catch-up. So a strummed column
+// makes the song longer. Held by playback/changes_while_playing.
 Sequencer::Walk Sequencer::walk() {
-    while (studio_.run.IsPlaying != flagClear) {
+    while (studio_.run.IsPlaying.isSet()) {
         watch_.WaitSeconds(PlayTimer, ColumnTime);
         if (studio_.platform.loop.isEnding())
             return Walk::programEnds;
-        if (studio_.run.PauseFlag == flagSet) {
+        if (studio_.run.PauseFlag.isMinusOne()) {
             pause();
             return Walk::returned;
         }
@@ -186,19 +201,23 @@ Sequencer::Walk Sequencer::walk() {
     return studio_.platform.loop.isEnding() ? Walk::programEnds : Walk::finished;
 }
 
-Sequencer::Walk Sequencer::goOnBehindInnerPass() {
+Sequencer::Walk Sequencer::continueAfterInnerPass() {
     return endColumn() ? walk() : Walk::programEnds;
 }
 
-// What sounds goes on sounding, and the next start does not know of it.
+// Rule: a pause ends no notes, and the next start does not end them either. Held by
+// playback/stop_and_pause.
 void Sequencer::pause() {
     EnableControls();
     studio_.run.IsPlaying = flagClear;
     studio_.score.StartColumn = studio_.run.PlayColumn;
-    desk_.DrawNoteArray();
+    studio_.desk->DrawNoteArray();
 }
 
 // True if the song begins again with a pass inside this one.
+//
+// Rule: with the marker on, that pass sets `IsPlaying` again, so a stop in the last column of a
+// looping song is lost. Held by playback/loops.
 bool Sequencer::stepColumn() {
     display_.moveMarker();
     Run& run = studio_.run;
@@ -206,11 +225,11 @@ bool Sequencer::stepColumn() {
         ++run.PlayColumn;
     if (run.PlayColumn <= studio_.score.LastColumn)
         return false;
-    if (run.LoopSong == flagClear) {
+    if (!run.LoopSong.isSet()) {
         run.IsPlaying = flagClear;
         return false;
     }
-    if (run.ShowNotePosition == flagSet) {
+    if (run.ShowNotePosition.isMinusOne()) {
         run.IsPlaying = flagSet;
         return true;
     }
@@ -219,14 +238,14 @@ bool Sequencer::stepColumn() {
 }
 
 Pass Sequencer::nextPass() const {
-    return studio_.run.PlayingSelection != flagClear ? Pass::selection : Pass::song;
+    return studio_.run.PlayingSelection.isSet() ? Pass::selection : Pass::song;
 }
 
 // False if the program ends.
 bool Sequencer::endColumn() {
     if (!yield())
         return false;
-    if (studio_.run.RecordToolbarOpen != flagClear)
+    if (studio_.run.RecordToolbarOpen.isSet())
         showProgress();
     return yield();
 }
@@ -239,11 +258,11 @@ bool Sequencer::yield() {
 
 void Sequencer::finish(Pass pass) {
     endLastNotes();
-    if (studio_.run.RecordToolbarOpen != flagClear)
-        desk_.endProgress();
+    if (studio_.run.RecordToolbarOpen.isSet())
+        studio_.desk->endProgress();
     if (pass == Pass::song)
         clearMarks();
-    desk_.DrawNoteArray();
+    studio_.desk->DrawNoteArray();
     finishRecording();
     if (studio_.platform.loop.isEnding())
         return;
@@ -254,7 +273,8 @@ void Sequencer::finish(Pass pass) {
         studio_.run.ProgressCount = 0;
 }
 
-// A song that has run out takes the selection and the marker with it; a block keeps them.
+// Rule: the end of a song drops the selection and resets the marker; the end of a block keeps both.
+// Held by playback/selections and the unit test Song.ItsEndTakesTheSelectionAndTheMarkerAway.
 void Sequencer::clearMarks() {
     Score& score = studio_.score;
     score.dropSelection();
@@ -263,12 +283,12 @@ void Sequencer::clearMarks() {
     studio_.run.PlayBlockEnd = 0;
 }
 
-// Ending the capture may take long and serves events meanwhile, the exit among them.
+// Ending the capture may take long and processes events meanwhile, also the exit command.
 void Sequencer::finishRecording() {
-    if (studio_.run.RecordingFlag == flagClear)
+    if (!studio_.run.RecordingFlag.isSet())
         return;
     studio_.run.RecordingFlag = flagClear;
-    desk_.Recordcontrol();
+    studio_.desk->Recordcontrol();
 }
 
 } // namespace velorin

@@ -1,4 +1,4 @@
-// Stopwatch arithmetic: single-precision seconds out of counter ticks.
+// Stopwatch arithmetic: converts counter ticks to single-precision seconds.
 #include "playback/StopWatch.h"
 
 #include "platform/Clock.h"
@@ -42,9 +42,9 @@ float StopWatch::toSeconds(std::int64_t ticks) const {
     return static_cast<float>(static_cast<double>(ticks) / static_cast<double>(frequency_));
 }
 
-// The tick nearest to the reading, so that a moment that lies a hair's breadth behind the reading
-// comes behind it. Where a reading has more digits than the counter has ticks, the next tick shows
-// it. A stopwatch that does not run never does.
+// The counter value at which the stopwatch shows `reading`: the nearest tick, or the next one if
+// the nearest still shows less. So an event that is due a fraction of a tick after the reading
+// comes after the wait. A stopwatch that does not run never shows it.
 std::int64_t StopWatch::counterAt(int number, float reading) const {
     const bool runs = has(number) && watches_[static_cast<std::size_t>(number) - 1].running;
     if (!runs || frequency_ <= 0)

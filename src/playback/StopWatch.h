@@ -1,4 +1,4 @@
-// The high-resolution stopwatches and the yielding wait that is built on them.
+// The high-resolution stopwatches, and a wait that processes events.
 #pragma once
 
 #include <cstdint>
@@ -11,8 +11,10 @@ class MessageLoop;
 
 namespace velorin {
 
-/// A table of stopwatches, numbered from 1. Readings and sums of readings are in single precision:
-/// this is how a column gets its length, to the last bit.
+/// A table of stopwatches, numbered from 1.
+///
+/// Rule: readings and sums of readings are in single precision, which decides the length of a
+/// column to the last bit. Held by playback/stopwatches.
 class StopWatch {
 public:
     StopWatch(platform::Clock& clock, platform::MessageLoop& loop) : clock_(clock), loop_(loop) {}
@@ -20,21 +22,21 @@ public:
     /// Adds a stopwatch, not running, and returns its number.
     int StopWatchNew();
 
-    /// Starts or restarts one. 1 on success; 0 for a number that is not in the table, or with no
-    /// counter.
+    /// Starts or restarts one. Returns 1; 0 for a number that is not in the table, or if the
+    /// machine has no counter.
     int StopWatchStart(int number);
 
     /// Seconds since its start; 0 if it is not running, -1 for a number that is not in the table.
     [[nodiscard]] float StopWatchElapsed(int number);
 
-    /// Serves events until `seconds` have gone by on the stopwatch, or the program ends. A wait
-    /// that is over at once lets the loop rest, so that a song of such waits does not spin.
+    /// Processes events until `seconds` have passed on the stopwatch, or the program ends. A wait
+    /// that is over at once lets the loop rest, so a song of such waits does not use a whole core.
     void WaitSeconds(int number, float seconds);
 
-    // A wait in pieces, for a caller that looks around between them.
-    [[nodiscard]] float endOfWait(int number, float seconds); ///< its end, a reading
-    /// Serves an event, or sleeps until the reading is `end`. False, and nothing is done, if it is
-    /// that already or the program ends.
+    // The same wait in steps, for a caller that does something between them.
+    [[nodiscard]] float endOfWait(int number, float seconds); ///< the reading at which it ends
+    /// Processes an event, or sleeps until the reading is `end`. Returns false at once if that time
+    /// has come or the program ends.
     [[nodiscard]] bool waitOn(int number, float end);
 
 private:
@@ -52,7 +54,8 @@ private:
     platform::Clock& clock_;
     platform::MessageLoop& loop_;
     std::vector<Watch> watches_;
-    std::int64_t overhead_ = 0;  ///< of one reading, in ticks; that of the last start holds for all
+    std::int64_t overhead_ =
+        0; ///< ticks that one reading takes; measured at each start, used for all
     std::int64_t frequency_ = 0; ///< ticks to the second
 };
 

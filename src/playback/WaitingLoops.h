@@ -1,4 +1,4 @@
-// Loops that wait for the one inside them, counted and not nested.
+// Loops that wait for an inner loop, counted instead of nested on the stack.
 #pragma once
 
 #include <cstdint>
@@ -6,8 +6,8 @@
 
 namespace velorin {
 
-/// A stack, the outermost first, in which equal neighbours are one entry. A waiting loop is what it
-/// needs when its turn comes, and can be compared.
+/// A stack with the outermost loop first. Equal neighbours share one entry. `Loop` holds what a
+/// loop needs to continue; it must be comparable.
 template <typename Loop>
 class WaitingLoops {
 public:
@@ -19,7 +19,7 @@ public:
         ++runs_.back().count;
     }
 
-    /// The innermost, taken out. There must be one.
+    /// Removes and returns the innermost. There must be one.
     Loop pop() {
         const Loop loop = runs_.back().loop;
         if (--runs_.back().count == 0)
@@ -35,11 +35,11 @@ private:
     std::vector<LoopRun> runs_;
 };
 
-/// How a pass through the score was begun; it decides its first and its last steps.
+/// How a pass through the score was started. This decides its first and last steps.
 enum class Pass { song, selection };
 
-/// Of a looping song: one for days takes one entry. All that a waiting pass needs is its kind,
-/// since the play state itself is shared by all passes.
+/// The waiting passes of a looping song. All passes share the play state, so a waiting pass needs
+/// only its kind, and a song that loops for days takes one entry.
 using WaitingPasses = WaitingLoops<Pass>;
 
 } // namespace velorin

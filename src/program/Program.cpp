@@ -1,24 +1,37 @@
-// The program: start and end, and the windows by their names.
+// The program: start, end, and finding windows by name.
 #include "program/Program.h"
 
+#include "history/Change.h"
+#include "history/OpenedFiles.h"
 #include "platform/Desktop.h"
 #include "platform/Dialogs.h"
-#include "platform/KeptState.h"
 #include "platform/MidiOut.h"
 #include "platform/Notices.h"
-#include "program/Form1.h"
-#include "program/HoldingLoop.h"
-#include "shell/SetupToolbar.h"
-#include "shell/ToolFrame.h"
-#include "shell/openerF.h"
+#include "platform/PopupMenus.h"
+#include "program/StepKeyboard.h"
+#include "program/WizardCalls.h"
+#include "windows/main/Form1.h"
+#include "windows/main/openerF.h"
+#include "windows/pen/Pen.h"
+#include "windows/reader/TableauReader.h"
+#include "windows/sheet/AfterPaint.h"
+#include "windows/sheet/Greeting.h"
+#include "windows/sheet/SheetContent.h"
+#include "windows/sheet/SheetMarks.h"
+#include "windows/strip/PressWords.h"
+#include "windows/strip/StateWatch.h"
+#include "windows/strip/StripTools.h"
+#include "windows/texts/ButtonNumbers.h"
+#include "windows/texts/KeyTable.h"
+#include "windows/texts/SheetTexts.h"
 
-#include <QAbstractEventDispatcher>
+#include <QCoreApplication>
 #include <QGuiApplication>
 #include <QIcon>
-#include <QThread>
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace velorin {
 
@@ -26,97 +39,297 @@ namespace {
 
 constexpr char title[] = "Velorin";
 
-std::string recoveryText(const platform::RecoveredText& recovered) {
+struct ToolName {
+    const char* name;
+    Tool tool;
+};
+constexpr ToolName toolNames[] = {{"Form2", Tool::editing},    {"Form3", Tool::setup},
+                                  {"Record", Tool::recording}, {"Wiz", Tool::tutorial},
+                                  {"History", Tool::history},  {"Export", Tool::exporting}};
+
+std::string recoveryText(const platform::RecoveredFile& recovered) {
     const std::string place =
         "in \"Songs\" as\r\n\"" + recovered.name + "\". Click here to open it.";
-    if (recovered.endedInOrder)
+    if (recovered.endedCleanly)
         return "The score that was open when Velorin ended was not saved. It is " + place;
     return "Velorin did not end in order the last time. Nothing is lost: the score is " + place;
-}
-
-platform::Platform withLoop(const platform::Platform& host, platform::MessageLoop& loop) {
-    return {host.clock,   loop,
-            host.midi,    host.mci,
-            host.dialogs, host.boxes,
-            host.files,   host.settings,
-            host.desktop, host.menus,
-            host.timers,  host.systemFiles,
-            host.encoder, host.programFolder,
-            host.kept,    host.notices};
 }
 
 } // namespace
 
 Program::Program(platform::Platform& host)
-    : loop_(std::make_unique<HoldingLoop>(host.loop)),
-      platform_(withLoop(host, *loop_)),
-      hints(platform_, frames),
-      group(*this, platform_.desktop),
+    : loop_(host.loop),
+      platform_(withLoop(host, loop_)),
+      session(platform_),
+      history(session.studio, session.files, platform_.history),
+      windows(platform_, session.studio.run, loop_),
+      hints(platform_, windows.frames),
       notices(platform_.desktop),
-      setup_(std::make_unique<SetupToolbar>(studio_)),
-      studio_(platform_, *setup_),
-      kept_(platform_.kept, studio_.score, studio_.saved) {
-    notices.openScore = [this](const std::string& path) { openFromNotice(path); };
-    // Each round of the dispatcher, also one that is full of events and never sleeps: a timer, even
-    // of no time, would wait for the end of those.
-    QAbstractEventDispatcher* const dispatcher = QAbstractEventDispatcher::instance();
-    for (const auto signal :
-         {&QAbstractEventDispatcher::awake, &QAbstractEventDispatcher::aboutToBlock})
-        QObject::connect(dispatcher, signal, &dispatcherWatch_, [this] { destroyClosed(); });
+      setup(session, windows),
+      editing(session, windows),
+      recording(session, windows),
+      tutorial(session, std::make_unique<WizardCalls>(*this), windows, hints),
+      historyTool(session, windows, history),
+      fileOpening({session, history, windows, recording},
+                  [this](const std::string& lines) { shortHint.show(*form1_, lines); }),
+      exportTool(session, windows, QCoreApplication::applicationDirPath().toStdString()),
+      keyboard(platform_, session,
+               [this](const std::string& line) { shortHint.show(*form1_, line); }),
+      historyWatch_(history) {
+    windows.add(Tool::setup, setup);
+    windows.add(Tool::editing, editing);
+    windows.add(Tool::recording, recording);
+    windows.add(Tool::tutorial, tutorial);
+    windows.add(Tool::history, historyTool);
+    windows.add(Tool::exporting, exportTool);
+    recording.onExport = [this] { exportTool.openForMp3(); };
+    setup.onHint = [this](const std::string& lines) { shortHint.show(*form1_, lines); };
+    recording.onHint = [this](const std::string& lines) { shortHint.show(*form1_, lines); };
+    exportTool.onPlay = [this](const std::string& path) { playFile(path); };
+    notices.openScore = [this](const std::string& path) { openAgain(path); };
 }
 
 Program::~Program() {
     notices.stop();
 }
 
-bool Program::start(const std::function<void()>& behindSplash) {
+bool Program::start() {
     if (IsProgramRunning()) {
         ended_ = true;
         return false;
     }
     showSplash();
-    if (ended_) // from outside, by the events that painted the splash
+    if (ended_) // by an event that was processed while the splash was painted
         return true;
-    if (behindSplash)
-        behindSplash();
-    if (!form1_)
-        makeMainWindow();
+    makeMainWindow();
     form1_->Form_Load();
-    kept_.watch();
+    if (!ended_)
+        watchHistory();
+    if (!ended_)
+        keyboard.resume();
     recoverScores();
     if (platform_.notices != nullptr && !ended_)
         notices.start(*platform_.notices, *form1_->area->MusicBox);
     return true;
 }
 
+void Program::begin() {
+    isBegun_ = true;
+    new AfterPaint(*form1_->area->MusicBox, [this] { // owned by the tableau
+        // The windows have no title bar of the desktop that would show it, so it can come late.
+        QGuiApplication::setWindowIcon(QIcon(":/look/velorin.svg"));
+        greet();
+    });
+    reader_ = new TableauReader(session, *form1_, *form1_->pen);
+    reader_->onLine = [this](const std::string& line) { shortHint.show(*form1_, line); };
+    form1_->onHearingKey = [this](HearingCommand command) { runHearingCommand(command); };
+}
+
+void Program::greet() {
+    if (ended_ || !isEmptySheet(session.studio.score) || session.studio.run.IsPlaying.isSet())
+        return;
+    greeting_ = std::make_unique<Greeting>(*form1_, *form1_->area, session.studio.score);
+    greeting_->onOpenSong = [this] { form1_->Cmd2_Click(mainButton::open); };
+    sheetMarks_->onDrawn = [this] { greeting_->sheetDrawn(); };
+}
+
+void Program::sheetChanged() {
+    if (!isBegun_)
+        return;
+    form1_->poly.drawIfStale();
+    if (greeting_)
+        greeting_->sheetDrawn();
+    const Score& score = session.studio.score;
+    const bool hasThem = hasNotes(score);
+    if (std::exchange(hadNotes_, hasThem) && !hasThem && hasMarks(score)) {
+        const std::string before = shortHint.text(); // that the notes can come back
+        shortHint.show(*form1_, before.empty() ? marksLeft : before + "\n" + marksLeft);
+    }
+}
+
+void Program::endGreeting() {
+    if (greeting_)
+        greeting_->end();
+}
+
 void Program::showSplash() {
-    splash_ = std::make_unique<openerF>(frames);
+    splash_ = std::make_unique<openerF>(windows.frames);
     const platform::SizePx screen = platform_.desktop.screenSize();
     splash_->centreOn(screen.width, screen.height);
     splash_->show();
-    // Painted before the main window is made; a yield is not due before the end of that.
+    // Paints the splash now: no yield comes before the main window is made.
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
-Form1& Program::makeMainWindow() {
-    // Not for the splash: it has no frame that would show the icon, and drawing it takes a while.
-    QGuiApplication::setWindowIcon(QIcon(":/look/velorin.svg"));
-    form1_ = std::make_unique<Form1>(*this);
-    setup_->attach(form1_->sounding, *form1_);
-    return *form1_;
+void Program::makeMainWindow() {
+    form1_ = std::make_unique<Form1>(
+        MainWindowParts{session, windows, editing, recording, hints, tutorial.tutorial.samples});
+    sheetMarks_ = std::make_unique<SheetMarks>(session.studio, *form1_->area, form1_->music);
+    form1_->onExit = [this] { Command3_Click(); };
+    form1_->onError = [this](const std::string& text) { endWithError(text); };
+    form1_->canDrop = &FileOpening::canOpen;
+    form1_->onDrop = [this](const std::vector<std::string>& paths) { fileOpening.open(paths); };
+    form1_->onReady = [this] { splash_.reset(); };
 }
 
-// After everything else: the folder for scores exists by then.
-void Program::recoverScores() {
-    if (platform_.kept == nullptr || ended_)
+void Program::watchHistory() {
+    history.onChanged = [this] {
+        sheetChanged();
+        showTitle();
+        showSteps();
+        historyTool.historyChanged();
+        exportTool.songChanged();
+    };
+    history.onReplacedUnsaved = [this] { shortHint.show(*form1_, "Ctrl+Z brings it back."); };
+    form1_->onLockChanged = [this] {
+        endGreeting();
+        lockChanged();
+    };
+    form1_->state->onPlayingChanged = [this] {
+        lockChanged();
+        if (steps_ && session.studio.run.IsPlaying.isSet())
+            steps_->takeMarker();
+        else if (steps_)
+            steps_->keepMarker();
+    };
+    form1_->onTableauPress = [this] {
+        if (steps_)
+            steps_->takeMarker();
+    };
+    form1_->onTableauRelease = [this] {
+        if (steps_)
+            steps_->keepMarker();
+    };
+    setup.onValuesLost = [this] {
+        if (!ending_)
+            form1_->state->say(setupLostSentence());
+    };
+    form1_->onFileKey = [this](FileCommand command) { runFileCommand(command); };
+    form1_->onKeyboardKey = [this](const KeyboardKey& key) { runKeyboardCommand(key); };
+    form1_->onHistoryKey = [this](HistoryCommand command) { runHistoryCommand(command); };
+    historyWatch_.isPenHeld = [this] { return isPenHeld(); };
+    history.begin();
+    historyWatch_.start();
+}
+
+bool Program::isPenHeld() const {
+    return form1_ != nullptr && form1_->pen->isHeld();
+}
+
+void Program::showTitle() {
+    form1_->showTitle(session.studio.score.CurrentFileName, history.isUnsaved());
+}
+
+void Program::showSteps() {
+    form1_->strip->showSteps(history.undoText(), history.redoText(),
+                             session.studio.run.IsPlaying.isSet());
+}
+
+void Program::lockChanged() {
+    historyTool.lockChanged();
+    showSteps();
+}
+
+void Program::runFileCommand(FileCommand command) {
+    if (command == FileCommand::openedLast)
+        return chooseOpenedLast();
+    if (command == FileCommand::exportScore)
+        return exportTool.open();
+    if (!session.files.saveAgain())
+        form1_->Cmd2_Click(mainButton::save);
+}
+
+// As a user does it with the Recording Toolbar.
+void Program::playFile(const std::string& path) {
+    windows.show(Tool::recording);
+    if (ended_)
         return;
-    const std::string& folder = studio_.run.SongsFolder;
-    for (const platform::RecoveredText& recovered : platform_.kept->recoverInto(folder))
+    recording.setText(RecordText::Text6, path);
+    recording.player.Cmd2_Click(1);
+}
+
+void Program::chooseOpenedLast() {
+    history.changeFinished();
+    const std::vector<std::string> files = openedFiles(history.entries());
+    if (files.empty())
+        return shortHint.show(*form1_, "No score has been opened or saved yet.");
+    std::vector<std::string> names;
+    names.reserve(files.size());
+    for (const std::string& file : files)
+        names.push_back(fileNameOf(file));
+    const auto chosen = platform::chooseFrom(platform_.menus, "openedLast", names);
+    if (chosen && !ended_)
+        openAgain(files[*chosen]);
+}
+
+void Program::runHistoryCommand(HistoryCommand command) {
+    if (command == HistoryCommand::show)
+        return historyTool.open();
+    if (QGuiApplication::mouseButtons() != Qt::NoButton || isPenHeld())
+        return;
+    const bool isUndo = command == HistoryCommand::undo;
+    switch (isUndo ? history.undo() : history.redo()) {
+    case HistoryStep::done:
+        if (steps_)
+            steps_->historyMoved();
+        return shortHint.hide();
+    case HistoryStep::atEnd:
+        return shortHint.show(*form1_, isUndo ? "There is nothing to take back."
+                                              : "There is nothing to make again.");
+    case HistoryStep::locked:
+        if (session.studio.run.IsPlaying.isSet())
+            shortHint.show(*form1_, "Stop the song first. While it plays, nothing is taken back.");
+        return;
+    case HistoryStep::lost:
+        return shortHint.show(*form1_, "This state of the score cannot be read any more.");
+    }
+}
+
+StepKeyboard& Program::steps() {
+    if (!steps_)
+        steps_ = std::make_unique<StepKeyboard>(
+            StepKeyboard::Parts{session, history, *form1_, keyboard},
+            [this](const std::string& line) { shortHint.show(*form1_, line); });
+    return *steps_;
+}
+
+void Program::runKeyboardCommand(const KeyboardKey& key) {
+    switch (key.command) {
+    case KeyboardCommand::onOff:
+        keyboard.toggle();
+        if (steps_ && !keyboard.isOn() && !ended_)
+            steps_->end();
+        return;
+    case KeyboardCommand::steps:
+        return steps().toggle();
+    case KeyboardCommand::length:
+        return steps().setLength(key.columns);
+    case KeyboardCommand::back:
+        return steps().stepBack();
+    case KeyboardCommand::onward:
+        return steps().rest();
+    }
+}
+
+void Program::runHearingCommand(HearingCommand command) {
+    if (command == HearingCommand::penSounds)
+        reader_->toggleSound();
+    else
+        reader_->sayWhere();
+}
+
+// Called last: the folder for scores exists then.
+void Program::recoverScores() {
+    if (platform_.history == nullptr || ended_)
+        return;
+    const std::string& folder = session.studio.run.SongsFolder;
+    for (const platform::RecoveredFile& recovered : platform_.history->recoverInto(folder))
         platform::notify(platform_, {recoveryText(recovered), folder + "\\" + recovered.name});
 }
 
-void Program::openFromNotice(const std::string& path) {
-    if (!form1_->files.openChosen(path))
+void Program::openAgain(const std::string& path) {
+    history.changeFinished(); // what is on the tableaux stays in the history
+    if (!session.files.openChosen(path))
         platform::notify(platform_, "The score is not there any more. Look for it in \"Songs\".");
 }
 
@@ -127,29 +340,33 @@ bool Program::IsProgramRunning() {
     return true;
 }
 
-void Program::unloadSplash() {
-    splash_.reset();
-}
-
-// The device falls silent first, then each window saves its own settings, the main window last.
+// Closes the device first, then each window saves its own settings, the main window last.
 void Program::Command3_Click() {
     if (ending_ || ended_)
         return;
     ending_ = true;
-    kept_.end(); // before the windows change the score by their own end
+    windows.stopShowing();
+    history.end(); // before the windows change the score while they unload
+    historyWatch_.stop();
+    shortHint.hide();
+    endGreeting();
+    keyboard.end();
+    if (steps_)
+        steps_->end(); // not destroyed: a step may be waiting for the view to scroll
     platform_.desktop.announceEnd();
     if (splash_)
-        splash_->hide(); // and no more: its own showing may have let this through
+        splash_->hide(); // not destroyed: this call may run inside its own showing
     hints.unload();
     notices.stop();
     if (form1_) {
         form1_->hide();
-        platform_.midi.midiOutClose(form1_->sounding.MidiHandle);
-        for (const char* name : {"Form2", "Form3", "Record", "Wiz"})
-            unloadWindow(name);
+        platform_.midi.midiOutClose(session.sounding.MidiHandle);
+        for (const Tool tool : allTools)
+            windows.unload(tool);
         form1_->Form_Unload();
     }
     ended_ = true;
+    windows.stopLoading();
     platform_.loop.end();
 }
 
@@ -157,7 +374,7 @@ void Program::endWithError(const std::string& text) {
     if (ending_ || ended_)
         return;
     exitStatus_ = 1;
-    kept_.setAside();
+    history.endWithError();
     platform_.boxes.MsgBox(platform::BoxIcon::critical, title, text);
     Command3_Click();
 }
@@ -172,72 +389,10 @@ QWidget* Program::window(const QString& name, bool load) {
             hints.load();
         return load || hints.isLoaded() ? hints.window() : nullptr;
     }
-    ToolWindow* tool = toolWindow(name);
-    if (tool == nullptr)
-        return nullptr;
-    return load && !ended_ ? &tool->load() : tool->window();
-}
-
-void Program::addToolWindow(const QString& name, std::unique_ptr<ToolWindow> window) {
-    toolWindows_.push_back({name, std::move(window)});
-}
-
-ToolWindow* Program::toolWindow(const QString& name) {
-    if (name == "Form3")
-        return setup_.get();
-    for (const NamedWindow& known : toolWindows_)
-        if (known.name == name)
-            return known.window.get();
+    for (const auto& [known, tool] : toolNames)
+        if (name == QLatin1String(known))
+            return load ? windows.load(tool) : windows.window(tool);
     return nullptr;
-}
-
-void Program::showWindow(const QString& name) {
-    if (ending_)
-        return;
-    QWidget* const shown = window(name, true);
-    // A load that lets events through may be overtaken by the window's own end, or the program's.
-    if (shown == nullptr || ending_ || shown != window(name, false))
-        return;
-    if (auto* const tool = qobject_cast<ToolFrame*>(shown))
-        group.standBeside(*tool);
-    shown->show();
-    shown->raise();
-    group.noteHighest(name);
-}
-
-void Program::unloadWindow(const QString& name) {
-    if (ToolWindow* tool = toolWindow(name))
-        tool->unload();
-}
-
-void Program::noteMade(const QWidget& window) {
-    madeAt_[&window] = loop_->now();
-}
-
-void Program::destroyLater(std::unique_ptr<QWidget> window) {
-    if (!window)
-        return;
-    window->hide();
-    const auto made = madeAt_.extract(window.get());
-    closed_.push_back({std::move(window), made.empty() ? 0 : made.mapped()});
-}
-
-void Program::runHandler(const QWidget* window, const std::function<void()>& handler) {
-    const HoldingLoop::Handler running(*loop_, window);
-    handler();
-}
-
-// Called by the event dispatcher between two rounds, so what is below is the handlers that wait,
-// and the loop of a dialog or a menu, of which nothing is known.
-void Program::destroyClosed() {
-    if (closed_.empty() || QThread::currentThread()->loopLevel() > 1)
-        return;
-    const auto free = std::partition(closed_.begin(), closed_.end(), [this](const auto& closed) {
-        return loop_->mayHold(closed.window.get(), closed.madeAt);
-    });
-    const std::vector<ClosedWindow> destroyed(std::make_move_iterator(free),
-                                              std::make_move_iterator(closed_.end()));
-    closed_.erase(free, closed_.end());
 }
 
 } // namespace velorin

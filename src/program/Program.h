@@ -1,35 +1,44 @@
-// The program: it owns the studio and the windows, starts them in their order and ends them in
-// theirs.
+// The program: owns the session and the windows, and starts and ends them in order.
 #pragma once
 
+#include "history/History.h"
 #include "platform/Platform.h"
-#include "program/WindowGroup.h"
-#include "score/Studio.h"
-#include "shell/FocusKeeper.h"
-#include "shell/HoverKeeper.h"
-#include "shell/KeptScore.h"
-#include "shell/NoticeWindow.h"
-#include "shell/SkinnedFrame.h"
-#include "shell/ToolWindow.h"
-#include "shell/frminfo.h"
+#include "program/FileOpening.h"
+#include "program/HistoryWatch.h"
+#include "program/MidiKeyboard.h"
+#include "session/Session.h"
+#include "windows/editing/EditingToolbar.h"
+#include "windows/export/ExportTool.h"
+#include "windows/frame/HoldingLoop.h"
+#include "windows/frame/ToolWindows.h"
+#include "windows/help/NoticeWindow.h"
+#include "windows/help/ShortHint.h"
+#include "windows/help/frminfo.h"
+#include "windows/history/HistoryTool.h"
+#include "windows/recording/RecordingToolbar.h"
+#include "windows/setup/SetupToolbar.h"
+#include "windows/tutorial/TutorialWizard.h"
 
-#include <QObject>
 #include <QString>
 
-#include <cstdint>
-#include <functional>
-#include <map>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace velorin {
 
 class Form1;
-class HoldingLoop;
-class SetupToolbar;
+class Greeting;
+class SheetMarks;
+class StepKeyboard;
+class TableauReader;
 class openerF;
+enum class FileCommand;
+enum class HearingCommand;
+enum class HistoryCommand;
+struct KeyboardKey;
 
-/// One for each run. The platform outlives it. All calls come from the user-interface thread.
+/// One for each run. The platform must outlive it. User-interface thread only.
 class Program {
 public:
     explicit Program(platform::Platform& platform);
@@ -37,101 +46,95 @@ public:
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
-    /// Everything from the splash to the moment when the user can act. `behindSplash`, if given, is
-    /// called once the splash is on the screen, for all that need not be there before: it makes the
-    /// main window and adds the tool windows. False if the start was refused because another copy
-    /// runs.
-    bool start(const std::function<void()>& behindSplash = {});
+    /// Does everything from the splash until the user can act. False if another copy is running.
+    bool start();
 
-    /// The main window, not loaded yet. The start makes it unless it is there.
-    Form1& makeMainWindow();
+    /// Call it when `start` has returned true and the windows are shown. Greets on an empty sheet.
+    /// From now on the chord lanes are also drawn again after edits that do not draw them, and a
+    /// hint says when chord marks are left without notes. A transcript does not call it: its
+    /// windows show neither greeting nor hint, and its lanes stay as the edits leave them.
+    void begin();
 
-    /// True after the exit command, or after a start that was refused. Windows are off the screen;
-    /// handlers that were running may still have to return.
+    /// True after the exit command, or if another copy was running at the start. The windows are
+    /// hidden; handlers that were running may not have returned yet.
     [[nodiscard]] bool hasEnded() const { return ended_; }
 
-    /// What the process is to return: 0, or 1 after `endWithError`.
+    /// The exit status of the process: 0, or 1 after `endWithError`.
     [[nodiscard]] int exitStatus() const { return exitStatus_; }
 
-    /// The exit command, also for an end from outside: a signal, the end of the session. A second
+    /// The exit command. Also called for a signal and at the end of the desktop session. A second
     /// call does nothing. A score that is not saved is kept for the next start.
     void Command3_Click();
 
-    /// Whether another copy runs; says so in a message box.
+    /// True if another copy is running; also shows a message box then.
     bool IsProgramRunning();
 
-    /// For an error that nothing may go on after: puts the score aside for the next start, says
-    /// what happened in one message box and ends in the usual order.
+    /// For a fatal error: keeps the score for the next start, shows `text` in a message box and
+    /// ends the program in the usual order.
     void endWithError(const std::string& text);
 
-    [[nodiscard]] Studio& studio() { return studio_; }
-    [[nodiscard]] Form1& form1() { return *form1_; } ///< from `makeMainWindow` on
-    [[nodiscard]] SetupToolbar& setup() { return *setup_; }
+    /// The pen draws: like a held mouse button.
+    [[nodiscard]] bool isPenHeld() const;
 
-    /// A window by its name: Form1, Form2, Form3, Frmmenu, Record, Wiz, frminfo, openerF. With
-    /// `load` it is loaded as its first use would. Null for one that is not loaded, not built or
-    /// not known.
+    [[nodiscard]] Studio& studio() { return session.studio; }
+    /// The main window. `start` makes it after the splash is shown.
+    [[nodiscard]] Form1& form1() { return *form1_; }
+
+    /// The window of that name: Form1, Form2, Form3, Record, Wiz, History, Export, frminfo or
+    /// openerF. With `load` it is loaded as by its first use. Null if it is not loaded or not
+    /// known. Transcripts use it.
     QWidget* window(const QString& name, bool load);
 
-    /// Makes a window known under its name. `Form3` is there from the start.
-    void addToolWindow(const QString& name, std::unique_ptr<ToolWindow> window);
-    [[nodiscard]] ToolWindow* toolWindow(const QString& name);
-
-    /// Loads a tool window and shows it above the others. Nothing happens if it is not built.
-    void showWindow(const QString& name);
-    void unloadWindow(const QString& name);
-
-    /// To be called for each tool window when it is made: no handler that runs by then is its own.
-    void noteMade(const QWidget& window);
-
-    /// Hides the window at once and destroys it as soon as no handler of its own can be running.
-    void destroyLater(std::unique_ptr<QWidget> window);
-
-    /// Runs a handler that may wait for long, so that windows can be closed and destroyed
-    /// meanwhile: all but `window`, to which it belongs, or all that are made meanwhile if that is
-    /// null.
-    void runHandler(const QWidget* window, const std::function<void()>& handler);
-
-    /// Takes the splash off the screen.
-    void unloadSplash();
-
 private:
-    struct NamedWindow {
-        QString name;
-        std::unique_ptr<ToolWindow> window;
-    };
-    struct ClosedWindow {
-        std::unique_ptr<QWidget> window;
-        std::uint64_t madeAt; ///< as `loop_` counts
-    };
-
     void showSplash();
+    void makeMainWindow();
     void recoverScores();
-    void openFromNotice(const std::string& path);
-    void destroyClosed();
+    void openAgain(const std::string& path);
+    void watchHistory();
+    void runFileCommand(FileCommand command);
+    void chooseOpenedLast();
+    void playFile(const std::string& path);
+    void runHistoryCommand(HistoryCommand command);
+    void runKeyboardCommand(const KeyboardKey& key);
+    [[nodiscard]] StepKeyboard& steps();
+    void runHearingCommand(HearingCommand command);
+    void greet();
+    void endGreeting();
+    void sheetChanged();
+    void showTitle();
+    void showSteps();
+    void lockChanged();
 
-    std::unique_ptr<HoldingLoop> loop_;
+    HoldingLoop loop_;
     platform::Platform platform_; ///< the host's, with `loop_` in place of its loop
 
 public:
-    FocusKeeper focus;
-    HoverKeeper hover;
-    FrameState frames;
+    // Each uses only those before it.
+    Session session;
+    History history;
+    ToolWindows windows;
     frminfo hints;
-    WindowGroup group;
+    ShortHint shortHint;
     NoticeWindow notices;
-    QString activeToolbar; ///< the tool window that was active last
+    SetupToolbar setup;
+    EditingToolbar editing;
+    RecordingToolbar recording;
+    TutorialWizard tutorial;
+    HistoryTool historyTool;
+    FileOpening fileOpening;
+    ExportTool exportTool;
+    MidiKeyboard keyboard;
 
 private:
-    std::unique_ptr<SetupToolbar> setup_;
-    Studio studio_;
-    KeptScore kept_;
-    std::map<const QWidget*, std::uint64_t> madeAt_; ///< of tool windows
-    std::vector<ClosedWindow> closed_;               ///< to be destroyed
-    QObject dispatcherWatch_;
-    std::vector<NamedWindow> toolWindows_;
-    std::unique_ptr<openerF> splash_;
-    std::unique_ptr<Form1> form1_; ///< null until `makeMainWindow`
+    HistoryWatch historyWatch_;
+    std::unique_ptr<openerF> splash_; ///< null before and after it is shown
+    std::unique_ptr<Form1> form1_;    ///< null until `start`
+    std::unique_ptr<SheetMarks> sheetMarks_;
+    std::unique_ptr<StepKeyboard> steps_; ///< null until it is first asked for
+    std::unique_ptr<Greeting> greeting_;  ///< null until an empty sheet is greeted
+    TableauReader* reader_ = nullptr;     ///< owned by the main window; null until `begin`
+    bool isBegun_ = false;
+    bool hadNotes_ = false;
     bool ending_ = false;
     bool ended_ = false;
     int exitStatus_ = 0;

@@ -1,4 +1,4 @@
-// The record's fields at their places.
+// Writes the record's fields at their offsets.
 #include "recording/EncoderConfig.h"
 
 #include <array>

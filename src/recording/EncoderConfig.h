@@ -15,7 +15,7 @@ struct EncoderChoice {
     std::int32_t preset = 0;     ///< quality, the library's number
 };
 
-/// Always constant bitrate.
+/// The record of a choice; the bitrate is always constant.
 [[nodiscard]] platform::ConfigRecord encoderConfig(const EncoderChoice& choice);
 
 /// What a result code of the library means; empty for an unknown one.

@@ -6,13 +6,10 @@
 #include "platform/MessageLoop.h"
 #include "platform/Text.h"
 #include "playback/Progress.h"
-#include "playback/StopWatch.h"
 #include "recording/Mp3Player.h"
-#include "recording/RecordCommands.h"
 #include "recording/RecordDesk.h"
-#include "score/FileHelpers.h"
-#include "score/SetupControls.h"
-#include "score/Studio.h"
+#include "session/Session.h"
+#include "studio/FileHelpers.h"
 
 #include <utility>
 
@@ -23,7 +20,8 @@ namespace {
 constexpr float wavPollSeconds = 0.1F;
 constexpr float midiPollSeconds = 0.25F;
 
-// The pattern without a point also lets a name through that merely ends in these letters.
+// Rule: the last pattern has no point, so the dialog also shows a name that merely ends in "mp3".
+// Held by recording/opening_a_file.
 constexpr char openFilter[] =
     "Midi, score, wav, mp3(*.sng;*.mid;*.wav;*mp3)|*.sng;*.mid;*.wav;*mp3";
 
@@ -33,6 +31,11 @@ std::string lastThree(const std::string& name) {
 
 } // namespace
 
+FilePlayer::FilePlayer(Session& session, Mp3Player& mp3, RecordDesk& desk)
+    : session_(session), studio_(session.studio), mp3_(mp3), watch_(session.watch), desk_(desk) {}
+
+// Rule: new stopwatches do not run. So a loop that follows a MID file across a reload of the window
+// waits until the program ends. Held by recording/closed_while_it_works.
 void FilePlayer::makeStopWatches() {
     mp3_.timer = watch_.StopWatchNew();
     wavTimer_ = watch_.StopWatchNew();
@@ -41,9 +44,9 @@ void FilePlayer::makeStopWatches() {
 void FilePlayer::Cmd2_Click(int index) {
     switch (index) {
     case 0:
-        commands_.HideToolbars();
+        studio_.desk->HideToolbars();
         C4_Click();
-        commands_.ShowToolbars();
+        studio_.desk->ShowToolbars();
         break;
     case 1:
         carryOut(1, Rest::endOfPause);
@@ -67,11 +70,15 @@ void FilePlayer::C4_Click() {
     const auto answer = studio_.platform.dialogs.GetOpenFileNameA(request);
     if (!answer || answer->name.empty())
         return;
-    desk_.setText(RecordText::Text6, platform::trimBlanks(answer->name));
+    openChosen(answer->name);
+}
+
+void FilePlayer::openChosen(const std::string& name) {
+    desk_.setText(RecordText::Text6, platform::trimBlanks(name));
     studio_.run.WavFileName = platform::trimBlanks(desk_.text(RecordText::Text6));
     const std::string kind = lastThree(studio_.run.WavFileName);
     if (kind == "sng") {
-        commands_.OpenFile(studio_.run.WavFileName);
+        session_.files.OpenFile(studio_.run.WavFileName);
         desk_.selectOptsourcesng();
     } else if (kind == "mid") {
         desk_.selectOptsourcemid();
@@ -82,7 +89,7 @@ void FilePlayer::Command4_Click(int index) {
     carryOut(index, Rest::nothing);
 }
 
-// Whatever is done to a WAV, a loop follows it from then on.
+// Play, pause and stop of a WAV each start a loop that follows it.
 void FilePlayer::carryOut(int index, Rest rest) {
     const std::string name =
         platform::trimBlanks(platform::lowerCase(desk_.text(RecordText::Text6)));
@@ -106,7 +113,7 @@ void FilePlayer::finish(Rest rest) {
 
 void FilePlayer::play(const std::string& name) {
     if (name.ends_with(".sng")) {
-        commands_.PlayAndStop_Click(0);
+        session_.sequencer.PlayAndStop_Click(0);
     } else if (name.ends_with(".wav")) {
         send("stop sound");
         send("close sound");
@@ -120,11 +127,12 @@ void FilePlayer::play(const std::string& name) {
     }
 }
 
-// A score does not pause here: the button starts it when it stands still.
+// Rule: the button does not pause a score; it starts the score if none plays. Held by
+// recording/playing_a_score.
 void FilePlayer::pauseOrResume(const std::string& name) {
-    const bool pauses = studio_.run.PlayerPaused == flagSet;
+    const bool pauses = studio_.run.PlayerPaused.isMinusOne();
     if (name.ends_with(".sng")) {
-        commands_.PlayAndStop_Click(0);
+        session_.sequencer.PlayAndStop_Click(0);
     } else if (name.ends_with(".wav")) {
         send(pauses ? "pause sound" : "resume sound");
     } else if (name.ends_with(".mp3")) {
@@ -136,7 +144,7 @@ void FilePlayer::pauseOrResume(const std::string& name) {
 
 void FilePlayer::stop(const std::string& name) {
     if (name.ends_with(".sng")) {
-        commands_.PlayAndStop_Click(1);
+        session_.sequencer.PlayAndStop_Click(1);
         return;
     }
     if (name.ends_with(".wav")) {
@@ -151,10 +159,12 @@ void FilePlayer::stop(const std::string& name) {
     clearProgress();
 }
 
-// Each click on a WAV begins a loop of its own, inside the wait of the one before. Only the
-// innermost ends with the sound; an outer one clears the flag at its next step and polls on, for
-// the rest of the run if no other sound comes to its end. So such loops are counted and not nested:
-// the click returns, and the wait that it came in goes on as the wait of its loop.
+// Rule: each click on a WAV starts a loop inside the wait of the one before, and only the innermost
+// ends with the sound. An outer one clears the flag at its next step and polls on, until another
+// sound ends or the program does. Held by recording/nested_wav_loops.
+//
+// So that these loops take no stack, they are counted and not nested: the click returns, and the
+// wait in which it was handled goes on as the wait of its loop.
 void FilePlayer::pollWav(Rest rest) {
     const platform::MessageLoop& loop = studio_.platform.loop;
     studio_.run.SoundFinished = flagClear;
@@ -182,7 +192,7 @@ void FilePlayer::runWavLoops(WavLoops& loops) {
         if (studio_.platform.loop.isEnding())
             return;
         Soundstatus();
-        if (studio_.run.SoundFinished == flagClear) {
+        if (!studio_.run.SoundFinished.isSet()) {
             loops.innermost = waitFor(loops.innermost.rest);
             continue;
         }
@@ -213,6 +223,8 @@ void FilePlayer::Soundstatus() {
     }
 }
 
+// Rule: a missing file starts no loop, so nothing ends the recording that it was played for. Held
+// by recording/from_a_mid_file.
 void FilePlayer::RunMidiFile() {
     const std::string name =
         platform::lowerCase(platform::trimBlanks(desk_.text(RecordText::Text6)));
@@ -223,12 +235,12 @@ void FilePlayer::RunMidiFile() {
     studio_.platform.mci.mciSendStringA("status midi mode", &mode);
     if (mode.starts_with("paused")) {
         send("resume midi");
-    } else if (studio_.run.PlayerPaused == flagSet) {
+    } else if (studio_.run.PlayerPaused.isMinusOne()) {
         send("pause midi");
     } else {
-        // The list counts the mapper as its first entry, so this is the device behind the selected
-        // one; the file itself plays on the selected one.
-        commands_.openMidiOutput(studio_.setup.Combo2() + 1);
+        // Rule: the list's first entry is the mapper, so this opens the device after the selected
+        // one. The file itself plays on the selected one. Held by recording/from_a_mid_file.
+        session_.sounding.openDevice(studio_.setup.Combo2() + 1);
         send("stop midi");
         send("close midi");
         studio_.platform.mci.setSequencerDevice(studio_.setup.Combo2() - 1);
@@ -243,14 +255,14 @@ void FilePlayer::pollMidi() {
     const Run& run = studio_.run;
     const platform::MessageLoop& loop = studio_.platform.loop;
     watch_.StopWatchStart(mp3_.timer);
-    while (run.RecordingFlag == flagClear && run.SoundFinished == flagClear && !loop.isEnding()) {
+    while (!run.RecordingFlag.isSet() && !run.SoundFinished.isSet() && !loop.isEnding()) {
         watch_.WaitSeconds(mp3_.timer, midiPollSeconds);
         if (!loop.isEnding())
             midipos();
     }
-    if (run.RecordingFlag != flagSet)
+    if (!run.RecordingFlag.isMinusOne())
         return;
-    while (run.RecordingFlag != flagClear && !loop.isEnding()) {
+    while (run.RecordingFlag.isSet() && !loop.isEnding()) {
         watch_.WaitSeconds(mp3_.timer, midiPollSeconds);
         if (!loop.isEnding())
             midipos();
@@ -275,7 +287,7 @@ void FilePlayer::midipos() {
         studio_.run.RecordingFlag = flagClear;
         studio_.run.SoundFinished = flagSet;
         clearProgress();
-        commands_.Command32_Click();
+        session_.sounding.Command32_Click();
     } else if (share < 0.0) {
         desk_.setCaption(RecordCaption::Status, "");
     }
@@ -286,7 +298,8 @@ void FilePlayer::clearProgress() {
     desk_.emptyL2();
 }
 
-// The commands have the name in small letters, and beside it there may be a file of that name.
+// The commands have the name in lower case. This tells the device the real spelling, since a file
+// of the lower-case name may exist too.
 void FilePlayer::noteSpelling() {
     studio_.platform.mci.noteSpelling(platform::trimBlanks(desk_.text(RecordText::Text6)));
 }
@@ -295,7 +308,7 @@ void FilePlayer::send(const std::string& command) {
     studio_.platform.mci.mciSendStringA(command);
 }
 
-// A device that is closed answers nothing, which reads as 0.
+// A closed device gives no answer, which reads as 0.
 double FilePlayer::ask(const char* question) {
     constexpr std::size_t replyLength = 128;
     std::string reply(replyLength, ' ');

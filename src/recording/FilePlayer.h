@@ -1,5 +1,5 @@
-// The player of the Recording Toolbar: opens and plays one file of four kinds, told apart by the
-// ending of its name.
+// The player of the Recording Toolbar: opens and plays a file. The ending of the name decides which
+// of the four kinds it is.
 #pragma once
 
 #include "playback/WaitingLoops.h"
@@ -11,23 +11,23 @@
 namespace velorin {
 
 class Mp3Player;
-class RecordCommands;
 class RecordDesk;
+class Session;
 class StopWatch;
 struct Studio;
 
-/// Handlers nest in one another's waits. A polling loop sleeps between its steps, and ends at the
-/// latest when the program does.
+/// Handlers run nested inside one another's waits. A polling loop sleeps between its steps and ends
+/// with the program at the latest.
 class FilePlayer {
 public:
-    FilePlayer(Studio& studio, Mp3Player& mp3, StopWatch& watch, RecordDesk& desk,
-               RecordCommands& commands)
-        : studio_(studio), mp3_(mp3), watch_(watch), desk_(desk), commands_(commands) {}
+    FilePlayer(Session& session, Mp3Player& mp3, RecordDesk& desk);
 
-    void makeStopWatches(); ///< two more of the table, at each load of the window
+    void makeStopWatches(); ///< takes two new stopwatches; called at each load of the window
 
-    void Cmd2_Click(int index);     ///< 0 opens, 1 plays, 2 pauses, 3 stops
-    void C4_Click();                ///< the open dialog
+    void Cmd2_Click(int index); ///< 0 opens, 1 plays, 2 pauses, 3 stops
+    void C4_Click();            ///< shows the open dialog
+    /// What the open dialog does with its name: the file comes into `Text6`, and a score opens.
+    void openChosen(const std::string& name);
     void Command4_Click(int index); ///< 1 plays, 2 pauses, 3 stops the file in `Text6`
     void Soundstatus();             ///< one step of the WAV that plays
     void midipos();                 ///< one step of the MID that plays
@@ -37,20 +37,20 @@ public:
     std::function<void()> Recordcontrol; ///< ends the recording that a MID file was played for
 
 private:
-    /// What a click has left to do when the file that it began to follow is over.
+    /// What a click still has to do when the file that it follows is over.
     enum class Rest { nothing, endOfPause };
 
-    /// A loop that follows a WAV, while it waits for its next look or for a loop inside it.
+    /// A loop that follows a WAV and waits for its next poll or for an inner loop.
     struct WavLoop {
-        std::int32_t timer = 0; ///< of its wait: a load of the window brings other stopwatches
+        std::int32_t timer = 0; ///< of its wait; a load of the window takes other stopwatches
         float end = 0.0F;       ///< a reading of that stopwatch
         Rest rest = Rest::nothing;
         bool operator==(const WavLoop&) const = default;
     };
 
-    /// Loops of which each was begun in the wait of the one before, and by nothing in between.
+    /// Loops that each began directly in the wait of the one before.
     struct WavLoops {
-        int depth = 0; ///< of the message loop in their waits
+        int depth = 0; ///< nesting depth of the message loop in their waits
         WavLoop innermost;
         WaitingLoops<WavLoop> outer;
     };
@@ -69,13 +69,13 @@ private:
     void send(const std::string& command);
     [[nodiscard]] double ask(const char* question);
 
+    Session& session_;
     Studio& studio_;
     Mp3Player& mp3_;
     StopWatch& watch_;
     RecordDesk& desk_;
-    RecordCommands& commands_;
     std::int32_t wavTimer_ = 0;    ///< stopwatch number
-    WavLoops* wavLoops_ = nullptr; ///< those that run; of some that nest, the innermost
+    WavLoops* wavLoops_ = nullptr; ///< the innermost group that runs, or null
 };
 
 } // namespace velorin

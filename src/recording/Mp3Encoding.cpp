@@ -1,4 +1,4 @@
-// The button's two states and the loop of chunks between them.
+// The button's two states, and the loop that encodes chunk by chunk.
 #include "recording/Mp3Encoding.h"
 
 #include "platform/Dialogs.h"
@@ -10,12 +10,12 @@
 #include "platform/Text.h"
 #include "playback/Progress.h"
 #include "recording/EncoderConfig.h"
-#include "recording/RecordCommands.h"
+#include "recording/Mp3Sound.h"
 #include "recording/RecordDesk.h"
 #include "recording/RecordingFormats.h"
 #include "recording/clsFileIo.h"
-#include "score/FileHelpers.h"
-#include "score/Studio.h"
+#include "studio/FileHelpers.h"
+#include "studio/Studio.h"
 
 #include <array>
 #include <istream>
@@ -29,8 +29,7 @@ namespace {
 using platform::BoxIcon;
 
 constexpr char encodeCaption[] = "Encode File";
-constexpr char stopCaption[] = "Stop Encoding";
-constexpr char programName[] = "Velorin";
+constexpr char stopEncodingCaption[] = "Stop Encoding";
 constexpr char criticalError[] = "Critical Error";
 constexpr std::int64_t bytesPerSample = 2;
 
@@ -61,18 +60,21 @@ struct Mp3Encoding::Job {
     bool isWritten = true;  ///< every byte so far
 
     void readBytes(void* bytes, std::uint32_t count) {
-        in.ReadBytes(bytes, count);
+        // A failure shows in `finish`: bytes are missing then.
+        static_cast<void>(in.ReadBytes(bytes, count));
         read += in.transferred();
     }
     void writeOutput(std::uint32_t bytes) {
-        if (bytes > 0 && out.WriteBytes(output.data(), bytes) != flagSet)
+        if (bytes > 0 && !out.WriteBytes(output.data(), bytes).isMinusOne())
             isWritten = false;
     }
 };
 
+// Rule: the second press only sets a flag. A third press before the loop has seen it starts an
+// encoding inside the first, which clears the flag for both. Held by recording/pressed_twice.
 void Mp3Encoding::Command20_Click() {
     Run& run = studio_.run;
-    if (desk_.caption(RecordCaption::Command20) == stopCaption) {
+    if (desk_.caption(RecordCaption::Command20) == stopEncodingCaption) {
         run.EncodeCancelled = flagSet;
         desk_.setCaption(RecordCaption::Command20, encodeCaption);
         return;
@@ -80,29 +82,45 @@ void Mp3Encoding::Command20_Click() {
     if (!findLibrary())
         return refuse(BoxIcon::critical, criticalError,
                       "Encoding library not found...can't encode.");
-    if (!FileExists(studio_.platform, run.WavFileName))
-        return refuse(BoxIcon::none, programName, "Enter a valid Wave file.");
+    if (!FileExists(studio_.platform, run.WavFileName)) {
+        refuse(BoxIcon::none, messageTitle, "Enter a valid Wave file.");
+        return explainMissing();
+    }
     desk_.setText(RecordText::Text6, run.WavFileName);
     if (!platform::lowerCase(run.WavFileName).ends_with(".wav"))
-        return refuse(BoxIcon::none, programName, "Not a valid Wave file.");
+        return refuse(BoxIcon::none, messageTitle, "Not a valid Wave file.");
     studio_.platform.loop.Yield();
     if (studio_.platform.loop.isEnding())
         return;
     if (!FileExists(studio_.platform, run.WavFileName))
         return desk_.setCaption(RecordCaption::Command20, encodeCaption);
     desk_.setCaption(RecordCaption::Label8, "Encoding");
-    desk_.setCaption(RecordCaption::Command20, stopCaption);
+    desk_.setCaption(RecordCaption::Command20, stopEncodingCaption);
     EncodeWavFile();
     if (studio_.platform.loop.isEnding())
         return;
     desk_.setText(RecordText::Text6, ChangeExtension(desk_.text(RecordText::Text6), "mp3"));
-    // Also when the encoding was stopped. The current file may be another one by now.
-    if (desk_.isChecked(RecordCheck::Check3) && isWhole_ && run.WavFileName == encoded_ &&
+    // The current file may be another one by now.
+    //
+    // Rule: the WAV is deleted also if the user stopped the encoding. Held by recording/encoding.
+    if (desk_.isChecked(RecordCheck::Check3) && made_.isWhole && run.WavFileName == made_.wav &&
         FileExists(studio_.platform, run.WavFileName))
         p_DestroyFile(studio_.platform, run.WavFileName);
     desk_.setCaption(RecordCaption::Label8, "");
     desk_.setCaption(RecordCaption::Status, "");
     desk_.setCaption(RecordCaption::Command20, encodeCaption);
+    if (!made_.mp3.empty())
+        desk_.encodingEnded(made_);
+}
+
+// A recording that is stopped by hand is encoded twice, and the WAV is deleted after the first
+// time.
+void Mp3Encoding::explainMissing() {
+    const bool isMade = made_.isWhole && made_.wav == studio_.run.WavFileName &&
+                        FileExists(studio_.platform, made_.mp3);
+    if (isMade && !studio_.platform.loop.isEnding())
+        desk_.explain("The recording is complete: its MP3 was made, and then the WAV was deleted. "
+                      "Ignore the message.");
 }
 
 bool Mp3Encoding::findLibrary() {
@@ -125,8 +143,8 @@ void Mp3Encoding::refuse(BoxIcon icon, const char* title, const char* text) {
 }
 
 void Mp3Encoding::EncodeWavFile() {
-    isWhole_ = false;
-    if (!commands_.changeToProgramFolder())
+    made_ = {};
+    if (!studio_.desk->changeToProgramFolder())
         return showError("Path not found");
     if (!FileExists(studio_.platform, desk_.text(RecordText::Text6))) {
         studio_.platform.boxes.MsgBox(BoxIcon::critical, criticalError, "File not found...");
@@ -137,6 +155,8 @@ void Mp3Encoding::EncodeWavFile() {
         encode(*choice);
 }
 
+// Rule: a missing bitrate is reported, and the encoding goes on with 0; a missing quality ends it.
+// Held by recording/encoding_refused.
 std::optional<EncoderChoice> Mp3Encoding::readChoice() {
     EncoderChoice choice;
     const int format = desk_.listIndex(RecordList::cbxFormat);
@@ -147,10 +167,10 @@ std::optional<EncoderChoice> Mp3Encoding::readChoice() {
     const std::string bitrate = desk_.listText(RecordList::Combo4);
     choice.bitrate = static_cast<std::int32_t>(platform::Val(bitrate));
     if (bitrate.empty())
-        studio_.platform.boxes.MsgBox(BoxIcon::none, programName, "You didn't select Bitrate...");
+        studio_.platform.boxes.MsgBox(BoxIcon::none, messageTitle, "You didn't select Bitrate...");
     const int quality = desk_.listIndex(RecordList::Combo3);
     if (quality < 0 || quality >= static_cast<int>(mp3Qualities.size())) {
-        studio_.platform.boxes.MsgBox(BoxIcon::none, programName, "You didn't select quality...");
+        studio_.platform.boxes.MsgBox(BoxIcon::none, messageTitle, "You didn't select quality...");
         return std::nullopt;
     }
     choice.preset = mp3Qualities[static_cast<std::size_t>(quality)].preset;
@@ -170,12 +190,14 @@ void Mp3Encoding::encode(const EncoderChoice& choice) {
     Job job(studio_.platform, samples, outputSize);
     job.stream = stream;
     job.total = lengthOf(studio_.platform, name);
-    encoded_ = name;
-    job.isOpen = job.in.OpenFile(name) == flagSet;
+    made_.wav = name;
+    job.isOpen = job.in.OpenFile(name).isMinusOne();
     const std::string mp3 = ChangeExtension(name, "mp3");
-    studio_.platform.files.openForBinary(mp3).reset(); // or one of another case would be taken
-    job.isWritten = job.out.OpenFile(mp3) == flagSet;
-    const auto ended = encodeChunks(job);
+    made_.mp3 = mp3;
+    desk_.encodingBegun(mp3);
+    studio_.platform.files.openForBinary(mp3).reset(); // else a file that differs in case is used
+    job.isWritten = job.out.OpenFile(mp3).isMinusOne();
+    const auto ended = encodeChunks(job, choice);
     if (ended && *ended != 0) {
         showError(encoderErrorText(*ended));
         return reportNotWhole("the encoder has failed", "encode it with other settings");
@@ -186,17 +208,18 @@ void Mp3Encoding::encode(const EncoderChoice& choice) {
         flushed = encoder.beDeinitStream(job.stream, job.output.data(), bytes);
         job.writeOutput(bytes);
     }
-    job.out.CloseFile();
-    job.in.CloseFile();
+    // Every write was flushed, and `finish` syncs the file: closing cannot fail unnoticed.
+    static_cast<void>(job.out.CloseFile());
+    static_cast<void>(job.in.CloseFile());
     encoder.beCloseStream(job.stream);
     if (!ended)
         return reportNotWhole("the program ended while it encoded", "encode it again");
     finish(job, flushed);
 }
 
-// The WAV may be deleted once its MP3 outlasts a power cut.
+// The WAV may be deleted only if its MP3 would survive a power cut.
 void Mp3Encoding::finish(const Job& job, std::uint32_t flushed) {
-    const bool isStopped = studio_.run.EncodeCancelled == flagSet;
+    const bool isStopped = studio_.run.EncodeCancelled.isMinusOne();
     if (!job.isWritten || !studio_.platform.files.sync(job.out.name()))
         return reportNotWhole("it could not be written; the disk may be full",
                               "make room and encode it again");
@@ -204,11 +227,12 @@ void Mp3Encoding::finish(const Job& job, std::uint32_t flushed) {
         return reportNotWhole("the WAV could not be read", "encode it again");
     if (flushed != 0)
         return reportNotWhole("the encoder has failed", "encode it with other settings");
-    isWhole_ = true;
+    made_.isWhole = true;
+    made_.isStopped = isStopped;
 }
 
 void Mp3Encoding::reportNotWhole(const char* reason, const char* advice) {
-    const std::string name = ChangeExtension(encoded_, "mp3");
+    const std::string name = ChangeExtension(made_.wav, "mp3");
     std::string text = "\"";
     text.append(name, name.find_last_of("/\\") + 1)
         .append("\" is not whole: ")
@@ -219,17 +243,19 @@ void Mp3Encoding::reportNotWhole(const char* reason, const char* advice) {
     platform::notify(studio_.platform, text);
 }
 
-// The header's bytes count as done only once they have been read a second time, so to say: the last
-// chunk asks for 44 bytes more than the file has left, and keeps what the buffer held in their
-// place. An MP3 ends with up to 22 samples of repeated sound.
-std::optional<std::uint32_t> Mp3Encoding::encodeChunks(Job& job) {
+// Rule: the header's 44 bytes are read first but not counted as done. So the loop asks for 44 bytes
+// more than the file has left and encodes what the buffer held in their place: an MP3 ends with up
+// to 22 samples of repeated sound. Held by recording/encoding.
+std::optional<std::uint32_t> Mp3Encoding::encodeChunks(Job& job, const EncoderChoice& choice) {
     std::array<char, wavHeaderSize> header{};
     job.readBytes(header.data(), wavHeaderSize);
+    if (const auto head = readWavHead(header))
+        made_.flaw = flawOfMp3(*head, choice);
     while (job.done < job.total) {
         const auto result = encodeChunk(job);
         if (!result || *result != 0)
             return result;
-        if (studio_.run.EncodeCancelled == flagSet)
+        if (studio_.run.EncodeCancelled.isMinusOne())
             break;
         studio_.platform.loop.Yield();
         if (studio_.platform.loop.isEnding())
@@ -255,6 +281,7 @@ std::optional<std::uint32_t> Mp3Encoding::encodeChunk(Job& job) {
     }
     job.writeOutput(bytes);
     desk_.setCaption(RecordCaption::Status, exactPercent(job.done, job.total));
+    desk_.encodingAt(static_cast<double>(job.done) / static_cast<double>(job.total));
     return 0;
 }
 

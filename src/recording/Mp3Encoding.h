@@ -1,5 +1,7 @@
-// Turning the WAV in hand into an MP3 of the same name.
+// Encodes the current WAV as an MP3 of the same name.
 #pragma once
+
+#include "recording/MakingNews.h"
 
 #include <cstdint>
 #include <optional>
@@ -11,21 +13,19 @@ enum class BoxIcon;
 
 namespace velorin {
 
-class RecordCommands;
 class RecordDesk;
 struct EncoderChoice;
 struct Studio;
 
 class Mp3Encoding {
 public:
-    Mp3Encoding(Studio& studio, RecordDesk& desk, RecordCommands& commands)
-        : studio_(studio), desk_(desk), commands_(commands) {}
+    Mp3Encoding(Studio& studio, RecordDesk& desk) : studio_(studio), desk_(desk) {}
 
     /// "Encode File", or "Stop Encoding" while it runs; the button's caption is the state.
     void Command20_Click();
-    /// The loop over the file in `Text6`; lets the message loop through once a chunk.
+    /// Encodes the file in `Text6`; processes events after each chunk.
     void EncodeWavFile();
-    void GetLamePath(); ///< the system's place of the library
+    void GetLamePath(); ///< sets `LamePath` to the library in the system's folder
 
     std::string LamePath;
 
@@ -33,11 +33,12 @@ private:
     struct Job;
 
     [[nodiscard]] bool findLibrary();
+    void explainMissing();
     void refuse(platform::BoxIcon icon, const char* title, const char* text);
     [[nodiscard]] std::optional<EncoderChoice> readChoice();
     void encode(const EncoderChoice& choice);
     /// The result that ended the loop, 0 for none; no value if the program ends.
-    [[nodiscard]] std::optional<std::uint32_t> encodeChunks(Job& job);
+    [[nodiscard]] std::optional<std::uint32_t> encodeChunks(Job& job, const EncoderChoice& choice);
     [[nodiscard]] std::optional<std::uint32_t> encodeChunk(Job& job);
     void finish(const Job& job, std::uint32_t flushed);
     void reportNotWhole(const char* reason, const char* advice);
@@ -45,12 +46,12 @@ private:
 
     Studio& studio_;
     RecordDesk& desk_;
-    RecordCommands& commands_;
-    std::string encoded_;  ///< the WAV of the last encoding
-    bool isWhole_ = false; ///< its MP3, or as much as a stop by the user left, is on the disk
+    MadeMp3 made_; ///< by the last encoding; empty if it could not begin
 };
 
-/// The name up to and including its last point, then `extension`; a name without one is only that.
+/// The name up to and including its last point, then `extension`.
+///
+/// Rule: a name without a point becomes the extension alone. Held by recording/encoder_procedures.
 [[nodiscard]] std::string ChangeExtension(const std::string& name, const std::string& extension);
 
 } // namespace velorin

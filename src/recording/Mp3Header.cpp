@@ -1,5 +1,5 @@
-// The bits of the header, told as a text of "0" and "1" with the lowest bit of each byte first, so
-// that the number read from a field has its bits in reverse:
+// The bits of the header as a text of "0" and "1", with the lowest bit of each byte first. So a
+// number read from a field has its bits in reverse order:
 //
 //     character   1..8    9..16   17 18 19 20 21 22 23 24   25..30  31 32
 //                 sync                  rate  bitrate               mode
@@ -23,7 +23,7 @@ std::string bitText(const std::array<std::uint8_t, 4>& bytes) {
     return text;
 }
 
-/// Of the characters `first` to `last`, counted from 1; the first is the most significant.
+/// The number in characters `first` to `last`, counted from 1; the first is the most significant.
 std::size_t field(std::string_view bits, std::size_t first, std::size_t last) {
     std::size_t value = 0;
     for (std::size_t at = first; at <= last; ++at)

@@ -1,4 +1,4 @@
-// What the first four bytes of a file say as the header of an MP3 frame.
+// Reads the first four bytes of a file as the header of an MP3 frame.
 #pragma once
 
 #include <array>
@@ -10,12 +10,13 @@ namespace velorin {
 
 /// Captions for the player's labels.
 struct Mp3Header {
-    std::optional<std::string> khz; ///< none for the sampling index that stands for nothing
-    std::string bitrate;            ///< kilobits per second; "0" for what is no bitrate
+    std::optional<std::string> khz; ///< no value for the reserved sampling index
+    std::string bitrate;            ///< kilobits per second; "0" for an index without a bitrate
     std::string mode;               ///< "stereo" or "mono"
 };
 
-/// Reads any four bytes: there is no test that they begin a frame, and one table for all of them.
+/// Rule: any four bytes are read as a header, also those of a tag, and one table serves for all.
+/// Held by recording/command_strings.
 [[nodiscard]] Mp3Header readMp3Header(const std::array<std::uint8_t, 4>& bytes);
 
 } // namespace velorin

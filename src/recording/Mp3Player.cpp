@@ -7,7 +7,7 @@
 #include "playback/StopWatch.h"
 #include "recording/RecordDesk.h"
 #include "recording/modMultimedia.h"
-#include "score/Studio.h"
+#include "studio/Studio.h"
 
 namespace velorin {
 
@@ -18,10 +18,12 @@ constexpr float pollSeconds = 0.25F;
 
 } // namespace
 
-// A file that goes on has the loop of its start still running below, which takes up the display
-// again.
+// The loop that began with a paused file still runs below, so a resume needs none.
+//
+// Rule: after a pause the next Play resumes, even if no file ever played; only the one after it
+// starts the file. Held by recording/playing_an_mp3.
 void Mp3Player::CmdPlayMP3_Click() {
-    if (studio_.run.PlayerPaused == flagSet) {
+    if (studio_.run.PlayerPaused.isMinusOne()) {
         ResumeMP3();
         studio_.run.PlayerPaused = flagClear;
         desk_.showPicture5(true);
@@ -89,17 +91,19 @@ void Mp3Player::PlayNext() {
     desk_.showPicture5(false);
 }
 
+// Rule: the last step finds the device closed and shows what position -1 makes. Held by
+// recording/playing_an_mp3.
 void Mp3Player::UpdateMp3Position() {
     position_ = media_.mmGetPosition(alias);
     showPosition();
     showTime();
-    if (media_.mmIsAtEnd(alias, length_) == flagSet)
+    if (media_.mmIsAtEnd(alias, length_).isMinusOne())
         PlayNext();
     if (secondsPlayed_ < 0.0)
         desk_.setCaption(RecordCaption::Status, "");
 }
 
-// What would be divided by 0 keeps what it showed.
+// A value that would need a division by 0 stays as it is.
 void Mp3Player::showPosition() {
     const double share = length_ == 0 ? 0.0 : static_cast<double>(position_) / length_;
     if (length_ != 0)
@@ -110,8 +114,7 @@ void Mp3Player::showPosition() {
         desk_.setL2Share(share);
 }
 
-// The minutes come from the rounded seconds, so half a second before a full minute already counts
-// as one, with 0 seconds.
+// The minutes are computed from the rounded seconds, so 59.6 seconds show as "01:00".
 void Mp3Player::showTime() {
     const auto whole = static_cast<std::int64_t>(platform::roundHalfEven(secondsPlayed_));
     const std::int64_t minutes = whole / 60;

@@ -17,15 +17,15 @@ public:
     Mp3Player(Studio& studio, modMultimedia& media, StopWatch& watch, RecordDesk& desk)
         : studio_(studio), media_(media), watch_(watch), desk_(desk) {}
 
-    /// Plays the file in `Text6` from its beginning, or goes on with one that is paused.
+    /// Plays the file in `Text6` from its beginning, or resumes a paused one.
     void CmdPlayMP3_Click();
-    void OpenMP3(const std::string& path); ///< a file that does not open is not spoken of
-    void PlayMP3();                        ///< returns when the device has no position any more
+    void OpenMP3(const std::string& path); ///< failures to open are not reported
+    void PlayMP3();                        ///< returns when the device reports no position
     void PauseMP3();
     void ResumeMP3();
     void StopMP3();
     void CloseMP3();
-    void PlayNext(); ///< the end of the file
+    void PlayNext(); ///< stops and closes the file; nothing plays next
     void UpdateMp3Position();
 
     std::int32_t timer = 0; ///< number of the stopwatch that MP3 and MID share
@@ -40,10 +40,10 @@ private:
     RecordDesk& desk_;
 
     std::int32_t position_ = 0;  ///< frames
-    double secondsPlayed_ = 0.0; ///< what was computed last
+    double secondsPlayed_ = 0.0; ///< as last computed
     std::int32_t length_ = 0;    ///< frames
     double lengthSeconds_ = 0.0;
-    std::optional<std::int32_t> framesPerSecond_; ///< no value before the first that was known
+    std::optional<std::int32_t> framesPerSecond_; ///< no value until one is known
     std::string path_;                            ///< the file opened last
 };
 

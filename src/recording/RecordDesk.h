@@ -1,12 +1,16 @@
 // The controls of the Recording Toolbar, `Record`, as its logic reads and sets them.
 #pragma once
 
+#include "recording/MakingNews.h"
+
 #include <cstdint>
 #include <string>
 
 namespace velorin {
 
-/// Controls that show a text which only the program changes.
+inline constexpr char messageTitle[] = "Velorin"; ///< title of every message box of recording
+
+/// Controls whose text only the program changes.
 enum class RecordCaption {
     Label1,
     Label8,
@@ -24,11 +28,12 @@ enum class RecordPanel { Picture2, Picture7 };
 /// What the image `rec` shows: the button up, pressed, recording.
 enum class RecordPicture { RecUP, RecDN, RecNT };
 
-/// Implemented beside the window. Every call loads the window, hidden, if it is not loaded.
-class RecordDesk {
+/// Implemented by `RecordingToolbar`.
+///
+/// Rule: every call but the news loads the window if it is not loaded, and it stays hidden. Held by
+/// recording/closed_meanwhile.
+class RecordDesk : public MakingNews {
 public:
-    virtual ~RecordDesk() = default;
-
     [[nodiscard]] virtual std::string caption(RecordCaption control) = 0;
     virtual void setCaption(RecordCaption control, const std::string& text) = 0;
     [[nodiscard]] virtual std::string text(RecordText box) = 0;
@@ -46,11 +51,13 @@ public:
     virtual void showRec(RecordPicture picture) = 0;
     virtual void showPicture5(bool shown) = 0;
 
-    /// The bar's width is its track's width times `share`; a share below 0 leaves the bar.
+    /// Sets the bar's width to its track's width times `share`. A share below 0 changes nothing.
     virtual void setL2Share(double share) = 0;
-    virtual void emptyL2() = 0; ///< a width of 1
+    virtual void emptyL2() = 0; ///< sets the bar's width to 1
 
-    /// Starts the five seconds, unless they run.
+    /// Starts the timer of five seconds.
+    ///
+    /// Rule: a timer that runs is not started again. Held by recording/a_recording.
     virtual void enableTimer10() = 0;
     virtual void disableTimer10() = 0;
 

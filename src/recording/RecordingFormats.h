@@ -1,5 +1,5 @@
-// The tables of recording and encoding: WAV formats, what the encoder is told for each, bitrates
-// and qualities.
+// The tables of recording and encoding: WAV formats, the encoder's input for each, bitrates and
+// qualities.
 #pragma once
 
 #include <array>
@@ -31,14 +31,15 @@ inline constexpr std::array<WavFormat, 9> wavFormats{{
 /// The row that is selected whenever the window is loaded.
 constexpr int startWavFormat = 7;
 
-/// What the encoder is told of its input, by the selected index of `cbxFormat`.
+/// The encoder's input format for an index of `cbxFormat`.
 struct EncoderInput {
     std::int32_t sampleRate; ///< per second
     std::int32_t mode;       ///< 1 joint stereo, 3 mono
 };
 
-/// The values do not follow the rows of `wavFormats`: an MP3 sounds like its recording for some of
-/// the formats only. The last entry has no row.
+/// Rule: the values do not match the rows of `wavFormats`, so an MP3 sounds like its recording for
+/// some formats only; the default format is encoded as mono. The last entry has no row. Held by
+/// recording/a_recording.
 inline constexpr std::array<EncoderInput, 10> encoderInputs{{
     {22050, 1},
     {22050, 3},

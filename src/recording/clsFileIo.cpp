@@ -1,4 +1,4 @@
-// Blocks of bytes to and from a stream of the host.
+// Reads and writes blocks of bytes through a stream of the host.
 #include "recording/clsFileIo.h"
 
 #include "platform/Files.h"
@@ -33,7 +33,7 @@ clsFileIo::~clsFileIo() = default;
 Flag clsFileIo::OpenFile(const std::string& name) {
     name_ = name;
     file_ = platform_.files.openForUpdate(name);
-    return file_ != nullptr ? flagSet : flagClear;
+    return toFlag(file_ != nullptr);
 }
 
 Flag clsFileIo::CloseFile() {
@@ -44,7 +44,7 @@ Flag clsFileIo::CloseFile() {
 }
 
 Flag clsFileIo::FlushBuffers() {
-    return file_ != nullptr && file_->flush() ? flagSet : flagClear;
+    return toFlag(file_ != nullptr && file_->flush());
 }
 
 Flag clsFileIo::writeWavHeader(std::uint32_t dataLength) {
@@ -65,8 +65,7 @@ Flag clsFileIo::writeWavHeader(std::uint32_t dataLength) {
     return WriteBytes(header.data(), wavHeaderSize);
 }
 
-// What was written is in the file before the next block comes, so that an encoding that is ended
-// from outside leaves all that it had.
+// Each block is flushed, so an encoding that is killed leaves everything that it has written.
 Flag clsFileIo::WriteBytes(const void* bytes, std::uint32_t count) {
     transferred_ = 0;
     if (file_ == nullptr || !file_->write(static_cast<const char*>(bytes), count))

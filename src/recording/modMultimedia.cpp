@@ -1,4 +1,7 @@
-// Composing, sending and reading back. The verbs are written as they stand, capitals included.
+// Composes command strings, sends them and reads the replies.
+//
+// Rule: some verbs have a capital ("Close", "Pause", "Stop", "Resume", "Alias"), others have not.
+// Held by recording/command_strings.
 #include "recording/modMultimedia.h"
 
 #include "platform/Files.h"
@@ -73,7 +76,7 @@ std::int32_t modMultimedia::mmGetLength(const std::string& alias) {
     return status(alias, "length").value_or(failed);
 }
 
-// The device is back at frames whatever came of the question.
+// The time format is set back to frames even if the question failed.
 std::int32_t modMultimedia::mmGetLengthMs(const std::string& alias) {
     setTimeFormat(alias, "ms");
     const std::optional<std::int32_t> length = status(alias, "length");
@@ -101,14 +104,14 @@ Flag modMultimedia::mmIsAtEnd(const std::string& alias, std::int32_t& length) {
     const std::int32_t position = mmGetPosition(alias);
     if (length == failed || position == failed)
         return flagClear;
-    return position >= length ? flagSet : flagClear;
+    return toFlag(position >= length);
 }
 
 void modMultimedia::setTimeFormat(const std::string& alias, const char* format) {
     platform_.mci.mciSendStringA("set " + alias + " time format " + format);
 }
 
-// An unanswered question leaves the blanks, which read as 0.
+// Without an answer the blanks stay, which read as 0.
 std::optional<std::int32_t> modMultimedia::status(const std::string& alias, const char* what) {
     std::string reply(replyLength, ' ');
     if (platform_.mci.mciSendStringA("status " + alias + " " + what, &reply) != 0)
@@ -133,7 +136,8 @@ std::string modMultimedia::ReadMCIEntry(const std::string& key) {
 }
 
 void modMultimedia::WriteMCIEntry(const std::string& key, const std::string& value) {
-    platform_.systemFiles.WritePrivateProfileStringA("MCI", key, value, systemIni());
+    // A failure is ignored: MP3 files play without the entry.
+    (void)platform_.systemFiles.WritePrivateProfileStringA("MCI", key, value, systemIni());
 }
 
 std::string modMultimedia::systemIni() {

@@ -2,7 +2,7 @@
 // of the system's INI file.
 #pragma once
 
-#include "score/View.h"
+#include "studio/View.h"
 
 #include <cstdint>
 #include <optional>
@@ -16,8 +16,8 @@ namespace velorin {
 
 class RecordDesk;
 
-/// Each procedure composes its strings, sends them and tells the result: "Success" or the device's
-/// error text, or a number, -1 for a failure. Nothing else is reported.
+/// Each procedure sends its command strings and returns the result: "Success" or the device's error
+/// text, or a number, which is -1 after a failure.
 class modMultimedia {
 public:
     modMultimedia(platform::Platform& platform, RecordDesk& desk)
@@ -35,13 +35,18 @@ public:
 
     std::int32_t mmGetLength(const std::string& alias);   ///< frames
     std::int32_t mmGetLengthMs(const std::string& alias); ///< milliseconds
-    std::int32_t mmGetPosition(const std::string& alias); ///< in the time format in force
-    /// No value for a device without length, by which nothing can be divided.
+    std::int32_t mmGetPosition(const std::string& alias); ///< in the current time format
+    /// No value for a file of 0 milliseconds; -1 after a failure.
     std::optional<std::int32_t> mmGetFramesPerSecond(const std::string& alias);
-    /// Whether the device stands at its end; a length of 0 is filled in.
-    Flag mmIsAtEnd(const std::string& alias, std::int32_t& length);
+    /// True if the device is at its end. A `length` of 0 is first replaced by the device's length.
+    ///
+    /// Rule: a device at 0 of 0 is at its end. Held by recording/an_mp3_of_no_length.
+    [[nodiscard]] Flag mmIsAtEnd(const std::string& alias, std::int32_t& length);
 
-    /// Shows what the first four bytes of the file say; of a missing file, what zeros say.
+    /// Shows the header in the first four bytes of the file. A missing file counts as zeros.
+    ///
+    /// Rule: a header with the reserved rate leaves the label of the rate as it was. Held by
+    /// recording/command_strings.
     void mmReadMp3Header(const std::string& path);
 
     std::string ReadMCIEntry(const std::string& key); ///< "None" if it is absent

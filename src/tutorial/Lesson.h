@@ -13,11 +13,15 @@ using Act = std::function<void(Tutorial&)>;
 
 enum class StepPointer { normal, hourglass };
 
+/// What the left button must do on a tableau when the acts begin.
+enum class StepMode { any, drawing };
+
 struct Step {
     const char* caption;
-    std::vector<const char*> text;             ///< pieces, which a line break joins
-    std::vector<Act> acts;                     ///< in their order; none if the step only tells
+    std::vector<const char*> text;             ///< pieces, joined by line breaks
+    std::vector<Act> acts;                     ///< in order; none if the step only explains
     StepPointer pointer = StepPointer::normal; ///< while the acts run
+    StepMode mode = StepMode::any;             ///< the first step of a lesson always wants to draw
 };
 
 struct Lesson {

@@ -1,52 +1,27 @@
-// What the lessons ask of the program: the procedures and controls of its other windows, each under
-// its name.
+// What the lessons do to windows: controls and handlers, each under its name.
 #pragma once
 
 #include <string>
 
 namespace velorin {
 
-/// A window that is not loaded is loaded by the first use of it. To set a control runs its handler
-/// if that changes it, as for the user. A row, an index or a name that does not exist does nothing.
+/// The first use of a window loads it. Setting a control runs its handler if the value changes, as
+/// for the user. An index that does not exist does nothing.
 class WizardDesk {
 public:
     virtual ~WizardDesk() = default;
 
-    // Form1
-    virtual void Command4_Click() = 0; ///< a new blank score
-    virtual void CmdBeatactivate() = 0;
-    virtual void OpenFile(const std::string& name) = 0;
-    virtual void mSaveAs_Click() = 0;
-    virtual void PlayAndStop_Click(int index) = 0;
-    virtual void RewindBut_Click() = 0;
-    virtual void copyIt() = 0;
-    virtual void CutBut_Click() = 0;
-    virtual void PasteBut_Click() = 0;
-    virtual void PasteIntoBut_Click() = 0;
-    virtual void InsertColumnBut_Click() = 0;
-    virtual void CopyNotes(int firstRow, int lastRow) = 0;
-    // Button 1 left, 2 right; pixels of the tableau.
+    // Form1. Button 1 left, 2 right; pixels of the tableau.
     virtual void MusicBox_MouseDown(int button, int shift, double x, double y) = 0;
     virtual void MusicBox_MouseMove(int button, int shift, double x, double y) = 0;
     virtual void MusicBox_MouseUp(int button, int shift, double x, double y) = 0;
-    virtual void activateBeatbox() = 0; ///< gives it the focus
-
-    // The sample files
-    [[nodiscard]] virtual bool FileExists(const std::string& name) = 0;
-    virtual void p_DestroyFile(const std::string& name) = 0; ///< waits 0.2 seconds
-    virtual void ExtractSamples() = 0;
 
     // Form3
     virtual void setForm3Tab(int index) = 0; ///< one of `SetupTab`
-    virtual void setTrackSel(int row, bool selected) = 0;
-    virtual void TrackSel_MouseDown(int row) = 0;
     /// `Combo1` and `Combo5`: the click handler runs once, whether or not the entry changes.
     virtual void chooseInstrument(int index) = 0;
     virtual void choosePercussion(int index) = 0;
     virtual void setCombo3(int index) = 0; ///< chord
-    virtual void setCh(int row, bool chord) = 0;
-    virtual void setVol(int row, const std::string& text) = 0;
-    virtual void setTempoBar(int tempo) = 0; ///< `HScroll1`
 
     // Form2
     virtual void showForm2() = 0;

@@ -1,22 +1,21 @@
-"""Draws notes, beats and chord marks with the mouse, scrolls and resizes, and compares what is saved and what sounds.
+"""Draws notes, beats and chord marks with the mouse, scrolls and resizes. Checks the saved score and the sound.
 
-Once on a bare screen and once under a window manager.
+Runs once without and once with a window manager.
 """
 
 import listen
 import score_text
 import tune
-from desk import BEATBOX, CELL, LEFT, MUSIC_BOX, RIGHT, WHEEL_DOWN, Desk, Failure, check, run, wait_until
+from desk import BEATBOX, CELL, LEFT, MUSIC_BOX, RIGHT, WHEEL_DOWN, Desk, check, run, wait_until
 
 OCARINA, BASS_DRUM = 79, 128
 COLUMN_S = 0.12  # at tempo 100
-ATTEMPTS = 5  # a machine that is busy with other things tears the stream now and then, but not each time
 
 # (column, pitch index, columns) of the phrase, drawn with the view at the start: line 0 is pitch index 55.
 PHRASE = [(0, 60, 2), (3, 64, 1), (4, 67, 2), (8, 62, 4)]
 ERASED = (6, 70, 2)
 CHORD_AT = 8
-CHORD = [3, 7, 12]  # semitones above the root: what the program starts with
+CHORD = [3, 7, 12]  # semitones above the root: the default chord
 LATE = (16, 65, 3)  # drawn after a scroll by four columns to the right and three lines down
 BEATS = [0, 4, 8]
 
@@ -30,25 +29,25 @@ def draw_phrase(desk, program):
         draw_note(desk, program, column, pitch - 55, length)
     last = program.cell(ERASED[0], ERASED[1] - 55)
     program.wait_for_colour(last, (255, 0, 0), "the last note")
-    # On its held cell: the whole note goes.
+    # On a held cell: this erases the whole note.
     desk.click(*program.cell(ERASED[0] + 1, ERASED[1] - 55), RIGHT)
     program.wait_for_colour(last, (255, 0, 0), "the erased note's end", shown=False)
 
 
 def draw_beats(desk, program):
-    # The first press only moves to the percussion group, which takes its list's sound.
+    # The first press only switches to the percussion group, which gets the sound of its list.
     place = program.cell(BEATS[0], 0, BEATBOX)
     desk.click(*place)
     for column in BEATS:
         desk.click(*program.cell(column, 0, BEATBOX))
     last = program.cell(BEATS[-1], 0, BEATBOX)
     program.wait_for_colour(last, (192, 0, 192), "the last beat")
-    # And back: this press draws nothing.
+    # Back to the notes: this press draws nothing.
     desk.click(*program.cell(30, 20))
 
 
 def lower_part(program):
-    """How high the music tableau is: all of the window but what stands above and below it."""
+    """The height of the music tableau: the window without what is above and below it."""
     return program.place[3] - 51 - 46 - 100
 
 
@@ -78,9 +77,9 @@ def scroll_and_draw(desk, program):
 
 
 def drag_handle(desk, program, start, dx, dy, expected):
-    """Drags at a place of the window; the window must then stand at the expected place."""
+    """Drags from a place of the window, which must then be at the expected place."""
     x, y = start
-    # The program asks where the pointer is when it sees the press, so the pointer stays for that long.
+    # The program reads the pointer's place when it handles the press, so the pointer must wait there.
     desk.tool("mousemove", x, y, "mousedown", LEFT, "sleep", 0.2, "mousemove", x + dx // 2, y + dy // 2,
               "mousemove", x + dx, y + dy, "sleep", 0.1, "mouseup", LEFT)
     wait_until(lambda: desk.place_of(program.window) == expected,
@@ -113,34 +112,24 @@ def check_saved(desk, program, name):
     wait_until(lambda: file.exists() and file.read_bytes().count(b"\r\n") == 37, "the saved score")
     notes, marks = score_text.runs(file.read_bytes())
     expected_notes, expected_marks = expected_score()
-    check(notes == expected_notes, f"drawn was {expected_notes} and saved was {notes}")
+    check(notes == expected_notes, f"{expected_notes} were drawn, but {notes} were saved")
     check(marks == expected_marks, f"the chord marks {marks} were saved")
 
 
 def check_heard(sound):
-    def at(column, length=4096):
-        frame = int(column * COLUMN_S * listen.RATE)
-        return sound[frame:frame + length]
+    columns = listen.Columns(sound, COLUMN_S)
+    at = columns.at
     for column, pitch, length in PHRASE + [LATE]:
-        heard = listen.key_of(at(column + length - 0.85))
-        check(heard == 127 - pitch, f"in column {column} key {heard} sounded and not {127 - pitch}")
+        place = column + length - 0.85
+        check(columns.finds(place, lambda piece, key=127 - pitch: listen.key_of(piece) == key),
+              f"in column {column} key {listen.key_of(at(place))} sounded instead of {127 - pitch}")
     for interval in CHORD:
         check(listen.has_key(at(CHORD_AT + 1.2), 127 - 62 + interval), f"no chord note {interval} above")
         check(not listen.has_key(at(1.1), 127 - 60 + interval), f"a chord note {interval} above, without a mark")
-    check(listen.loudness(at(7)) < 0.25 * listen.loudness(sound), "the erased note sounds")
+    check(listen.loudness(at(7)) < 0.25 * listen.loudness(sound), "the erased note still sounds")
     check(listen.loudness(at(14.5)) < 0.25 * listen.loudness(sound), "the phrase does not end")
     drum = [listen.strength(at(column, 3000), 60) for column in (0, 4, 8, 16)]
-    check(min(drum[:3]) > 5 * drum[3], f"the drum's strength in three columns with and one without: {drum}")
-
-
-def check_sound(desk, program):
-    for attempt in range(ATTEMPTS):
-        try:
-            check_heard(tune.play(desk, program, 21 * COLUMN_S + 1))
-            return
-        except Failure:
-            if attempt == ATTEMPTS - 1:
-                raise
+    check(min(drum[:3]) > 5 * drum[3], f"the level of the drum, in three columns with a beat and one without: {drum}")
 
 
 def draw_everything(desk, name):
@@ -152,7 +141,7 @@ def draw_everything(desk, name):
     mark_chord(desk, program)
     scroll_and_draw(desk, program)
     resize_and_move(desk, program)
-    check_sound(desk, program)
+    check_heard(tune.play(desk, program, 21 * COLUMN_S + 1))
     check_saved(desk, program, name)
     program.end()
 

@@ -1,4 +1,4 @@
-"""A recording outlasts whatever ends it: a crash, a signal, the exit, and the close button of its toolbar."""
+"""A recording is kept however it ends: by a crash, a signal, the exit, or the close button of its toolbar."""
 
 import signal
 
@@ -7,9 +7,9 @@ from recorded import START, frames_of, open_score, open_toolbar
 from tune import melody_and_beats
 
 MELODY = [60, 65]
-FIRST_BEAT = 400  # at column 400, so that the song lasts longer than any of this
-CLOSE = (511, 14)
-ENOUGH = 200_000  # bytes, somewhat over a second
+FIRST_BEAT = 400  # at column 400, so that the song is longer than this test
+CLOSE = "Close"
+ENOUGH = 200_000  # bytes, a little more than a second
 
 
 def hidden(desk):
@@ -21,7 +21,7 @@ def kept(desk):
 
 
 def start_recording(desk):
-    """Returns when there is something to lose."""
+    """Waits until a part of the recording is in the hidden file."""
     program = desk.launch()
     program.main_window()
     open_score(desk, program, "long.sng", MELODY[0])
@@ -41,26 +41,26 @@ def check_one_more(desk, before, what):
 
 
 def test_crash(desk):
-    """What a crash leaves is finished at the next start, which says so."""
+    """The next start after a crash finishes the recording and reports it."""
     program = start_recording(desk)
     program.process.kill()
     program.process.wait()
-    check(not kept(desk) and len(hidden(desk)) == 1, "a program that is killed finishes nothing")
+    check(not kept(desk) and len(hidden(desk)) == 1, "a killed program finished its recording")
     program = desk.launch()
     program.main_window()
     file = check_one_more(desk, set(), "crash")
-    wait_until(lambda: file.name in program.complaints(), "crash: a line that tells of the recording")
+    wait_until(lambda: file.name in program.complaints(), "crash: a line about the recording")
     program.press(14)
-    check(program.process.wait(20) == 0, "the program does not end well after a crash")
+    check(program.process.wait(20) == 0, "the program did not end with status 0 after a crash")
 
 
 def test_end(desk, what, end):
     before = set(kept(desk))
     program = start_recording(desk)
     end(program)
-    check(program.process.wait(20) == 0, f"{what}: the program does not end well")
+    check(program.process.wait(20) == 0, f"{what}: the program did not end with status 0")
     file = check_one_more(desk, before, what)
-    check(file.name in program.complaints(), f"{what}: nothing on standard error tells of {file.name}")
+    check(file.name in program.complaints(), f"{what}: standard error does not mention {file.name}")
 
 
 def test_toolbar(desk):
@@ -68,7 +68,7 @@ def test_toolbar(desk):
     program = start_recording(desk)
     desk.click(*program.place_in("Recording Toolbar", CLOSE))
     file = check_one_more(desk, before, "toolbar")
-    wait_until(lambda: file.name in program.complaints(), "toolbar: a line that tells of the recording")
+    wait_until(lambda: file.name in program.complaints(), "toolbar: a line about the recording")
     program.process.kill()
     program.process.wait()
 

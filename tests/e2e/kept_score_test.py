@@ -1,4 +1,4 @@
-"""Nothing is lost: whatever ends the program, the score as it stood after the last finished change comes back."""
+"""The score is recovered with its last finished change, however the program ends."""
 
 import argparse
 import pathlib
@@ -15,16 +15,16 @@ WIDTH_OF_A_NOTE = 3  # columns
 STEP = 4  # columns from one note to the next
 MOST_NOTES = 20
 CLOSE_FROM_RIGHT = 26  # the middle of the close button, in the title of the main window
-HANDLED_S = 0.25  # so long after the release of a button its handler has long returned, also on a busy machine
+HANDLED_S = 0.25  # after the release of a button; by then its handler has returned, even on a busy machine
 
 
 def line_of(note):
-    """Each note has a line of its own, well below the percussion strip."""
+    """Each note has a line of its own, far below the percussion strip."""
     return 8 + note % MOST_NOTES
 
 
 def expected_row(notes):
-    """The first line of the score file after so many notes."""
+    """The first line of the score file with this many notes."""
     cells = []
     for note in range(notes):
         pitch = TOP_PITCH + line_of(note)
@@ -35,7 +35,7 @@ def expected_row(notes):
 
 
 class Hand(threading.Thread):
-    """Draws one note after the other, until it is stopped."""
+    """Draws one note after another until it is stopped."""
 
     def __init__(self, desk, program):
         super().__init__(daemon=True)
@@ -48,7 +48,7 @@ class Hand(threading.Thread):
             if self.stopped.is_set():
                 return
             x, y = self.program.cell(note * STEP, line_of(note))
-            # Slowly: the program has to have served a press before the next move comes.
+            # Slowly: the program must handle a press before the next move.
             words = ["mousemove", x, y, "sleep", "0.03", "mousedown", 1]
             for column in range(1, WIDTH_OF_A_NOTE):
                 words += ["sleep", "0.03", "mousemove", x + column * CELL, y]
@@ -75,7 +75,7 @@ def recovered(desk):
 
 
 def kill_at_a_random_moment(desk):
-    """Returns the smallest and the largest number of notes that may come back."""
+    """Returns the smallest and the largest number of notes that may be recovered."""
     program = start(desk)
     hand = Hand(desk, program)
     hand.start()
@@ -88,22 +88,23 @@ def kill_at_a_random_moment(desk):
 
 
 def check_comes_back(desk, fewest, most, what):
-    """Starts the program again; what it puts into the folder of songs has to be one of the scores allowed."""
+    """Starts the program again. It must put one of the allowed scores into the folder of songs."""
     program = start(desk)
     if fewest > 0:
         wait_until(lambda: recovered(desk), f"{what}: the recovered score")
     found = recovered(desk)
-    check(len(found) <= 1, f"{what}: {len(found)} scores came back")
+    check(len(found) <= 1, f"{what}: {len(found)} scores were recovered")
     line = found[0].read_bytes().split(b"\r\n")[0].decode() if found else "-1"
     allowed = {expected_row(notes): notes for notes in range(fewest, most + 1)}
-    check(line in allowed, f"{what}: {fewest} to {most} notes were drawn, and this came back: {line}")
+    check(line in allowed, f"{what}: {fewest} to {most} notes were drawn, but this was recovered: {line}")
     if found:
-        wait_until(lambda: found[0].name in program.complaints(), f"{what}: a line that tells of {found[0].name}")
+        wait_until(lambda: found[0].name in program.complaints(), f"{what}: a line about {found[0].name}")
         found[0].unlink()
     program.press(14)
-    check(program.process.wait(20) == 0, f"{what}: the program did not end in order")
-    left_over = list((desk.home / ".local" / "state" / "velorin").glob("*"))
-    check(not left_over, f"{what}: after an end in order there are still {left_over}")
+    check(program.process.wait(20) == 0, f"{what}: the program did not end normally")
+    history = desk.home / ".local" / "state" / "velorin" / "history"
+    left_over = [path for path in history.glob("*") if path.suffix != ".states"]
+    check(not left_over, f"{what}: after a normal end there is still {left_over}")
     return allowed[line]
 
 
@@ -112,11 +113,11 @@ def test_kills(desk, times):
     for turn in range(1, times + 1):
         fewest, most = kill_at_a_random_moment(desk)
         notes = check_comes_back(desk, fewest, most, f"kill {turn}")
-        print(f"kill {turn}: {notes} notes came back, {fewest} to {most} allowed", flush=True)
+        print(f"kill {turn}: {notes} notes were recovered, {fewest} to {most} are allowed", flush=True)
 
 
 def draw(desk, notes):
-    """Draws some notes at least; returns the program and their number."""
+    """Draws at least some notes; returns the program and their number."""
     program = start(desk)
     hand = Hand(desk, program)
     hand.start()
@@ -127,9 +128,9 @@ def draw(desk, notes):
 
 
 def test_signals(desk):
-    """A signal that asks for the end lets the program end in its usual order; the score comes back after each."""
+    """After a termination signal the program ends normally, and the score is recovered."""
     for number in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP, signal.SIGSEGV):
-        # Whoever started this script in the background has switched some off, and the program would respect that.
+        # A shell that starts this script in the background ignores some signals, and the program would inherit that.
         signal.signal(number, signal.SIG_DFL)
         program, notes = draw(desk, 2)
         program.process.send_signal(number)
@@ -147,16 +148,16 @@ def save(desk, program):
 
 
 def test_end_in_order(desk):
-    """Exit and the close button keep a score that is not saved, and nothing of one that is."""
+    """Exit and the close button keep an unsaved score, and do not keep a saved one."""
     program, notes = draw(desk, 2)
     program.press(14)
-    check(program.process.wait(20) == 0, "exit: the program did not end in order")
+    check(program.process.wait(20) == 0, "exit: the program did not end normally")
     check_comes_back(desk, notes, notes, "exit")
 
     program, notes = draw(desk, 2)
     x, y, width, _ = program.place
     desk.click(x + width - CLOSE_FROM_RIGHT, y + 14)
-    check(program.process.wait(20) == 0, "close: the program did not end in order")
+    check(program.process.wait(20) == 0, "close: the program did not end normally")
     check_comes_back(desk, notes, notes, "the close button")
 
     program, _ = draw(desk, 2)
@@ -172,16 +173,32 @@ def test_offer(desk):
     program.process.wait(20)
     program = start(desk)
     file = wait_until(lambda: recovered(desk), "the recovered score")[0]
-    check("was not saved" in program.complaints(), f"the offer says: {program.complaints()}")
+    check("was not saved" in program.complaints(), f"the notice says: {program.complaints()}")
     place = program.cell(0, line_of(0))
     blank = desk.screen.pixel(*place)
     x, y, width, height = desk.settled(desk.window("Velorin Notice"))
     desk.click(x + width // 2, y + height - 20)
-    wait_until(lambda: desk.screen.pixel(*place) != blank, "the note of the recovered score")
+    wait_until(lambda: desk.screen.pixel(*place) != blank, "a note of the recovered score")
     file.unlink()
     program.press(14)
     check(program.process.wait(20) == 0, "the program did not end in order")
-    check(not recovered(desk), "an opened score that was not changed is kept again")
+    check(not recovered(desk), "an opened score without changes was kept again")
+
+
+def test_converter(desk):
+    """The converter lists the changes while the program runs, and writes a state of the score."""
+    program, notes = draw(desk, 2)
+    converter = desk.build.resolve() / "bin" / "velorin-convert"
+    changes = desk.told([converter, "--history"]).splitlines()
+    check(len(changes) >= notes, f"{notes} notes were drawn, but the history has {changes}")
+    written = desk.home / "first.sng"
+    first = len(changes) - notes + 1
+    desk.told([converter, "--history", str(first), "-o", written])
+    line = written.read_bytes().split(b"\r\n")[0].decode()
+    check(line == expected_row(1), f"the state after the first note is written as {line}")
+    program.process.kill()
+    program.process.wait()
+    check_comes_back(desk, notes, notes, "the converter")
 
 
 def main():
@@ -195,6 +212,7 @@ def main():
             test_signals(desk)
             test_end_in_order(desk)
             test_offer(desk)
+            test_converter(desk)
     except Failure as failure:
         print(f"kept_score_test: {failure}")
         sys.exit(1)

@@ -1,4 +1,4 @@
-"""Opens a song, plays, stops, saves, records and encodes it with keys alone; the pointer is never moved."""
+"""Opens, plays, stops, saves, records and encodes a song with the keyboard only. The pointer never moves."""
 
 from desk import Desk, check, run, wait_until
 from score_text import Score
@@ -6,7 +6,7 @@ from score_text import Score
 RED = (255, 0, 0)
 TITLE = "Recording Toolbar"
 LONG_SONG = 400  # columns, so that it plays until it is stopped
-RECORDING_ENTRY, EXIT_ENTRY = 10, 13  # of the menu of commands, separators left out
+RECORDING_ENTRY, EXIT_ENTRY = 10, 13  # in the menu of commands, without separators
 
 
 def song():
@@ -17,33 +17,33 @@ def song():
 
 
 class Keys:
-    """The program as someone without a mouse has it."""
+    """The program, operated without a mouse."""
 
     def __init__(self, desk, program):
         self.desk = desk
         self.program = program
 
     def active(self):
-        """The title of the window that has the keyboard."""
+        """The title of the window with the keyboard focus."""
         number = self.desk.tool("getactivewindow")
         return " ".join(self.desk.tool("getwindowname", number[0])) if number else ""
 
     def go_to_window(self, title):
-        """On with F6 until the window has the keyboard."""
+        """Presses F6 until the window has the focus."""
         for _ in range(6):
             before = self.active()
-            if before == title:
+            if before == title or before.endswith(f" - {title}"):
                 return
             self.desk.key("F6")
-            wait_until(lambda: self.active() not in ("", before), f"a window behind '{before}'")
-        check(False, f"F6 does not lead to the window '{title}'")
+            wait_until(lambda: self.active() not in ("", before), f"a window after '{before}'")
+        check(False, f"F6 does not reach the window '{title}'")
 
     def tab(self, count):
         for _ in range(count):
             self.looks_different(lambda: self.desk.key("Tab"), "the blue frame")
 
     def looks_different(self, act, what):
-        """Does something after which the active window looks different, and stands still."""
+        """Does something that changes the active window, and waits until it stops changing."""
         place = self.desk.place_of(self.desk.tool("getactivewindow")[0])
 
         def look():
@@ -53,9 +53,9 @@ class Keys:
         wait_until(lambda: look() != before, what)
 
     def answer_dialog(self, title, name, save_filter=None):
-        """The field of the name has the keyboard when a file dialog opens."""
+        """The name field has the focus when a file dialog opens."""
         self.desk.window(title)
-        wait_until(lambda: self.active() == title, f"the dialog '{title}' has the keyboard")
+        wait_until(lambda: self.active() == title, f"the focus in the dialog '{title}'")
         self.desk.settled(self.desk.window(title))
         if save_filter is not None:
             self.choose_filter(save_filter)
@@ -66,7 +66,7 @@ class Keys:
         wait_until(lambda: self.active() not in ("", title), "a window of the program")
 
     def choose_filter(self, entry):
-        """The list of kinds stands behind the name."""
+        """The list of kinds is the next control after the name."""
         self.desk.key("Tab", "Home", *["Down"] * entry, "shift+Tab")
 
 
@@ -77,7 +77,7 @@ def open_song(keys, desk, program):
 
 
 def play_and_stop(keys, desk, program):
-    """The space bar starts the marker and stops it."""
+    """The space bar starts and stops the song, as the marker shows."""
     line = (*program.cell(0, 20), 30 * 12, 1)
     at_rest = desk.still(lambda: desk.screen.part(*line), "the tableau at rest")
     desk.key("space")
@@ -91,11 +91,11 @@ def save(keys, desk):
     keys.answer_dialog("Save music file", "kept", save_filter=1)
     kept = desk.songs / "kept.sng"
     wait_until(kept.exists, "the saved score")
-    check(kept.read_bytes() == song().text(), "the saved score is another one")
+    check(kept.read_bytes() == song().text(), "the saved score differs")
 
 
 def save_from_the_setup_toolbar(keys, desk):
-    """The same keys work while a tool window has the keyboard."""
+    """The same keys work while a tool window has the focus."""
     keys.go_to_window("Setup Toolbar")
     desk.key("ctrl+s")
     keys.answer_dialog("Save music file", "export", save_filter=0)
@@ -103,17 +103,17 @@ def save_from_the_setup_toolbar(keys, desk):
 
 
 def choose_in_menu(keys, desk, entry):
-    """The menu of commands, from wherever the keyboard is."""
+    """Opens the menu of commands, whichever control has the focus."""
     with desk.popup():
         desk.key("shift+F10")
     desk.key(*["Down"] * (entry + 1))
     before = desk.shown()
     desk.key("Return")
-    wait_until(lambda: desk.shown() != before, "the end of the menu")
+    wait_until(lambda: desk.shown() != before, "the menu to close")
 
 
 def switch_encoding_off(keys, desk):
-    """On the second tab of the toolbar, whose first box encodes every recording by itself."""
+    """Unticks the first box on the second tab, which encodes each recording automatically."""
     keys.tab(1)
     keys.looks_different(lambda: desk.key("Right"), "the tab Preferences")
     keys.tab(1)
@@ -123,7 +123,7 @@ def switch_encoding_off(keys, desk):
 
 
 def record(keys, desk):
-    """From the tabs over the source and the round button to the one that starts and stops."""
+    """Tabs from the tab bar past the source and the round button to the button that starts and stops."""
     keys.tab(3)
     keys.looks_different(lambda: desk.key("space"), "the caption of the button")
     wait_until(lambda: any(file.name.startswith(".") for file in desk.songs.iterdir()), "the recording")
@@ -135,8 +135,8 @@ def record(keys, desk):
 
 
 def encode(keys, desk, wav):
-    """Over the file's name and the four buttons of the player."""
-    keys.tab(6)
+    """Tabs past the button that shows the WAV in its folder, the file name and the four buttons of the player."""
+    keys.tab(7)
     desk.key("space")
     mp3 = wav.with_suffix(".mp3")
     sizes = []
@@ -154,7 +154,7 @@ def test(build):
         program = desk.launch()
         program.main_window()
         keys = Keys(desk, program)
-        wait_until(keys.active, "a window that has the keyboard")
+        wait_until(keys.active, "a window with the focus")
         keys.go_to_window("Velorin")
         open_song(keys, desk, program)
         keys.go_to_window("Velorin")

@@ -1,5 +1,5 @@
-"""Uses the windows where a window manager has them: a drag ends with its button, the help lies above the tool windows, and the
-tool windows go and come with the main window."""
+"""Uses the windows under a window manager. A drag ends with the button, the help opens above the tool windows, and the
+tool windows are minimised and restored with the main window."""
 
 import contextlib
 import re
@@ -7,7 +7,7 @@ import signal
 
 from desk import Desk, check, run, wait_until
 
-TITLE_PLACE = (300, 12)  # of the main window, where nothing else takes the press
+TITLE_PLACE = (300, 12)  # in the main window, where no control takes the press
 EDGE_PLACE = (14, 300)  # of the main window's frame, inside the handle
 TOOL_TITLE_PLACE = (250, 14)
 TOOL_FOOT = (250, 248)  # of the Setup Toolbar, below the help
@@ -16,7 +16,7 @@ HELP = "Velorin Help"
 
 @contextlib.contextmanager
 def busy(program):
-    """The program hears of nothing before the end of what is done inside."""
+    """Stops the program until the actions inside are done."""
     program.process.send_signal(signal.SIGSTOP)
     try:
         yield
@@ -29,15 +29,15 @@ def move(place, by):
 
 
 def stands_at(desk, window, place, what):
-    """Also when the pointer has gone on elsewhere."""
+    """The window stops when the button is released, even if the pointer moves on."""
     wait_until(lambda: desk.place_of(window) == place, what)
     desk.point(700, 860)
     desk.point(720, 870)
-    check(desk.settled(window) == place, f"{what}: it has gone on with the pointer to {desk.place_of(window)}")
+    check(desk.settled(window) == place, f"{what}: it followed the pointer to {desk.place_of(window)}")
 
 
 def click_title(desk, program, window, title):
-    """A click that is over before the program hears of it moves nothing."""
+    """A click that is over before the program handles it moves nothing."""
     place = desk.settled(window)
     with busy(program):
         desk.click(place[0] + title[0], place[1] + title[1])
@@ -53,7 +53,7 @@ def drag_title(desk, window, title, by):
 
 
 def flick_title(desk, program, window, title, by):
-    """A whole drag before the program hears of the press."""
+    """A whole drag before the program handles the press."""
     place = desk.settled(window)
     start = (place[0] + title[0], place[1] + title[1])
     with busy(program):
@@ -62,7 +62,7 @@ def flick_title(desk, program, window, title, by):
 
 
 def stacking(desk):
-    """The windows from the lowest to the highest, by their titles."""
+    """The titles of the windows, from the lowest to the highest."""
     numbers = re.findall(r"0x[0-9a-f]+", desk.told(["xprop", "-root", "_NET_CLIENT_LIST_STACKING"]))
     return [" ".join(desk.tool("getwindowname", number)) for number in numbers]
 
@@ -73,13 +73,13 @@ def is_highest(desk, title):
 
 
 def open_help(desk, program):
-    """By the button in the main window's title."""
+    """Minimises with the button in the title of the main window."""
     x, y, width, _ = program.place
     desk.click(x + width - 111, y + 13)
 
 
 def read_help(desk, program):
-    """It opens above the tool windows, and leaves them above itself when they are used again."""
+    """The help opens above the tool windows, and a tool window comes above it when it is used."""
     open_help(desk, program)
     desk.settled(desk.window(HELP))
     wait_until(lambda: is_highest(desk, HELP), "the help above all windows")
@@ -92,7 +92,7 @@ def read_help(desk, program):
 
 
 def minimise(desk, program):
-    """By the button in the title; a task bar brings the window back."""
+    """The button in the title minimises, and a task bar restores the window."""
     x, y, width, _ = program.place
     desk.click(x + width - 83, y + 13)
     desk.no_window("Velorin")
@@ -103,12 +103,12 @@ def minimise(desk, program):
 
 
 def open_beside(desk, program):
-    """A tool window that nobody has placed lies over no other."""
+    """Tool windows that have no saved place do not overlap."""
     program.press(10)
     x, y, width, height = desk.settled(desk.window("Editing Toolbar"))
     left, top, wide, high = desk.place_of(desk.window("Setup Toolbar"))
     check(x >= left + wide or left >= x + width or y >= top + high or top >= y + height,
-          f"the toolbars lie over each other: {(x, y, width, height)} and {(left, top, wide, high)}")
+          f"the toolbars overlap: {(x, y, width, height)} and {(left, top, wide, high)}")
     desk.click(*program.edit("close"))
     desk.no_window("Editing Toolbar")
 

@@ -1,52 +1,36 @@
-"""Records while an outside MIDI port plays: the port gets the notes, and what the sound card hears is in the WAV. When
-the card goes away the recording goes on with silence, in its own time."""
+"""Records while an external MIDI port plays: the port gets the notes, and the WAV has the input of the sound card. When
+the card goes away, the recording continues with silence at the right rate."""
 
 import array
-import ctypes
 import math
 import pathlib
-import shutil
 import time
 import wave
 
 import listen
 from desk import PATIENCE_S, Desk, check, run, wait_until
+from midi_server import is_installed, share_no_memory, start_midi_server, wait_for_port
 from recorded import AUTO_ENCODE, START, from_first_sound, left_of, one_new, open_score, open_toolbar
 from score_text import Score
 
 TEMPO = 120
 COLUMN_S = 12 / TEMPO
-MELODY = [60, 65, 67, 58, 63]  # pitch indices, counted from the top: the keys are 127 less these
+MELODY = [60, 65, 67, 58, 63]  # pitch indices; the key is 127 minus the index
 NOTE_COLUMNS = 16
 OCARINA = 79
-HEARD_KEY = 57  # what the sound card hears meanwhile, which no note of the melody is
+HEARD_KEY = 57  # the input of the sound card, which is not a note of the melody
 LEVEL = 8000
-
-MIDI_SERVER = "velorin-test"
-OWN_MOUNTS, PRIVATE_BELOW = 0x20000, 0x44000  # of the calls unshare and mount
-
-
-def share_no_memory():
-    """The MIDI server keeps a table of at most eight servers in the memory that all programs share, and one that was
-    killed stays in it. Where that is allowed, this test and its programs have such a memory of their own."""
-    library = ctypes.CDLL(None)
-    if library.unshare(OWN_MOUNTS) == 0 and library.mount(b"none", b"/", None, PRIVATE_BELOW, None) == 0:
-        library.mount(b"tmpfs", b"/dev/shm", b"tmpfs", 0, None)
 
 
 class DeskWithPort(Desk):
-    """A MIDI port that writes down what it gets, and a microphone that hears one tone."""
+    """A MIDI port that writes down its messages, and a microphone with one tone."""
 
     def open_sound(self):
         super().open_sound()
-        self.environment.update(JACK_NO_AUDIO_RESERVATION="1", JACK_NO_START_SERVER="1",
-                                JACK_DEFAULT_SERVER=MIDI_SERVER)
-        # It waits for its programs: on a busy machine one that is late would lose notes.
-        self.start(["jackd", "-n", MIDI_SERVER, "-r", "-S", "-d", "dummy", "-r", "44100", "-p", "1024"])
-        wait_until(lambda: "playback_1" in self.told(["jack_lsp"]), "the MIDI server")
+        start_midi_server(self)
         self.notes = self.folder / "notes.txt"
         self.start(["stdbuf", "-oL", "jack_midi_dump"], stdout=open(self.notes, "wb"))
-        wait_until(lambda: "midi-monitor:input" in self.told(["jack_lsp"]), "the MIDI port")
+        wait_for_port(self, "midi-monitor:input", "the MIDI port")
         self.told(["pactl", "load-module", "module-null-sink", "sink_name=mic", "rate=44100", "channels=2",
                    "format=s16le", "sink_properties=device.description=MicSink"])
         self.told(["pactl", "set-default-sink", "out"])
@@ -74,7 +58,7 @@ def processor_seconds(pid):
 
 
 def keys_played(desk):
-    """The keys of all notes that began at the port."""
+    """The keys of all notes that the port got."""
     words = (line.split() for line in desk.notes.read_text("utf-8", "replace").splitlines())
     return [int(line[2], 16) for line in words if len(line) > 3 and line[1] == "90" and line[3] != "00"]
 
@@ -92,14 +76,14 @@ def check_without_card(desk, program):
     time.sleep(3)
     elapsed = time.monotonic() - start
     rate = (recorded_seconds(desk) - before) / elapsed
-    check(0.9 < rate < 1.1, f"without a card the recording runs at {rate:.3f} of its rate")
+    check(0.9 < rate < 1.1, f"without a card the recording has {rate:.3f} of its rate")
     share = (processor_seconds(program.process.pid) - used) / elapsed
     check(share < 0.3, f"without a card the recording takes {100 * share:.0f} % of a core")
     wait_until(lambda: not recorded_seconds(desk), "the end of the recording", 60)
 
 
 def test(build):
-    if not all(shutil.which(program) for program in ("jackd", "jack_lsp", "jack_midi_dump")):
+    if not is_installed():
         return
     share_no_memory()
     with DeskWithPort(build) as desk:
@@ -122,12 +106,12 @@ def test(build):
         for i in range(len(MELODY)):
             middle = int((i + 0.5) * NOTE_COLUMNS * COLUMN_S * listen.RATE)
             heard = listen.key_of(sound[middle:middle + 4096])
-            check(heard == HEARD_KEY, f"during note {i} the recording has key {heard}")
+            check(heard == HEARD_KEY, f"at note {i} the recording has key {heard}")
             loud = listen.loudness(sound[middle:middle + 4096])
-            check(0.9 * LEVEL < loud < 1.1 * LEVEL, f"the recording is as loud as {loud}")
+            check(0.9 * LEVEL < loud < 1.1 * LEVEL, f"the level of the recording is {loud}")
         check_without_card(desk, program)
         program.press(14)
-        check(program.process.wait(PATIENCE_S) == 0, "the program does not end well")
+        check(program.process.wait(PATIENCE_S) == 0, "the program did not end with status 0")
 
 
 run(test)

@@ -1,4 +1,4 @@
-"""What the tests of the Recording Toolbar share: its places, and the recordings that it leaves."""
+"""What the tests of the Recording Toolbar share: its places, and readers for its recordings."""
 
 import array
 import shutil
@@ -9,18 +9,19 @@ import wave
 import listen
 from desk import check
 
-# Places in the Recording Toolbar, in its own pixels.
-PREFERENCES, RECORD_PLAY = (147, 49), (53, 49)
-AUTO_ENCODE, DELETE_WAV, START, ENCODE = (39, 92), (39, 122), (417, 92), (453, 249)
-OPEN, PLAY, PAUSE, STOP = (38, 205), (73, 205), (108, 205), (143, 205)
+# Controls of the Recording Toolbar.
+PREFERENCES, RECORD_PLAY = "Preferences", "Record/Play"
+AUTO_ENCODE, DELETE_WAV = "Auto-Encode to MP3", "Delete WAV file on completion of encoding"
+START, ENCODE = "Start Recording", "Encode File"
+OPEN, PLAY, PAUSE, STOP = "Open File", "Play", "Pause", "Stop"
 
-# Layer III by its version: samples in a frame, the bitrates and the sample rates that a header can name.
+# Layer III by version: samples per frame, and the bitrates and sample rates of a header.
 LAYERS = {
     0xFFFB: (1152, [32, 40, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320], [44100, 48000, 32000]),
     0xFFF3: (576, [8, 16, 24, 32, 40, 48, 56, 64, 80, 96, 112, 128, 144, 160], [22050, 24000, 16000]),
 }
-BITRATE, MONO = 40, 3  # what the program asks for unless it is told otherwise
-SLOWER = 2  # since the samples of both sides then follow each other on the one
+BITRATE, MONO = 40, 3  # the defaults of the program
+SLOWER = 2  # both channels are encoded as one, sample after sample
 
 
 def open_score(desk, program, name, first_pitch):
@@ -30,7 +31,7 @@ def open_score(desk, program, name, first_pitch):
 
 
 def open_toolbar(desk, program, *boxes):
-    """Opens it, and clicks boxes of its second tab: the WAV is kept when it has been encoded."""
+    """Opens the toolbar and clicks boxes of its second tab. By default the WAV is kept after encoding."""
     program.press(11)
     desk.settled(desk.window("Recording Toolbar"))
     for place in (PREFERENCES, *(boxes or (DELETE_WAV,)), RECORD_PLAY):
@@ -39,30 +40,30 @@ def open_toolbar(desk, program, *boxes):
 
 def one_new(desk, ending, before):
     new = set(desk.songs.glob("*tmp" + ending)) - before
-    check(len(new) <= 1, f"one recording left {len(new)} files that end in {ending}")
+    check(len(new) <= 1, f"one recording made {len(new)} files that end in {ending}")
     return new.pop() if new else None
 
 
 def frames_of(data):
-    """Checks the plain header; returns how many frames follow it."""
+    """Checks the header and returns the number of frames after it."""
     check(len(data) > 44, "the WAV is empty")
     size = len(data) - 44
     head = struct.pack("<4sI8sIHHIIHH4sI", b"RIFF", size + 36, b"WAVEfmt ", 16, 1, 2, listen.RATE, 4 * listen.RATE,
                        4, 16, b"data", size)
-    check(data[:44] == head, f"the WAV's header is {data[:44].hex(' ')}")
+    check(data[:44] == head, f"the header of the WAV is {data[:44].hex(' ')}")
     return size // 4
 
 
 def mp3_seconds(data):
-    """How long the whole frames of the stream sound, each of which begins where the one before ends."""
+    """The length in seconds of all complete frames of the stream."""
     at = seconds = 0
     while at + 4 <= len(data):
         word = int.from_bytes(data[at:at + 4], "big")
-        check(word >> 16 in LAYERS, f"no header of layer III at byte {at}: {word:08x}")
+        check(word >> 16 in LAYERS, f"there is no layer III header at byte {at}: {word:08x}")
         samples, bitrates, rates = LAYERS[word >> 16]
         bitrate, rate, padding, mode = word >> 12 & 15, word >> 10 & 3, word >> 9 & 1, word >> 6 & 3
         check(0 < bitrate < 15 and bitrates[bitrate - 1] == BITRATE and rate < 3 and mode == MONO,
-              f"the header at byte {at}: {word:08x}")
+              f"the header at byte {at} is wrong: {word:08x}")
         at += samples // 8 * 1000 * BITRATE // rates[rate] + padding
         if at <= len(data):
             seconds += samples / rates[rate]
@@ -70,7 +71,7 @@ def mp3_seconds(data):
 
 
 def samples_of(path):
-    """The samples of a WAV in their order in the file, both sides of a stereo one."""
+    """The samples of a WAV in the order of the file, with both channels if it is stereo."""
     with wave.open(str(path), "rb") as file:
         return array.array("h", file.readframes(file.getnframes()))
 
@@ -80,7 +81,7 @@ def left_of(path):
 
 
 def decoded(mp3, folder):
-    """The samples of an MP3 by another program's reading, one channel at 44,100 a second; None without that program."""
+    """The samples of an MP3 as another program decodes it, mono at 44,100 Hz. None if that program is missing."""
     if not shutil.which("mpg123"):
         return None
     wav = folder / "decoded.wav"

@@ -1,4 +1,4 @@
-"""Left alone, the program gives the sound card back and costs the processor nothing; the first press sounds again."""
+"""After some idle time the program closes the sound card and uses no processor time. The next press sounds again."""
 
 import array
 import math
@@ -21,29 +21,29 @@ def streams(desk):
 
 
 def check_sounds(desk, program, line):
-    """A note that is drawn is heard."""
+    """Checks that a drawn note is heard."""
     start = listen.frames_in(desk.recording)
     desk.click(*program.cell(4, line))
     wait_until(lambda: listen.first_sound(listen.samples(desk.recording, start)) is not None, "the note's sound")
 
 
 def write_wav(path):
-    """A second of a tone."""
+    """A tone of one second."""
     with wave.open(str(path), "wb") as file:
         file.setparams((1, 2, listen.RATE, 0, "NONE", ""))
         file.writeframes(array.array("h", (int(9000 * math.sin(i / 20)) for i in range(listen.RATE))).tobytes())
 
 
 def check_rests(desk, program, what):
-    wait_until(lambda: not streams(desk), f"the end of the stream behind {what}", 60)
+    wait_until(lambda: not streams(desk), f"the end of the stream after {what}", 60)
     before = processor_seconds(program.process.pid)
     time.sleep(3)
     share = (processor_seconds(program.process.pid) - before) / 3
-    check(share < 0.002, f"the idle program takes {100 * share:.2f} % of a core behind {what}")
+    check(share < 0.002, f"the idle program takes {100 * share:.2f} % of a core after {what}")
 
 
 def check_file(desk, program):
-    """A file that has played to its end, and is still in hand, does not keep the stream awake."""
+    """A file that has played to its end and is still open does not keep the stream running."""
     start = listen.frames_in(desk.recording)
     program.press(11)
     desk.settled(desk.window("Recording Toolbar"))
@@ -64,7 +64,7 @@ def test(build):
         check_sounds(desk, program, 10)
         check_rests(desk, program, "a note")
         check_sounds(desk, program, 14)
-        check(streams(desk), "the stream is there again")
+        check(streams(desk), "the stream did not start again")
         check_file(desk, program)
         program.end()
 

@@ -1,16 +1,17 @@
-"""Saves with the real dialog: what it asks before it replaces a file, and what is told of a save that fails."""
+"""Saves with the real dialog: checks the question before a file is replaced, and the notice of a failed save."""
 
 import shutil
 
-from desk import DeskWithoutSound, check, run, wait_until
+from desk import RIGHT, DeskWithoutSound, check, run, wait_until
 
 DIALOG = "Save music file"
 MIDI, SCORE = 0, 1
 OLD = b"of the user"
+RED = (255, 0, 0)
 
 
 def type_name(desk, program, name, kind):
-    """Opens the dialog, chooses the kind, types the name, and presses Return."""
+    """Opens the dialog, chooses the kind, types the name and presses Return."""
     program.press(3)
     x, y, width, height = desk.settled(desk.window(DIALOG))
     desk.choose_filter(x, y, width, height, kind)
@@ -21,13 +22,13 @@ def type_name(desk, program, name, kind):
 
 
 def test_question(desk, program, name, kind, file):
-    """The typed name has no ending, or another one: the question is about the file that would be replaced."""
+    """If the typed name has no ending, or another one, the question is about the file that would be replaced."""
     path = desk.songs / file
     path.write_bytes(OLD)
     type_name(desk, program, name, kind)
     wait_until(lambda: len(desk.windows(DIALOG)) == 2, f"the question about {file}")
     desk.key("Escape")
-    wait_until(lambda: len(desk.windows(DIALOG)) == 1, "the end of the question")
+    wait_until(lambda: len(desk.windows(DIALOG)) == 1, "the question to close")
     check(path.read_bytes() == OLD, f"{file} was replaced before the answer")
     desk.key("Escape")
     desk.no_window(DIALOG)
@@ -42,18 +43,49 @@ def test_question(desk, program, name, kind, file):
 
 
 def test_new_names(desk, program):
-    """A new name is not asked about, also if it differs from another one in case only."""
+    """There is no question for a new name, even if it differs from an existing one only in case."""
     (desk.songs / "Tune.sng").write_bytes(OLD)
     type_name(desk, program, "tune", SCORE)
     desk.no_window(DIALOG)
     wait_until((desk.songs / "tune.sng").exists, "the new file")
-    check((desk.songs / "Tune.sng").read_bytes() == OLD, "the file with a capital was replaced")
+    check((desk.songs / "Tune.sng").read_bytes() == OLD, "the file whose name differs in case was replaced")
     (desk.songs / "a\\b.sng").write_bytes(OLD)
     type_name(desk, program, "a\\b", SCORE)
     wait_until(lambda: len(desk.windows(DIALOG)) == 2, "the question about a name with a backslash")
     desk.key("alt+y")
     desk.no_window(DIALOG)
     wait_until(lambda: (desk.songs / "a\\b.sng").read_bytes().startswith(b"-1"), "the file with a backslash")
+
+
+def test_again(desk, program):
+    """Ctrl+Shift+S writes the file again, the list of a right click opens it, and the dialog proposes its name."""
+    path = desk.songs / "mine.sng"
+    type_name(desk, program, "mine", SCORE)
+    desk.no_window(DIALOG)
+    wait_until(path.exists, "the new file")
+    empty = path.read_bytes()
+    note = program.cell(8, 20)
+    desk.click(*note)
+    program.wait_for_colour(note, RED, "the note")
+    desk.key("ctrl+shift+s")
+    wait_until(lambda: path.read_bytes() != empty, "the score that is saved again")
+    saved = path.read_bytes()
+    program.press(1)
+    program.wait_for_colour(note, RED, "the cleared tableau", shown=False)
+    with desk.popup():
+        desk.click(*program.button(2), RIGHT)
+    with desk.popup(opens=False):
+        desk.key("Down", "Return")
+    program.wait_for_colour(note, RED, "the score opened from the list")
+    check(path.read_bytes() == saved, "opening has changed the file")
+
+    program.press(3)
+    desk.choose_filter(*desk.settled(desk.window(DIALOG)), SCORE)
+    desk.key("alt+s")
+    wait_until(lambda: len(desk.windows(DIALOG)) == 2, "the question about the proposed name")
+    desk.key("alt+y")
+    desk.no_window(DIALOG)
+    wait_until(lambda: path.read_bytes() == saved, "the file under the proposed name")
 
 
 def test_failure(desk, program):
@@ -80,8 +112,9 @@ def test(build):
         test_question(desk, program, "song", MIDI, "song.mid")
         test_question(desk, program, "no. 3.sng", MIDI, "no. 3.sng.mid")
         test_new_names(desk, program)
+        test_again(desk, program)
         left_over = [path.name for path in desk.songs.iterdir() if path.name.startswith(".") or path.suffix == ".bak"]
-        check(not left_over, f"left beside the scores: {left_over}")
+        check(not left_over, f"temporary files are left in the folder: {left_over}")
         test_failure(desk, program)
 
 

@@ -1,10 +1,10 @@
-"""Score files as text: how a test writes one, and reads one back."""
+"""Score files as text: functions that write and read them for tests."""
 
 ROWS, COLUMNS = 13, 1001
 
 
 class Score:
-    """The grids of a score, blank at first; cells by (row, column)."""
+    """The grids of a score, empty at first. Cells are keyed by (row, column)."""
 
     def __init__(self, tempo=100):
         self.notes = [[-1] * COLUMNS for _ in range(ROWS)]
@@ -22,7 +22,7 @@ class Score:
         return max((c for c in range(COLUMNS) if self.notes[row][c] != -1), default=0)
 
     def text(self):
-        """The file's bytes as the program writes them."""
+        """The bytes of the file as the program writes them."""
         lines = []
         for row in range(ROWS):
             end = self.last(row) + 1

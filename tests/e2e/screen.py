@@ -1,4 +1,4 @@
-"""The virtual screen as a test sees it."""
+"""Reads the virtual screen."""
 
 import mmap
 import pathlib
@@ -7,7 +7,7 @@ import zlib
 
 
 class Screen:
-    """Reads the virtual screen's pixels from the file in which it keeps them."""
+    """Reads the pixels of the virtual screen from its framebuffer file."""
 
     def __init__(self, path):
         self.file = open(path, "rb")
@@ -23,12 +23,12 @@ class Screen:
         return red, green, blue
 
     def part(self, x, y, width, height):
-        """The bytes of a rectangle: to see whether anything has changed."""
+        """The bytes of a rectangle, to compare with a later look."""
         lines = (self.first + line * self.line + 4 * x for line in range(y, y + height))
         return b"".join(self.map[at:at + 4 * width] for at in lines)
 
     def write_png(self, path, width, height):
-        """Keeps what is to be seen as a picture."""
+        """Saves a part of the screen as a picture."""
         lines = []
         for y in range(height):
             line = self.part(0, y, width, 1)

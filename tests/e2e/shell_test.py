@@ -1,6 +1,6 @@
-"""Operates every button, every menu entry and every tab once, and starts a second time: what was set is kept.
+"""Uses every button, menu entry and tab once, and starts again to check that the settings were saved.
 
-A second copy beside the first is refused.
+A second copy at the same time is refused.
 """
 
 import configparser
@@ -10,7 +10,7 @@ from desk import BEATBOX, CELL, LEFT, MUSIC_BOX, RIGHT, Desk, Program, check, ru
 RED = (255, 0, 0)
 STRIP_GREEN = (192, 255, 192)
 
-# The entries of the menus by their places, separators left out.
+# The positions of menu entries, without separators.
 TOOLBARS_MENU = {"Setup Toolbar": 0, "Percussion Tableau": 1, "Polyphonics Tableau": 2}
 RIGHT_CLICK_MENU = {"erase": 0, "menu": 1, "polynotes": 2}
 TABLEAU_MENU = ["Clear All", "File", "Save", "Erase/Menu toggle", "Rewind", "Play", "Stop Playing", "Stop all sound",
@@ -27,18 +27,18 @@ def choose(desk, opened_by, entry):
     desk.key(*["Down"] * (entry + 1))
     before = desk.shown()
     desk.key("Return")
-    wait_until(lambda: desk.shown() != before, "the end of the menu")
+    wait_until(lambda: desk.shown() != before, "the menu to close")
 
 
 def close_by_key(desk, title):
-    """Shuts a dialog that has just come up."""
+    """Closes a dialog that has just opened."""
     desk.settled(desk.window(title))
     desk.key("Escape")
     desk.no_window(title)
 
 
 def close_toolbar(desk, title):
-    """Presses the button at the right of a tool window's title."""
+    """Presses the close button in the title of a tool window."""
     x, y, width, _ = desk.settled(desk.window(title))
     desk.click(x + width - 21, y + 14)
     desk.no_window(title)
@@ -53,7 +53,7 @@ def draw(desk, program, column, line):
     shows(program, column, line)
 
 
-# What each button and entry does
+# The effect of each button and entry
 
 def try_clear(desk, program, by):
     draw(desk, program, 5, 10)
@@ -138,13 +138,13 @@ def try_toolbars_menu(desk, program):
     lanes = program.at((MUSIC_BOX[0], MUSIC_BOX[1]), 200, program.place[3] - 51 - 46 - 100 + 30)
     background = desk.screen.part(*lanes, 60, 12)
     toggle("Polyphonics Tableau")
-    wait_until(lambda: desk.screen.part(*lanes, 60, 12) != background, "no polyphonics strip")
+    wait_until(lambda: desk.screen.part(*lanes, 60, 12) != background, "the polyphonics strip to close")
     toggle("Polyphonics Tableau")
     wait_until(lambda: desk.screen.part(*lanes, 60, 12) == background, "the polyphonics strip")
 
 
 def try_tableau_menu(desk, program):
-    """The menu of the right button over the tableau; its last entry ends the program."""
+    """Uses the menu of the right button on the tableau. Its last entry ends the program."""
     choose(desk, lambda: program.press(4), RIGHT_CLICK_MENU["menu"])
 
     def by(entry):
@@ -170,7 +170,7 @@ def try_tableau_menu(desk, program):
 
 
 def try_edit_menu(desk, program):
-    """The menu of the right button over the tableau while it is in select mode."""
+    """Uses the menu of the right button on the tableau in select mode."""
     program.press(10)
     desk.settled(desk.window("Editing Toolbar"))
     desk.click(*program.edit(11))
@@ -205,7 +205,7 @@ def try_edit_menu(desk, program):
 
 
 def changes(desk, window, by, what):
-    """Does something, after which the window looks different."""
+    """Does something that changes the window."""
     x, y, width, height = desk.place_of(window)
     before = desk.still(lambda: desk.screen.part(x, y, width, height), what)
     by()
@@ -263,15 +263,15 @@ def resize_and_move(desk, program):
 
 
 def check_second_copy(desk):
-    """The second start shows a box and ends; the first goes on."""
+    """The second copy shows a message box and ends; the first one continues."""
     first = set(desk.windows("Velorin"))
     second = Program(desk)
     desk.programs.append(second)
-    box = wait_until(lambda: set(desk.windows("Velorin")) - first, "the box of the second copy").pop()
+    box = wait_until(lambda: set(desk.windows("Velorin")) - first, "the message box of the second copy").pop()
     desk.settled(box)
     desk.key("Return")
     second.ended()
-    check(set(desk.windows("Velorin")) == first, "the first copy has gone")
+    check(set(desk.windows("Velorin")) == first, "the first copy has ended")
 
 
 def first_start(desk):
@@ -283,20 +283,20 @@ def first_start(desk):
     check_second_copy(desk)
     place = program.place
     toolbar = desk.place_of(desk.window("Setup Toolbar"))
-    program.press(1)  # a score that is not saved would come back
+    program.press(1)  # an unsaved score would be recovered
     program.end()
     kept = settings(desk)
-    check(kept["devices"] == "-1", f"the device is kept as {kept['devices']}")
-    check(kept["polyphonics"] == "False", f"the polyphonics strip is kept as {kept['polyphonics']}")
+    check(kept["devices"] == "-1", f"the device was saved as {kept['devices']}")
+    check(kept["polyphonics"] == "False", f"the polyphonics strip was saved as {kept['polyphonics']}")
     check(kept["percussion"] == "True" and kept["form3"] == "True", f"the settings are {kept}")
     return place, toolbar, kept
 
 
 def second_start(desk, place, toolbar, kept):
     program = desk.launch()
-    check(program.main_window() == place, f"the window stands at {program.place} and not at {place}")
+    check(program.main_window() == place, f"the window is at {program.place} instead of {place}")
     found = desk.settled(desk.window("Setup Toolbar"))
-    check(found == toolbar, f"the Setup Toolbar stands at {found} and not at {toolbar}")
+    check(found == toolbar, f"the Setup Toolbar is at {found} instead of {toolbar}")
     draw(desk, program, 30, 10)
     try_edit_menu(desk, program)
     draw(desk, program, 30, 10)
@@ -305,7 +305,7 @@ def second_start(desk, place, toolbar, kept):
     choose(desk, lambda: desk.click(*program.cell(20, 14), RIGHT), entry)
     program.ended()
     changed = {key for key, value in settings(desk).items() if key in kept and kept[key] != value}
-    check(not changed, f"these settings are others after the second start: {changed}")
+    check(not changed, f"these settings changed with the second start: {changed}")
 
 
 def test(build):

@@ -1,11 +1,11 @@
-"""Goes through the lessons of the tutorial with the mouse: each step's hint shows, and what it does is seen."""
+"""Goes through the lessons of the tutorial with the mouse. Checks the hint and the effect of each step."""
 
 import itertools
 import os
 import statistics
 
 import listen
-from desk import BEATBOX, EDIT, LEFT, SETUP, Desk, check, run, wait_until
+from desk import BEATBOX, LEFT, Desk, check, run, wait_until
 from recorded import decoded, frames_of, from_first_sound, mp3_seconds, samples_of
 from wizard import SONG_PATIENCE_S, Wizard
 
@@ -14,26 +14,26 @@ TRACK, FACE, DANGER = (25, 28, 64), (58, 64, 120), (179, 52, 74)
 
 STEPS = 61
 
-RING_LEFT = 16  # from the middle of a row's face to the ring of the row that is chosen
-SELECTING = (67, 98)  # in the Editing Toolbar: paper beside the number, while it selects
-# In the Recording Toolbar: paper on each of its pages, an option that is grey during a recording, the bar's beginning.
+RING_LEFT = 16  # from the middle of a row button to the ring of the current row
+SELECTING = (67, 98)  # in the Editing Toolbar: white beside the number in select mode
+# In the Recording Toolbar: white on each page, an option that is grey during a recording, the start of the bar.
 RECORD_PAGE, PREFERENCES_PAGE, SOURCES, PROGRESS = (508, 163), (240, 245), (37, 93), (23, 250)
 
 
 class Lessons:
-    """The program, its wizard, and how the steps are seen."""
+    """The program, its wizard, and checks for the effects of steps."""
 
     def __init__(self, desk, program, wizard):
         self.desk, self.program, self.wizard = desk, program, wizard
         self.media = desk.program_folder / "media"
 
     def note(self, column, line, colour=RED, shown=True, part=None):
-        """Whether a note of a colour stands in a cell; for the step's wait."""
+        """A condition for the step's wait: a cell has a note of a colour."""
         place = self.program.cell(column, line, *([part] if part else []))
         return lambda: (self.desk.screen.pixel(*place) == colour) == shown
 
     def loaded(self, sample):
-        """Whether a sample has been loaded: its file goes last."""
+        """A condition: a sample has been loaded. Its file is removed last."""
         return lambda: not (self.media / sample).exists()
 
     def has_colour(self, title, inside, colour):
@@ -41,11 +41,17 @@ class Lessons:
         return lambda: self.desk.screen.pixel(*place) == colour
 
     def row_chosen(self, row):
-        x, y = SETUP[f"TrackSel({row})"]
-        return self.has_colour("Setup Toolbar", (x - RING_LEFT, y), CREAM)
+        return self.beside_control(f"TrackSel({row})", RING_LEFT, CREAM)
+
+    def beside_control(self, control, left, colour):
+        """A condition: so many pixels to the left of the middle of a control of the Setup Toolbar is a colour."""
+        def is_there():
+            x, y = self.program.setup(control)
+            return self.desk.screen.pixel(x - left, y) == colour
+        return is_there
 
     def selected(self, column):
-        """Whether a column is tinted, which makes it bluer."""
+        """A condition: a column is selected, which tints it blue."""
         place = self.program.cell(column, 30)
 
         def tinted():
@@ -57,11 +63,11 @@ class Lessons:
         return sorted(self.desk.songs.glob("*tmp" + ending))
 
     def encoded(self, count):
-        """Whether so many recordings are MP3 files now; the WAV goes last."""
+        """A condition: this many recordings are MP3 files. The WAV is removed last."""
         return lambda: len(self.recordings(".mp3")) == count and not self.recordings(".wav")
 
     def keep_recording(self, path):
-        """Gives the WAV another name, as it goes when it has been encoded."""
+        """Makes a second link to the WAV, which is deleted after encoding."""
         os.link(wait_until(lambda: self.recordings(".wav"), "the recording", SONG_PATIENCE_S)[0], path)
 
     def close(self, title):
@@ -71,7 +77,7 @@ class Lessons:
         def is_seen():
             self.desk.point(next(places), y + 14)
             return self.desk.screen.pixel(x + width - 31, y + 14) == DANGER
-        wait_until(is_seen, "the button that closes a toolbar sees the mouse")
+        wait_until(is_seen, "the close button of a toolbar to notice the mouse")
         self.desk.tool("mousedown", LEFT, "mouseup", LEFT)
         self.desk.no_window(title)
 
@@ -105,7 +111,7 @@ def play_chords(lessons):
     wizard.step(1)
     wizard.step(2, lessons.loaded("101.sng"))
     wait_until(note(0, 5), "the melody's first note")
-    wizard.step(3, lessons.has_colour("Setup Toolbar", (SETUP["Ch(0)"][0] - 10, SETUP["Ch(0)"][1]), RED))
+    wizard.step(3, lessons.beside_control("Ch(0)", 10, RED))
     wizard.step(4)
     wizard.step(5)
     lessons.heard("the chords", lambda sounds: wizard.step(6, meanwhile=sounds))
@@ -136,13 +142,13 @@ def edit(lessons):
     wizard.step(1)
     wizard.step(2, note(9, 13, shown=False), pause=1)
     wizard.step(3, note(9, 9), pause=1)
-    # Nothing changes but the sound of the three clicks, which come half a second apart.
+    # The only effect is the sound of the three clicks, half a second apart.
     lessons.heard("the other instrument", lambda sounds: wizard.step(4, meanwhile=sounds, pause=3))
     wizard.step(5, lambda: desk.windows("Editing Toolbar"))
     wizard.step(6, lessons.has_colour("Editing Toolbar", SELECTING, WHITE))
     wizard.step(7, lessons.selected(7))
     wizard.step(8, note(16, 5), pause=1)
-    # The cut brings the first of these notes, and takes the other one away until the paste.
+    # The cut moves the first of these notes here, and removes the other one until the paste.
     wizard.step(9, lambda: note(10, 7)() and note(12, 6)())
     wizard.step(10, note(60, 9))
     wizard.step(11, note(15, 6), pause=1)
@@ -165,7 +171,7 @@ def record(lessons):
     wizard.step(6)
     wizard.step(7, lessons.note(0, 5, shown=False))
     wizard.step(8, lessons.encoded(3))
-    # With no recording running the last step starts one, and again it stops it.
+    # If no recording runs, the last step starts one; taken again, it stops it.
     wizard.step(9, lessons.has_colour("Recording Toolbar", SOURCES, FACE))
     wizard.step(9, lessons.encoded(4))
 
@@ -185,12 +191,12 @@ def use_midi(lessons):
         sounds()
         wait_until(lambda: not at_rest(), "the bar of the player")
     lessons.heard("the MIDI file", lambda sounds: wizard.step(4, at_rest, lambda: plays(sounds)))
-    # A recording that was stopped by hand is still asked for: the end of this file ends it once more, and a box tells
-    # what became of that.
+    # The request to record is still set after a stop by hand. The end of this file stops the recording again, and a
+# message box shows the result.
     wait_until(lambda: len(desk.windows("Velorin")) == 2, "the message")
     desk.settled(desk.window("Velorin"))
     desk.key("Return")
-    wait_until(lambda: len(desk.windows("Velorin")) == 1, "the end of the message")
+    wait_until(lambda: len(desk.windows("Velorin")) == 1, "the message to close")
     lessons.close("Recording Toolbar")
 
 
@@ -208,35 +214,35 @@ def set_up(lessons):
 
 
 def check_mp3(wav, mp3, folder):
-    """The MP3 is that of the recording, with the pairs of its two sides read as samples of one."""
+    """Compares the MP3 with the recording. Its sample pairs of two channels were encoded as one channel."""
     both = samples_of(wav)
-    check(len(both) == 2 * frames_of(wav.read_bytes()), "the WAV has not two sides")
+    check(len(both) == 2 * frames_of(wav.read_bytes()), "the WAV is not stereo")
     check(mp3_seconds(mp3.read_bytes()) >= len(both) / listen.RATE, "the MP3 is too short")
     sound = decoded(mp3, folder)
     if not sound:
         return
     heard, expected = from_first_sound(sound), from_first_sound(both)
-    check(abs(len(heard) - len(expected)) < listen.RATE / 4, "the MP3 is not twice as long as what was recorded")
+    check(abs(len(heard) - len(expected)) < listen.RATE / 4, "the MP3 is not twice as long as the recording")
     heard, expected = aligned(heard, expected)
     likeness = correlation(profile(heard), profile(expected))
-    check(likeness > 0.95, f"the MP3 is only {likeness:.3f} like the recording")
+    check(likeness > 0.95, f"the correlation of the MP3 with the recording is only {likeness:.3f}")
     for at in range(0, len(expected) - listen.RATE, listen.RATE):
         likeness = correlation(keys(heard[at:at + 8192]), keys(expected[at:at + 8192]))
-        check(likeness > 0.9, f"at {at / listen.RATE:.0f} s the tones are only {likeness:.3f} like the recording's")
+        check(likeness > 0.9, f"at {at / listen.RATE:.0f} s the correlation of the tones is only {likeness:.3f}")
 
 
 def keys(sound):
-    """How strong each key is."""
+    """The level of each key."""
     return [listen.strength(sound, listen.key_to_hz(key)) for key in range(36, 76)]
 
 
 def profile(sound, step=2205):
-    """How loud each twentieth of a second is."""
+    """The level of each twentieth of a second."""
     return [statistics.fmean(map(abs, sound[at:at + step])) for at in range(0, len(sound) - step, step)]
 
 
 def aligned(one, other, most=5, step=2205):
-    """Both from the same moment on: a soft beginning may be found some hundredths of a second apart in them."""
+    """Aligns both sounds: a soft onset may be found some hundredths of a second apart in them."""
     def moved(by):
         return one[max(by, 0) * step:], other[max(-by, 0) * step:]
     return max(map(moved, range(-most, most + 1)), key=lambda both: correlation(*map(profile, both)))
@@ -259,7 +265,7 @@ def test(build):
         for lesson in (compose, play_chords, make_beat, edit, record, use_midi, set_up):
             lesson(lessons)
         taken = len(lessons.wizard.steps)
-        check(taken == STEPS, f"{taken} steps were taken and not {STEPS}")
+        check(taken == STEPS, f"{taken} steps were taken instead of {STEPS}")
         program.end()
         check(not list(lessons.media.iterdir()), "samples are left at the end")
 

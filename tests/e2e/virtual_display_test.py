@@ -1,4 +1,4 @@
-"""The virtual display of ./run is its user's alone: other users of the machine get neither at the display nor at VNC."""
+"""Only the user of ./run can use its virtual display: other users of the machine reach neither the display nor VNC."""
 
 import os
 import pathlib
@@ -12,7 +12,7 @@ from waiting import Failure, check, wait_until
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 OPEN = 'set -euo pipefail; . scripts/virtual_display.sh; open_virtual_display; ' \
        'echo "$DISPLAY $XAUTHORITY $vnc_port $vnc_password"; cat'  # until the test closes its input
-VNC_PASSWORD = 2  # the kind of security that asks for one; 1 asks for nothing
+VNC_PASSWORD = 2  # the security type with a password; type 1 has none
 
 
 def can_look(display, cookie_file):
@@ -25,13 +25,13 @@ def exactly(connection, count):
     got = b""
     while len(got) < count:
         part = connection.recv(count - len(got))
-        check(part, "the VNC server hangs up")
+        check(part, "the VNC server closed the connection")
         got += part
     return got
 
 
 def kinds_of_security(port):
-    """What the VNC server offers to one who connects; None while there is no server yet."""
+    """The security types that the VNC server offers; None while there is no server yet."""
     try:
         connection = socket.create_connection(("127.0.0.1", port), timeout=20)
     except ConnectionRefusedError:
@@ -42,13 +42,13 @@ def kinds_of_security(port):
 
 
 def check_display(display, cookie_file, port, password):
-    check(can_look(display, cookie_file), "the display does not know its user's cookie")
-    check(not can_look(display, "/dev/null"), "the display lets in one without its cookie")
+    check(can_look(display, cookie_file), "the display refuses the cookie of its user")
+    check(not can_look(display, "/dev/null"), "the display accepts a client without the cookie")
     folder = pathlib.Path(cookie_file).parent
-    check(folder.stat().st_mode & 0o077 == 0, f"others may look into {folder}")
-    check(len(password) == 8, f"the password '{password}' has not the full length that VNC knows")
+    check(folder.stat().st_mode & 0o077 == 0, f"other users may read {folder}")
+    check(len(password) == 8, f"the password '{password}' does not have the eight characters that VNC uses")
     offered = wait_until(lambda: kinds_of_security(int(port)), "the VNC server")
-    check(offered == [VNC_PASSWORD], f"VNC offers kinds of security {offered}, and not only the password")
+    check(offered == [VNC_PASSWORD], f"VNC offers the security types {offered} instead of only the password")
 
 
 def opened():
@@ -69,10 +69,10 @@ def test():
             check(not can_look(display, of_other[1]), "the second display's cookie opens the first")
         finally:
             other.communicate()
-        check(can_look(display, cookie_file), "the end of the second display was that of the first")
+        check(can_look(display, cookie_file), "the end of the second display ended the first")
     finally:
         shell.communicate()
-    check(not pathlib.Path(cookie_file).parent.exists(), "the cookie stays after the end")
+    check(not pathlib.Path(cookie_file).parent.exists(), "the cookie is still there after the end")
     wait_until(lambda: not pathlib.Path(f"/tmp/.X11-unix/X{display[1:]}").exists(), "the end of the display")
 
 

@@ -1,12 +1,12 @@
-"""What a test waits for and what it does not find."""
+"""Waiting for conditions, and failures of a test."""
 
 import time
 
-PATIENCE_S = 20  # a loaded machine may need long for anything; who waits looks every few milliseconds
+PATIENCE_S = 60  # a busy machine may need long; conditions are checked every few milliseconds
 
 
 class Failure(Exception):
-    """What the test did not find."""
+    """A condition that did not hold."""
 
 
 def check(condition, message):
@@ -15,11 +15,11 @@ def check(condition, message):
 
 
 def wait_until(question, what, patience=PATIENCE_S):
-    """Asks until the answer is yes, and returns the answer."""
+    """Calls the function until its result is true, and returns that result."""
     deadline = time.monotonic() + patience
     while True:
         answer = question()
         if answer:
             return answer
-        check(time.monotonic() < deadline, f"waited in vain: {what}")
+        check(time.monotonic() < deadline, f"timed out waiting for {what}")
         time.sleep(0.01)

@@ -1,4 +1,4 @@
-"""The Tutorial Wizard under the mouse: its tabs, its steps and their hints."""
+"""Drives the Tutorial Wizard with the mouse: its tabs, its steps and their hints."""
 
 import itertools
 import os
@@ -12,10 +12,10 @@ TABS = {"Composition": 60, "Polyphonics": 152, "Percussion": 243, "Editing": 325
 TAB_TOP = 50
 FIRST_STEP = (80, 132)
 STEP_HEIGHT = 24
-SHOW_TIPS = (565, 451)  # in its box, beside the tick
+SHOW_TIPS = (565, 451)  # inside its box, beside the tick
 CLOSE = (647, 14)
 
-# The lesson Midi has a heading above this step, so that it and those behind it stand a line lower.
+# The lesson Midi has a heading above this step, which moves it and the following steps down by a line.
 BEHIND_HEADING = 2
 
 END_OF_BAR = 420  # of the highlight of a step
@@ -23,19 +23,18 @@ END_OF_BAR = 420  # of the highlight of a step
 PAPER, BAR = (255, 255, 255), (68, 74, 134)
 NOTES = ((255, 0, 0), (0, 0, 255))
 
-# Every way to close a hint after which its step is performed; the steps take turns.
+# The ways to close a hint so that its step is performed. The steps use them in turn.
 CLOSINGS = ("text", "double click", "button", "Return", "space")
 
-# What a loaded machine may need for a song with all that it waits for.
+# The time that a busy machine may need for a song and its waits.
 SONG_PATIENCE_S = 90
 
 
 class Wizard:
-    """The tutorial's window, opened with its button and put where it covers no notes and no toolbar covers it.
+    """The window of the tutorial, opened with its button and moved to a place where nothing overlaps it.
 
-    It opens there again when it has been moved there before.
-    Where the environment names a folder in VELORIN_TUTORIAL_PICTURES, the screen is kept there at every hint and
-    behind every step.
+    The next time it opens at that place.
+    If VELORIN_TUTORIAL_PICTURES names a folder, the screen is saved there at every hint and after every step.
     """
 
     def __init__(self, desk, program, moved=False):
@@ -65,17 +64,17 @@ class Wizard:
         self.desk.click(self.left + TABS[lesson], self.top + TAB_TOP)
 
     def is_free(self):
-        """While a song plays the wizard takes no click, and the box at its foot is grey."""
+        """While a song plays, the wizard takes no clicks, and the box at its bottom is grey."""
         return self.desk.screen.pixel(self.left + SHOW_TIPS[0], self.top + SHOW_TIPS[1]) == PAPER
 
     def wait_until_free(self):
-        wait_until(self.is_free, "the wizard takes clicks", SONG_PATIENCE_S)
+        wait_until(self.is_free, "the wizard to accept clicks", SONG_PATIENCE_S)
 
     def step(self, index, until=None, meanwhile=None, pause=0):
-        """Clicks a step and closes its hint; waits until what it does is done, and for the end of what it plays.
+        """Clicks a step and closes its hint. Waits for its effect and for the end of its sound.
 
-        `meanwhile` is done once the hint has been closed: what a user does while the step waits for it. `pause` is for
-        the wait in seconds with which the step itself ends, and which nothing shows.
+        `meanwhile` is called after the hint is closed, for what a user does while the step waits for it. `pause` is
+        the time in seconds that the step waits at its end, which nothing shows.
         """
         self.wait_until_free()
         line = index + (self.lesson == "Midi" and index >= BEHIND_HEADING)
@@ -90,7 +89,7 @@ class Wizard:
         if meanwhile:
             meanwhile()
         if until:
-            wait_until(until, f"what step {index} of the lesson {self.lesson} does", SONG_PATIENCE_S)
+            wait_until(until, f"the effect of step {index} of the lesson {self.lesson}", SONG_PATIENCE_S)
         self.wait_until_free()
         time.sleep(pause)
         self.keep(f"{index:02}-done")
@@ -100,20 +99,20 @@ class Wizard:
         self.steps.add((self.lesson, index))
 
     def decline(self, line):
-        """Escape closes a hint too, and leaves its step for later."""
+        """Escape closes a hint without performing its step."""
         self.click_on(self.top + FIRST_STEP[1] + STEP_HEIGHT * line)
         self.desk.settled(self.desk.window("Velorin Wizard"))
         self.desk.key("Escape")
         self.desk.no_window("Velorin Wizard")
 
     def click_on(self, y):
-        """Clicks a step once it is highlighted: a window that a dialog has just left does not see the mouse yet."""
+        """Clicks a step once it is highlighted: just after a dialog closes, a window does not notice the mouse yet."""
         places = itertools.cycle((self.left + FIRST_STEP[0], self.left + FIRST_STEP[0] + 1))
 
         def is_seen():
             self.desk.point(next(places), y)
             return self.desk.screen.pixel(self.left + END_OF_BAR, y) == BAR
-        wait_until(is_seen, "the wizard sees the mouse", SONG_PATIENCE_S)
+        wait_until(is_seen, "the wizard to notice the mouse", SONG_PATIENCE_S)
         self.desk.tool("mousedown", LEFT, "mouseup", LEFT)
 
     def close_hint(self, place, by):
@@ -121,7 +120,7 @@ class Wizard:
         if by == "text":
             self.desk.click(x + 120, y + 60)
         elif by == "double click":
-            # At the left edge, which lies on the tableau: the second press must not draw there.
+            # At the left edge, which is above the tableau: the second press must not draw there.
             self.double_clicked = (x + 14, y + height - 20)
             self.desk.tool("mousemove", *self.double_clicked, "click", "--repeat", 2, "--delay", 60, LEFT)
         elif by == "button":

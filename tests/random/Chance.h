@@ -1,4 +1,4 @@
-// Chance that can be had again: the same seed gives the same numbers on every machine.
+// Reproducible random numbers: the same seed gives the same numbers on every machine.
 #pragma once
 
 #include <array>

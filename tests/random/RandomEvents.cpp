@@ -1,8 +1,7 @@
-// Where a random user points, and how an event is sent: by the way that the window system's own
-// take.
+// Chooses random places and sends events to them, in the same way as the window system.
 #include "RandomUser.h"
 
-#include "program/Form1.h"
+#include "windows/main/Form1.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -26,7 +25,7 @@ struct Key {
     Qt::KeyboardModifiers modifiers = Qt::NoModifier;
 };
 
-/// Each shortcut, what moves the focus, what changes a control, and what does nothing.
+/// All shortcuts, keys that move the focus or change a control, and keys without effect.
 const std::array<Key, 35> keys{{
     {Qt::Key_Space},
     {Qt::Key_Space},
@@ -65,8 +64,10 @@ const std::array<Key, 35> keys{{
     {Qt::Key_F10, Qt::ShiftModifier},
 }};
 
-constexpr std::array<int, 5> listKeys{Qt::Key_Down, Qt::Key_Up, Qt::Key_Return, Qt::Key_Return,
-                                      Qt::Key_Escape};
+/// Letters search the lists of instruments.
+constexpr std::array<int, 8> listKeys{Qt::Key_Down,   Qt::Key_Up,       Qt::Key_Return,
+                                      Qt::Key_Return, Qt::Key_Escape,   Qt::Key_1,
+                                      Qt::Key_End,    Qt::Key_Backspace};
 
 bool isOfTheProgram(const QWidget& window) {
     const Qt::WindowType type = window.windowType();
@@ -81,7 +82,7 @@ QString textOf(const Key& key) {
 
 } // namespace
 
-// The main window as often as all others.
+// The main window is chosen as often as all others together.
 QWidget* RandomUser::anyWindow() {
     Form1& form1 = host_.program.form1();
     if (chance_.oneOf(2) && isOfTheProgram(form1))
@@ -94,7 +95,7 @@ QWidget* RandomUser::anyWindow() {
     return windows.isEmpty() ? &form1 : windows.at(chance_.below(static_cast<int>(windows.size())));
 }
 
-// Controls of the main window by what they are worth: the tableaux first.
+// Controls of the main window by importance: the tableaux first.
 QWidget* RandomUser::anyControlOf(QWidget& window) {
     Form1& form1 = host_.program.form1();
     if (&window == &form1) {
@@ -106,7 +107,7 @@ QWidget* RandomUser::anyControlOf(QWidget& window) {
         if (share < 74)
             return form1.area->Pic1;
     }
-    // The button that begins a recording, and ends it.
+    // The button that starts and stops a recording.
     if (auto* record = window.findChild<QWidget*>("Label1");
         record != nullptr && window.objectName() == "Record" && chance_.oneOf(4))
         return record;
@@ -145,7 +146,7 @@ RandomUser::Place RandomUser::anyPlace() {
     return {window, point, hit};
 }
 
-// Half a second apart, so that two presses are no double click but by purpose.
+// Half a second apart, so that double clicks happen only on purpose.
 void RandomUser::sendMouse(QEvent::Type type, QWidget& window, QPoint point,
                            Qt::MouseButton button) {
     ++tally_.events;
@@ -182,7 +183,7 @@ void RandomUser::turnWheel() {
     const Place place = anyPlace();
     if (place.window == nullptr)
         return;
-    // A list that takes the turn gives the notes of a selection another instrument.
+    // A list that takes the wheel changes the instrument of the selected notes.
     if (place.window == &host_.program.form1())
         expect(gridsOf(host_.program.studio().score), "a turn of the wheel");
     ++tally_.events;
@@ -229,8 +230,8 @@ void RandomUser::actInDialog(QWidget& dialog) {
         sendMouse(QEvent::MouseButtonRelease, dialog, point, Qt::LeftButton);
 }
 
-// One of the files that the dialog shows, or a name for a new one. What is no score would be read
-// as one, with a tempo and cells of any value.
+// Chooses a file of the dialog, or types a new name. A file that is not a score would be read as
+// one, with any values.
 void RandomUser::answer(QFileDialog& dialog) {
     ++tally_.events;
     const QString patterns = dialog.selectedNameFilter().section('(', 1).section(')', 0, 0);

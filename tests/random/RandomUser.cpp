@@ -1,8 +1,8 @@
-// The course of a session: one event after the other, and a look at the score between them.
+// A session: one event after another, with checks of the score between them.
 #include "RandomUser.h"
 
-#include "program/Form1.h"
-#include "score/Studio.h"
+#include "studio/Studio.h"
+#include "windows/main/Form1.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -13,8 +13,7 @@ using namespace velorin;
 
 namespace {
 
-/// Handlers inside one another, each of which keeps its part of the stack: nobody gets as far by
-/// hand in one session.
+/// The limit of nested handlers, which use stack. A real user does not reach it in one session.
 constexpr int deepestHandlers = 100;
 
 constexpr long eventsBetweenLooks = 50;
@@ -24,11 +23,11 @@ constexpr long eventsBetweenLooks = 50;
 RandomUser::RandomUser(RealHost& host, Chance& chance, Tally& tally, long events)
     : host_(host), chance_(chance), tally_(tally), last_(tally.events + events) {}
 
-// The tool windows are there from the start of most runs: the way to them is a small button.
+// The tool windows are open from the start in most runs, since their buttons are small.
 void RandomUser::begin() {
-    for (const char* name : {"Form2", "Record", "Record", "Wiz"}) {
+    for (const Tool tool : {Tool::editing, Tool::recording, Tool::recording, Tool::tutorial}) {
         if (chance_.percent(60))
-            QTimer::singleShot(1, this, [this, name] { host_.program.showWindow(name); });
+            QTimer::singleShot(1, this, [this, tool] { host_.program.windows.show(tool); });
     }
     host_.program.form1().area->MusicBox->installEventFilter(this);
     planTick();
@@ -42,7 +41,7 @@ bool RandomUser::eventFilter(QObject* watched, QEvent* event) {
     return false;
 }
 
-// A timer of its own for each event: one that is running is not fired again inside its handler.
+// A new timer for each event: a timer does not fire again inside its own handler.
 void RandomUser::planTick() {
     QTimer::singleShot(1, this, [this] { tick(); });
 }
@@ -64,15 +63,15 @@ void RandomUser::tick() {
     needsArrival_ = false;
     hasArrived_ = false;
     act();
-    // What an event inside this one has done is none of the foretold.
+    // The prediction does not include the effect of an event inside this one.
     if (own == ticks_ && !host_.program.hasEnded())
         compare();
     --depth_;
     if (host_.program.hasEnded())
         return;
     const Run& run = host_.program.studio().run;
-    tally_.whilePlaying += run.IsPlaying != flagClear ? 1 : 0;
-    tally_.whileRecording += run.RecordingFlag != flagClear ? 1 : 0;
+    tally_.whilePlaying += run.IsPlaying.isSet() ? 1 : 0;
+    tally_.whileRecording += run.RecordingFlag.isSet() ? 1 : 0;
     if (tally_.events % eventsBetweenLooks == 0)
         look();
 }
@@ -85,7 +84,7 @@ void RandomUser::expect(std::optional<Grids> grids, const char* what) {
 void RandomUser::compare() {
     if (!expected_)
         return;
-    // A window that opens in the middle of a drag takes its release, and nothing is drawn.
+    // A window that opens during a drag takes the release, and nothing is drawn.
     const Grids actual = gridsOf(host_.program.studio().score);
     const std::string wrong = differences(actual, *expected_);
     if (!wrong.empty() && needsArrival_ && (!hasArrived_ || differences(actual, before_).empty())) {
@@ -96,7 +95,7 @@ void RandomUser::compare() {
     if (needsArrival_ && !differences(*expected_, before_).empty())
         ++tally_.changes;
     if (!wrong.empty())
-        tally_.trouble = std::string("behind ") + what_ + wrong;
+        tally_.trouble = std::string("after ") + what_ + wrong;
     expected_.reset();
 }
 
@@ -105,7 +104,7 @@ void RandomUser::look() {
     if (tally_.trouble.empty())
         tally_.trouble = wrongValue(studio);
     if (tally_.trouble.empty() && !comesBackFromItsFile(studio.score))
-        tally_.trouble = "the score does not come back from its file";
+        tally_.trouble = "the score changes when it is saved and opened";
 }
 
 void RandomUser::act() {
@@ -152,7 +151,7 @@ QPoint RandomUser::inMusicBox(const QWidget& window, QPoint point) const {
     return host_.program.form1().area->MusicBox->mapFromGlobal(window.mapToGlobal(point));
 }
 
-// The grids change at the release alone, but for a right press, which erases at once.
+// The grids change only at the release, except for a right press, which erases at once.
 void RandomUser::press() {
     const Place place = anyPlace();
     const int share = chance_.below(100);

@@ -1,6 +1,5 @@
-// A user who presses, drags, scrolls and types wherever the windows let him, one event a
-// millisecond, also while songs play and recordings run inside the handlers of what he has pressed
-// before.
+// A user who presses, drags, scrolls and types at random places of the windows, one event per
+// millisecond, also while songs play and recordings run inside handlers of earlier events.
 #pragma once
 
 #include "Chance.h"
@@ -22,13 +21,13 @@ namespace randomly {
 
 class RandomUser : public QObject {
 public:
-    /// Ends the program by its exit command after `events` more events, or where handlers lie too
-    /// deep inside one another.
+    /// Ends the program with its exit command after `events` more events, or when handlers are
+    /// nested too deep.
     RandomUser(RealHost& host, Chance& chance, Tally& tally, long events);
 
     void begin();
 
-    /// Watches the tableau for what reaches it.
+    /// Watches the events that reach the tableau.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -65,7 +64,7 @@ private:
 
     [[nodiscard]] bool isOnMusicBox(const Place& place) const;
     [[nodiscard]] QPoint inMusicBox(const QWidget& window, QPoint point) const;
-    /// From here to the end of the event the grids are watched.
+    /// The grids are watched from here to the end of the event.
     void expect(std::optional<Grids> grids, const char* what);
     void compare();
     void look();
@@ -79,16 +78,16 @@ private:
     long ticks_ = 0;
     int timestamp_ = 0;
 
-    QPointer<QWidget> heldIn_; ///< the window of the press, until its release
+    QPointer<QWidget> heldIn_; ///< the window of the press, until the release
     QPoint heldAt_;
     Qt::MouseButton held_ = Qt::NoButton;
     bool heldOnMusicBox_ = false;
     bool needsArrival_ = false;
-    bool hasArrived_ = false; ///< the press or release in hand, at the tableau
+    bool hasArrived_ = false; ///< whether the current press or release reached the tableau
     std::optional<DrawnNote> drawn_;
 
     std::optional<Grids> expected_;
-    Grids before_; ///< of a gesture that needs to arrive
+    Grids before_; ///< before a gesture that has to reach the tableau
     const char* what_ = "";
 };
 

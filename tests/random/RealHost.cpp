@@ -1,9 +1,9 @@
-// Putting the host together.
+// Puts the host together.
 #include "RealHost.h"
 
-#include "resources/HelpPages.h"
-#include "score/Studio.h"
-#include "windows/ToolWindows.h"
+#include "studio/Studio.h"
+#include "windows/frame/ToolWindows.h"
+#include "windows/help/HelpPages.h"
 
 #include <QApplication>
 
@@ -14,16 +14,16 @@ using namespace velorin;
 RealHost::RealHost(const std::filesystem::path& folder, Chance& chance)
     : sound_(folder, {folder / "Songs"}),
       loop_(sound_.clock()),
-      dialogs_(loop_, QString::fromStdString((folder / "Songs").string())),
       settings_(QString::fromStdString((folder / "settings.ini").string())),
+      dialogs_(loop_, settings_, QString::fromStdString((folder / "Songs").string())),
       menus_(loop_),
-      kept_(folder / "state"),
+      history_(folder / "state" / "history"),
       systemFiles_(folder / "config"),
       encoder_(folder.string()),
       desktop(chance),
       platform_{sound_.clock(), loop_,        sound_.midi(), sound_.mci(),    dialogs_,
                 boxes_,         files_,       settings_,     desktop,         menus_,
-                timers_,        systemFiles_, encoder_,      folder.string(), &kept_},
+                timers_,        systemFiles_, encoder_,      folder.string(), &history_},
       program(platform_) {
     desktop.setHelp([this] {
         if (!help_)
@@ -31,17 +31,17 @@ RealHost::RealHost(const std::filesystem::path& folder, Chance& chance)
         help_->openFirstPage();
         return help_->hasPages();
     });
-    addToolWindows(program);
 }
 
 RealHost::~RealHost() = default;
 
-void RealHost::run() {
-    const host::StreamRest rest(sound_,
-                                [this] { return program.studio().run.IsPlaying != flagClear; });
+void RealHost::run(const std::function<void()>& started) {
+    const host::IdleStream rest(sound_, [this] { return program.studio().run.IsPlaying.isSet(); });
     sound_.begin();
-    if (program.start() && !program.hasEnded())
+    if (program.start() && !program.hasEnded()) {
+        started();
         QApplication::exec();
+    }
     program.Command3_Click();
 }
 

@@ -1,9 +1,10 @@
-// Ranges, the way through the file, and the drawing of notes told once more, in its own words.
+// Checks ranges and the round trip through the file, and implements the drawing of notes a second
+// time.
 #include "ScoreWatch.h"
 
-#include "score/ScoreReader.h"
-#include "score/ScoreWriter.h"
-#include "score/Studio.h"
+#include "model/ScoreReader.h"
+#include "model/ScoreWriter.h"
+#include "studio/Studio.h"
 
 #include <algorithm>
 #include <memory>
@@ -17,15 +18,15 @@ namespace {
 
 constexpr int boxPx = 12;
 constexpr int mostPitch =
-    400; ///< lines below the last key can be drawn on, as far as a screen goes
+    400; ///< lines below the last key can be drawn on, down to the end of a screen
 
 bool isNote(int cell) {
     return cell == -1 || (cell >= 0 && cell <= mostPitch) ||
            (cell >= 1000 && cell <= 1000 + mostPitch);
 }
 
-/// A Setup Toolbar that was closed comes back with the next read of one of its boxes, and lays the
-/// window out anew, with other lines at other places.
+/// A closed Setup Toolbar is loaded by the next read of one of its boxes, which lays out the main
+/// window again and moves its lines.
 bool staysAsItIs(const Studio& studio) {
     return studio.run.IsPlaying == 0 && studio.run.EditMode == 0 && studio.run.Form3Open != 0;
 }
@@ -109,8 +110,8 @@ std::string wrongValue(const Studio& studio) {
     for (const Flag flag : {run.IsPlaying, run.PauseFlag, run.LoopSong, run.ShowNotePosition,
                             run.RecordingFlag, run.SoundFinished, run.Form2Open, run.Form3Open,
                             run.RecordToolbarOpen, run.WizOpen, studio.drag.MouseHeld}) {
-        if (!isFlag(flag))
-            return "a flag is " + std::to_string(flag);
+        if (!isFlag(flag.number))
+            return "a flag is " + std::to_string(flag.number);
     }
     const std::string wrong = outOfRange({{"Tempo", score.Tempo, 20, 300},
                                           {"CurrentRow", score.CurrentRow, 0, 12},
@@ -133,7 +134,7 @@ bool comesBackFromItsFile(const Score& score) {
     reader.readTempo();
     reader.readRowInstruments();
     reader.readChordMarks();
-    // The first lane is not a row's, and is not written.
+    // The first lane belongs to no row and is not written.
     for (int lane = 1; lane < PolyGrid::rows; ++lane) {
         for (int column = 0; column < PolyGrid::columns; ++column) {
             if (again->PolyArray.at(lane, column) != score.PolyArray.at(lane, column))
@@ -159,14 +160,14 @@ bool DrawnNote::isStillIn(const Studio& studio) const {
            studio.drag.MouseLine == line_ && studio.drag.DragStart == column_;
 }
 
-// The head, the cells that go on with it, and behind them the rest of an overwritten note, which
-// becomes a note of its own.
+// Writes the head and its held cells. The rest of an overwritten note after them becomes a note of
+// its own.
 Grids DrawnNote::released(const Studio& studio, Grids before, int x) const {
     const int first = studio.view.FirstColumn;
     const int pitch = studio.view.TopPitch + line_;
     const int row = row_;
     const int last = std::max(std::min<int>(x / boxPx, studio.view.VisibleColumns), column_);
-    const std::int16_t instrument = studio.score.RowInstrument[static_cast<std::size_t>(row)];
+    const std::int16_t instrument = studio.score.RowInstrument[row];
     for (int column = column_; column <= last; ++column) {
         const int cell = column == column_ ? pitch : 1000 + pitch;
         before.notes.write(row, first + column, static_cast<std::int16_t>(cell));
@@ -186,7 +187,7 @@ std::optional<Grids> erased(const Studio& studio, int x, int y) {
     Grids grids = gridsOf(studio.score);
     const int row = studio.score.CurrentRow;
     const int first = studio.view.FirstColumn;
-    int column = x / boxPx; // on the screen, by which the marks go
+    int column = x / boxPx; // on the screen; marks are set by screen column
     const auto cell = [&] { return grids.notes.read(row, first + column); };
     if (!cell() || *cell() == -1)
         return grids;
@@ -194,7 +195,7 @@ std::optional<Grids> erased(const Studio& studio, int x, int y) {
     for (; cell() && *cell() >= 1000; --column)
         grids.marks.write(row + 1, column + 1, 0);
     if (!cell())
-        return std::nullopt; // held cells without a head, from the first column on
+        return std::nullopt; // held cells without a head, from the first column
     grids.notes.write(row, first + column, -1);
     grids.instruments.write(row, first + column, 0);
     grids.marks.write(row + 1, column + 1, 0);

@@ -1,8 +1,8 @@
-// What must hold of the score whatever the user does: its values stay in their ranges, it comes
-// back from its file as it was, and a gesture changes the cells that it is to change and no others.
+// Checks that must hold for any input: all values are in range, the score survives a round trip
+// through its file, and a gesture changes only the cells that it should.
 #pragma once
 
-#include "score/Score.h"
+#include "model/Score.h"
 
 #include <optional>
 #include <string>
@@ -13,7 +13,7 @@ struct Studio;
 
 namespace randomly {
 
-/// The three grids at a moment.
+/// A copy of the three grids.
 struct Grids {
     velorin::NoteGrid notes;
     velorin::NoteGrid instruments;
@@ -26,23 +26,23 @@ struct Grids {
 /// same.
 [[nodiscard]] std::string differences(const Grids& actual, const Grids& expected);
 
-/// What is wrong with the values of the studio; empty if nothing is.
+/// Which value of the studio is wrong; empty if none is.
 [[nodiscard]] std::string wrongValue(const velorin::Studio& studio);
 
-/// Whether the score is the same after a way through its file.
+/// True if the score is the same after writing and reading its file.
 [[nodiscard]] bool comesBackFromItsFile(const velorin::Score& score);
 
-/// A note drawn with the left button on the music tableau, foretold from the press.
+/// Predicts the note that a press with the left button on the music tableau will draw.
 class DrawnNote {
 public:
-    /// Taken before the press at (x, y) is sent; no value if that press draws nothing.
+    /// Call before the press at (x, y) is sent; no value if the press draws nothing.
     [[nodiscard]] static std::optional<DrawnNote> pressed(const velorin::Studio& studio, int x,
                                                           int y);
 
-    /// Whether it is the note of the drag in hand, which a release writes.
+    /// True if this is the note of the current drag, which a release writes.
     [[nodiscard]] bool isStillIn(const velorin::Studio& studio) const;
 
-    /// The grids behind a release at `x`; `before` is how they stand ahead of it.
+    /// The grids after a release at `x`, if they were `before` ahead of it.
     [[nodiscard]] Grids released(const velorin::Studio& studio, Grids before, int x) const;
 
 private:
@@ -51,8 +51,8 @@ private:
     int column_ = 0; ///< on the screen
 };
 
-/// The grids behind a right press at (x, y) that erases a note, foretold; no value if that press
-/// does something else.
+/// Predicts the grids after a right press at (x, y) that erases a note; no value if the press does
+/// something else.
 [[nodiscard]] std::optional<Grids> erased(const velorin::Studio& studio, int x, int y);
 
 } // namespace randomly

@@ -1,9 +1,10 @@
-// velorin-random: uses the real program by chance and watches the score, the memory and the end.
+// velorin-random: sends random events to the real program and checks the score, the memory and the
+// end.
 #include "RandomUser.h"
 #include "RealHost.h"
-#include "resources/Look.h"
-#include "resources/Samples.h"
 #include "support/ScriptedFiles.h"
+#include "tutorial/Samples.h"
+#include "windows/frame/Look.h"
 
 #include <QApplication>
 
@@ -26,10 +27,10 @@ namespace {
 
 using namespace randomly;
 
-/// A run of the program, from its start to its exit command.
+/// One run of the program, from its start to its exit command.
 constexpr long eventsOfARun = 2500;
 
-/// The first runs fill what is kept for good: fonts, pictures, the tables of the libraries.
+/// The first runs fill permanent caches: fonts, pictures, tables of libraries.
 constexpr std::size_t runsToSettle = 4;
 constexpr double mostGrowthMb = 24.0;
 
@@ -41,7 +42,7 @@ double heapMb() {
 #endif
 }
 
-// What this platform cannot do is no news in a test.
+// Hides warnings about features that this platform does not have.
 void dropPlatformNotes(QtMsgType type, const QMessageLogContext&, const QString& text) {
     if (!text.startsWith("This plugin does not support"))
         std::fprintf(stderr, "%s\n", qPrintable(text));
@@ -49,7 +50,7 @@ void dropPlatformNotes(QtMsgType type, const QMessageLogContext&, const QString&
         std::abort();
 }
 
-/// Handlers lie inside one another deeper than a user's do, and the sanitizers' frames are large.
+/// Handlers are nested deeper than with a real user, and sanitizers make stack frames large.
 void enlargeStack() {
     rlimit limit{};
     getrlimit(RLIMIT_STACK, &limit);
@@ -74,7 +75,7 @@ bool readArguments(int count, char** words, Wanted& wanted) {
     return count % 2 == 1 && wanted.events > 0;
 }
 
-/// Something to open from the first dialog on.
+/// Files for the first dialog.
 void putSongs(const std::filesystem::path& folder) {
     std::filesystem::create_directories(folder / "Songs");
     for (const char* name : {"101.sng", "104.sng", "301.sng", "333.mid"}) {
@@ -86,13 +87,14 @@ void putSongs(const std::filesystem::path& folder) {
 }
 
 void report(const Tally& tally, std::size_t runs) {
-    std::printf("%ld events in %zu runs of the program: %ld presses, %ld moves, %ld releases, "
-                "%ld keys, %ld turns of the wheel, %ld choices, %ld sizes\n"
-                "%ld while a song played, %ld while it was recorded; %d handlers deep; "
-                "%ld times every cell as foretold, %ld of them changed; %ld times not there\n",
-                tally.events, runs, tally.presses, tally.moves, tally.releases, tally.keys,
-                tally.turns, tally.choices, tally.sizes, tally.whilePlaying, tally.whileRecording,
-                tally.deepest, tally.checks, tally.changes, tally.lost);
+    std::printf(
+        "%ld events in %zu runs of the program: %ld presses, %ld moves, %ld releases, "
+        "%ld keys, %ld turns of the wheel, %ld choices, %ld sizes\n"
+        "%ld while a song played, %ld while it was recorded; handlers nested up to %d deep; "
+        "%ld predictions were right, %ld of them changed cells; %ld gestures were lost\n",
+        tally.events, runs, tally.presses, tally.moves, tally.releases, tally.keys, tally.turns,
+        tally.choices, tally.sizes, tally.whilePlaying, tally.whileRecording, tally.deepest,
+        tally.checks, tally.changes, tally.lost);
 }
 
 int session(const Wanted& wanted, const std::filesystem::path& folder) {
@@ -105,8 +107,7 @@ int session(const Wanted& wanted, const std::filesystem::path& folder) {
             RealHost host(folder, chance);
             RandomUser user(host, chance, tally,
                             std::min(eventsOfARun, wanted.events - tally.events));
-            user.begin();
-            host.run();
+            host.run([&user] { user.begin(); });
         }
         heap.push_back(heapMb());
         std::printf("run %zu: %ld events, heap %.1f MB\n", heap.size(), tally.events, heap.back());
@@ -115,12 +116,12 @@ int session(const Wanted& wanted, const std::filesystem::path& folder) {
     report(tally, heap.size());
     if (heap.size() > runsToSettle && heap.back() > heap[runsToSettle - 1] + mostGrowthMb)
         tally.trouble = "the heap has grown from run to run";
-    // A few gestures are overtaken by what opens meanwhile; a tableau that takes none is broken.
+    // Windows that open meanwhile intercept a few gestures. If the tableau gets none, it is broken.
     if (tally.trouble.empty() && tally.lost > tally.changes)
         tally.trouble = "more gestures were lost on the tableau than took effect";
     std::printf("seed %u: %s\n", wanted.seed,
                 tally.trouble.empty() ? "nothing wrong" : tally.trouble.c_str());
-    std::fflush(stdout); // what the sanitizers find at the end takes the rest with it
+    std::fflush(stdout); // an error that a sanitizer finds at the end discards buffered output
     return tally.trouble.empty() ? 0 : 1;
 }
 

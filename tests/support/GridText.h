@@ -1,8 +1,8 @@
-// The grids of a score as text that a reader of a test can check, and notes put into them.
+// Prints the grids of a score as text, and writes notes into them.
 #pragma once
 
-#include "score/Cell.h"
-#include "score/Score.h"
+#include "model/Cell.h"
+#include "model/Score.h"
 
 #include <string>
 

@@ -1,4 +1,4 @@
-// The note-ons and note-offs of a log, set against each other.
+// Matches the note-ons and note-offs of a log.
 #include "support/NoteLedger.h"
 
 #include <sstream>

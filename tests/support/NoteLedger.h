@@ -1,4 +1,4 @@
-// What still sounds on the MIDI devices of a test: each note-on without a note-off.
+// The notes that still sound on the MIDI devices of a test: each note-on without a note-off.
 #pragma once
 
 #include <cstddef>
@@ -9,22 +9,22 @@
 
 namespace scripted {
 
-/// Reads the log of `ScriptedMidi` line by line. A note-off, or a note-on at velocity 0, ends all
-/// that its key sounds on its channel; closing a device ends everything.
+/// Reads the log of `ScriptedMidi` line by line. A note-off, or a note-on with velocity 0, ends all
+/// notes of its key on its channel. Closing a device ends everything.
 class NoteLedger {
 public:
-    /// Takes the lines of `log` that have come since the last call. A log that has been emptied
-    /// meanwhile is read from its beginning.
+    /// Reads the lines of `log` since the last call. A log that was cleared meanwhile is read from
+    /// its beginning.
     void read(const std::vector<std::string>& log);
 
-    /// "0:67" for key 67 on channel 0, in the order of channels and keys; "0:67 x2" for one that
-    /// was begun twice.
+    /// "0:67" for key 67 on channel 0, ordered by channel and key; "0:67 x2" for a note that was
+    /// started twice.
     [[nodiscard]] std::vector<std::string> left() const;
 
-    /// The same without the percussion channel, whose sounds end by themselves.
+    /// The same without the percussion channel, whose sounds end on their own.
     [[nodiscard]] std::vector<std::string> leftMelodic() const;
 
-    /// Notes begun so far.
+    /// Notes started so far.
     [[nodiscard]] int begun() const { return begun_; }
 
 private:

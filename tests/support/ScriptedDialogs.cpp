@@ -1,4 +1,4 @@
-// What the dialogs write down, and which answer they take.
+// The logs of the dialogs and the choice of their answers.
 #include "support/ScriptedDialogs.h"
 
 #include <algorithm>
@@ -32,6 +32,16 @@ void ScriptedBoxes::MsgBox(platform::BoxIcon icon, const std::string& title,
                            const std::string& text) {
     constexpr const char* names[] = {"none", "information", "exclamation", "critical"};
     log.push_back(std::string(names[static_cast<int>(icon)]) + ";" + title + ";" + text);
+}
+
+bool ScriptedBoxes::ask(const platform::BoxQuestion& question) {
+    log.push_back("question;" + question.title + ";" + question.text + ";" + question.action + ";" +
+                  question.keep);
+    if (answers.empty())
+        return false;
+    const bool answer = answers.front();
+    answers.pop_front();
+    return answer;
 }
 
 std::string ScriptedMenus::PopupMenu(const std::string& menu,

@@ -1,4 +1,4 @@
-// File dialogs, message boxes and popup menus that a test answers beforehand.
+// File dialogs, message boxes and popup menus with answers that a test sets in advance.
 #pragma once
 
 #include "platform/Dialogs.h"
@@ -18,8 +18,8 @@ public:
     std::optional<platform::FileDialogAnswer>
     GetSaveFileNameA(const platform::FileDialogRequest& request) override;
 
-    /// Answers in the order of the dialogs; no value cancels one. With none left a dialog is
-    /// cancelled.
+    /// Answers in the order of the dialogs; no value cancels a dialog. Without an answer a dialog
+    /// is cancelled.
     std::deque<std::optional<platform::FileDialogAnswer>> answers;
     std::vector<std::string> log; ///< "open;title;filter;1004": kind, title, filter, flags in hex
 
@@ -28,12 +28,14 @@ private:
                                                    const platform::FileDialogRequest& request);
 };
 
-/// Every box is answered with OK at once.
+/// Every box is answered at once: a text with OK, a question by the next of `answers`, else no.
 class ScriptedBoxes final : public platform::MessageBoxes {
 public:
     void MsgBox(platform::BoxIcon icon, const std::string& title, const std::string& text) override;
+    bool ask(const platform::BoxQuestion& question) override;
 
-    std::vector<std::string> log; ///< "exclamation;title;text"
+    std::deque<bool> answers;
+    std::vector<std::string> log; ///< "exclamation;title;text", "question;title;text;action;keep"
 };
 
 class ScriptedMenus final : public platform::PopupMenus {
@@ -41,8 +43,8 @@ public:
     std::string PopupMenu(const std::string& menu,
                           const std::vector<platform::PopupEntry>& entries) override;
 
-    /// Entry names in the order of the menus. With none left, or for one that the menu does not
-    /// have, nothing is chosen.
+    /// Entry names in the order of the menus. Without a name, or for an unknown name, nothing is
+    /// chosen.
     std::deque<std::string> choices;
     std::vector<std::string> log; ///< "mnuCommand2;Cut;*Loop;-;Help": name, then captions
 };

@@ -48,7 +48,7 @@ std::uint32_t ScriptedEncoder::beInitStream(const platform::ConfigRecord& config
     if (const std::uint32_t code = codeOf("init"); code != platform::encoderSuccess)
         return code;
     samplesOut = samples;
-    sizeOut = std::max(outputSize, chunkBytes); // so that the answers below always have room
+    sizeOut = std::max(outputSize, chunkBytes); // room for the answers below
     stream = 1;
     return platform::encoderSuccess;
 }

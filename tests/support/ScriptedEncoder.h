@@ -1,4 +1,4 @@
-// An encoder library of a test: it keeps a log and gives the same few bytes for whatever it gets.
+// An encoder library for tests: it keeps a log and returns the same few bytes for any input.
 #pragma once
 
 #include "platform/Encoder.h"
@@ -22,9 +22,9 @@ public:
     std::uint32_t beCloseStream(platform::EncoderStream stream) override;
 
     bool absent = true;
-    std::uint32_t samples = 0;    ///< what the init call answers
-    std::uint32_t outputSize = 0; ///< and its second answer
-    /// The code that a call ("init", "chunk", "flush", "close") answers with; 0 if it has none.
+    std::uint32_t samples = 0;    ///< the answer of the init call
+    std::uint32_t outputSize = 0; ///< the second answer of the init call
+    /// The code that a call ("init", "chunk", "flush", "close") returns; 0 if none is set.
     std::map<std::string, std::uint32_t> failures;
 
     /// "init 00 01 ...", "chunk 1152 1A2B3C4D" (the CRC-32 of the input), "flush", "close".

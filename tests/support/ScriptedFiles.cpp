@@ -1,7 +1,7 @@
-// File operations on the host's files, with the test's own refusals in front.
+// Operations on the host's files, with simulated refusals.
 #include "support/ScriptedFiles.h"
 
-#include "platform/CaseBlind.h"
+#include "platform/PathLookup.h"
 
 #include <algorithm>
 #include <fstream>
@@ -14,7 +14,7 @@ namespace scripted {
 
 namespace fs = std::filesystem;
 
-// The program lower-cases names, so the folder's own name has no capitals.
+// The program lower-cases names, so the name of the folder has no capitals.
 TemporaryFolder::TemporaryFolder() {
     std::random_device source;
     std::error_code error;
@@ -40,7 +40,7 @@ std::unique_ptr<std::istream> ScriptedFiles::openForInput(const std::string& nam
     return stream->is_open() ? std::move(stream) : nullptr;
 }
 
-std::unique_ptr<std::ostream> ScriptedFiles::openForOutput(const std::string& name) {
+std::unique_ptr<std::ostream> ScriptedFiles::openForOutput(const std::string& name) const {
     const fs::path path = platform::resolveForWriting(name);
     if (name.empty() || !mayWrite(path))
         return nullptr;
@@ -61,7 +61,7 @@ std::unique_ptr<std::iostream> ScriptedFiles::updated(const std::string& name,
     std::error_code error;
     if (name.empty() || !mayWrite(path) || fs::is_directory(path, error))
         return nullptr;
-    // Opening for reading as well keeps what the file holds, and makes no file.
+    // Opening for reading too keeps the contents and creates no file.
     if (!fs::exists(path, error))
         std::ofstream(path, std::ios::binary | std::ios::app).close();
     auto stream =

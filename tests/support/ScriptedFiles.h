@@ -1,4 +1,4 @@
-// Real files in a folder of the test's own, some of which may be made unwritable.
+// Real files in a folder of the test; a test can make some of them unwritable.
 #pragma once
 
 #include "platform/Files.h"
@@ -8,7 +8,7 @@
 
 namespace scripted {
 
-/// A new empty folder, removed with all it holds at the end.
+/// A new empty folder, removed with its contents at the end.
 class TemporaryFolder {
 public:
     TemporaryFolder();
@@ -22,11 +22,10 @@ private:
     std::filesystem::path path_;
 };
 
-/// Refusals are decided here and not by the host's permissions, which do not bind every user.
+/// Refusals are simulated here, since permissions do not apply to root.
 class ScriptedFiles final : public platform::Files {
 public:
     std::unique_ptr<std::istream> openForInput(const std::string& name) override;
-    std::unique_ptr<std::ostream> openForOutput(const std::string& name) override;
     std::unique_ptr<std::ostream> openForBinary(const std::string& name) override;
     std::unique_ptr<std::iostream> openForUpdate(const std::string& name) override;
     platform::WriteError replace(const std::string& name, const std::string& bytes) override;
@@ -34,14 +33,16 @@ public:
     bool canRead(const std::string& name) override;
     bool remove(const std::string& name) override;
     bool createFolder(const std::string& name) override;
-    bool sync(const std::string& name) override; ///< false for what cannot be written
+    bool sync(const std::string& name) override; ///< false for an unwritable file
     bool syncFails = false;
 
-    /// From now on this file, or whatever lies in this folder, cannot be written, renamed or
-    /// deleted, and nothing new comes into the folder.
+    /// For tests: a stream to a new or truncated file, null if it cannot be written.
+    [[nodiscard]] std::unique_ptr<std::ostream> openForOutput(const std::string& name) const;
+
+    /// Makes a file, or everything in a folder, unwritable: no write, rename, deletion or new file.
     void makeReadOnly(const std::string& name);
 
-    /// Unless it is `none`, how every `replace` and `overwrite` fails. The file stays as it is.
+    /// How every `replace` and `overwrite` fails, unless it is `none`. The file does not change.
     platform::WriteError writeError = platform::WriteError::none;
 
 private:

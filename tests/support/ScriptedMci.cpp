@@ -1,4 +1,4 @@
-// Finding the answer to a command string.
+// Finds the answer to a command string.
 #include "support/ScriptedMci.h"
 
 #include "platform/Text.h"

@@ -1,4 +1,4 @@
-// The command-string interface of a test: it keeps a log and answers what it was told to answer.
+// The command-string interface for tests: it keeps a log and returns the answers that the test set.
 #pragma once
 
 #include "platform/Mci.h"
@@ -19,8 +19,8 @@ public:
 
     void noteSpelling(const std::string& name) override { spelling = name; }
 
-    /// From now on a command that begins with `prefix` (case does not count) is answered so. The
-    /// newest reply that matches counts; with none the answer is 0 and an empty text.
+    /// Sets the answer to commands that begin with `prefix`, case-insensitive. The newest matching
+    /// reply is used. Without one the answer is 0 and an empty text.
     void reply(const std::string& prefix, std::uint32_t code, const std::string& text);
 
     std::string spelling;         ///< of the file that was chosen last

@@ -1,4 +1,4 @@
-// How messages are written down.
+// Logs messages.
 #include "support/ScriptedMidi.h"
 
 #include <cstdio>
@@ -19,8 +19,7 @@ std::string ScriptedMidi::midiOutGetDevCapsA(int index) {
     return devices_[static_cast<std::size_t>(index)].name;
 }
 
-// The mapper finds a device that opens wherever there is one, so it opens as long as the list is
-// not empty.
+// The mapper finds any device that opens, so it opens unless the list is empty.
 bool ScriptedMidi::opens(int index) const {
     if (index == mapper)
         return !devices_.empty();

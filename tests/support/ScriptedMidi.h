@@ -1,4 +1,4 @@
-// MIDI devices that keep a log of what they are sent.
+// MIDI devices that keep a log of their messages.
 #pragma once
 
 #include "platform/MidiOut.h"
@@ -20,11 +20,11 @@ public:
     std::uint32_t midiOutClose(platform::MidiOutHandle handle) override;
     std::uint32_t midiOutShortMsg(platform::MidiOutHandle handle, std::uint32_t message) override;
 
-    /// A name that begins with '!' is a device that fails to open; the '!' is no part of it.
+    /// A name that begins with '!' is a device that fails to open; the '!' is not part of the name.
     void setDevices(const std::vector<std::string>& names);
 
-    /// "0.120 90 43 7F", "0.120 open 0", "0.120 close", "0.120 fail 0". What goes to no open device
-    /// leaves no line.
+    /// "0.120 90 43 7F", "0.120 open 0", "0.120 close", "0.120 fail 0". Messages to a closed device
+    /// are not logged.
     std::vector<std::string> log;
 
 private:

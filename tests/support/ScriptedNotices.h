@@ -1,4 +1,4 @@
-// Notices that a test reads instead of a user.
+// Stores notices for tests.
 #pragma once
 
 #include "platform/Notices.h"
@@ -8,7 +8,7 @@
 
 namespace scripted {
 
-/// Keeps what was posted; no window is asked to show it unless a test calls `callback`.
+/// Stores the posted notices. They are shown only if a test calls `callback`.
 class ScriptedNotices final : public platform::Notices {
 public:
     void post(const platform::Notice& notice) override { posted.push_back(notice); }
@@ -21,7 +21,7 @@ public:
     }
     void onPosted(std::function<void()> given) override { callback = std::move(given); }
 
-    std::vector<platform::Notice> posted; ///< oldest first, without those that were taken
+    std::vector<platform::Notice> posted; ///< oldest first, without those that were read
     std::function<void()> callback;
 };
 

@@ -1,4 +1,4 @@
-// The settings store of a test, its random numbers, and the assembly of the host.
+// The settings and the random numbers for tests, and the host made of all parts.
 #include "support/ScriptedPlatform.h"
 
 #include "platform/Text.h"

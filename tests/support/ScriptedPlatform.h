@@ -1,5 +1,5 @@
-// A whole host for a test: virtual time, devices that keep logs, dialogs that are answered
-// beforehand, real files in a folder of its own.
+// A complete host for tests: virtual time, devices that keep logs, dialogs with answers set in
+// advance, and real files in a temporary folder.
 #pragma once
 
 #include "platform/Desktop.h"
@@ -23,7 +23,7 @@
 
 namespace scripted {
 
-/// Keys and sections do not mind case. Everything is kept until the end of the test.
+/// Keys and sections are case-insensitive. Everything is kept until the end of the test.
 class ScriptedSettings final : public platform::Settings {
 public:
     std::string GetSetting(const std::string& section, const std::string& key,
@@ -38,7 +38,8 @@ private:
     std::map<std::pair<std::string, std::string>, std::string> values_;
 };
 
-/// The system's folder is the program's; what its INI files hold is kept to the end of the test.
+/// The system's folder is the program's folder. The values of its INI files are kept until the end
+/// of the test.
 class ScriptedSystemFiles final : public platform::SystemFiles {
 public:
     explicit ScriptedSystemFiles(std::string folder) : folder_(std::move(folder)) {}
@@ -71,19 +72,25 @@ public:
         programs.push_back("mixer " + path);
         return true;
     }
-    double Rnd() override; ///< the next of `randoms`; 0 when there is none
+    bool openFile(const std::string& path) override {
+        programs.push_back("file " + path);
+        return true;
+    }
+    void showInFolder(const std::string& path) override { programs.push_back("folder " + path); }
+    double Rnd() override; ///< the next of `randoms`; 0 if there is none
 
     platform::SizePx screen{1024, 768};
-    std::vector<platform::Screen> otherScreens; ///< in place of the one, if there are any
-    bool standsApart = false;                   ///< the places of the first start are those by rule
+    std::vector<platform::Screen> otherScreens; ///< replace the single screen if there are any
+    bool standsApart = false; ///< tool windows get their default places at the first start
     platform::PointPx cursor;
     bool anotherCopy = false;
     bool isEndAnnounced = false;
     std::deque<double> randoms;
-    std::vector<std::string> programs; ///< what was started outside: "help name", "mixer path"
+    std::vector<std::string> programs; ///< the programs that were started: "help name", "mixer
+                                       ///< path", "file path", "folder path"
 };
 
-/// The interfaces refer to this object, so it stays where it is and outlives every user.
+/// The interfaces refer to this object, so it cannot move and must outlive its users.
 class ScriptedPlatform {
 public:
     ScriptedPlatform();

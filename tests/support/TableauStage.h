@@ -1,24 +1,21 @@
-// The work area of the main window on a scripted host, with no window around it.
+// The work area of the main window on a scripted host, without a window around it.
 #pragma once
 
-#include "playback/NoDesk.h"
-#include "playback/NoteSounding.h"
-#include "score/PlainSetup.h"
-#include "score/Studio.h"
+#include "session/Session.h"
 #include "support/ScriptedPlatform.h"
-#include "tableaux/MainLayout.h"
-#include "tableaux/MusicTableau.h"
-#include "tableaux/PercussionTableau.h"
-#include "tableaux/Picmain.h"
-#include "tableaux/PolyTableau.h"
-#include "tableaux/TableauDesk.h"
+#include "windows/main/MainLayout.h"
+#include "windows/main/MusicTableau.h"
+#include "windows/main/PercussionTableau.h"
+#include "windows/main/Picmain.h"
+#include "windows/main/PolyTableau.h"
+#include "windows/main/TableauDesk.h"
 
 #include <string>
 #include <vector>
 
 namespace scripted {
 
-/// A main window of a size that the test sets; the tool strip is 46 high.
+/// A main window whose size the test sets; the toolbar is 46 high.
 class PlainTableauDesk final : public velorin::TableauDesk {
 public:
     int width = 640;
@@ -37,25 +34,23 @@ public:
     int picture2Width() override { return 104; }
     void popupCommand1() override { popups.emplace_back("Command1"); }
     void popupCommand2() override { popups.emplace_back("Command2"); }
-    std::string Combo1Entry(int index) override { return std::to_string(index) + " Melody"; }
-    std::string Combo5Entry(int index) override { return std::to_string(index) + " Drum"; }
 };
 
 /// Everything that draws and lays out. Needs an application object; nothing is shown.
 struct TableauStage {
     ScriptedPlatform host;
-    velorin::PlainSetup setup;
-    velorin::Studio studio{host.platform, setup};
-    velorin::NoDesk playback;
+    velorin::Session session{host.platform};
+    velorin::Studio& studio = session.studio;
+    velorin::Setup& setup = studio.setup;
+    velorin::NoteSounding& sounding = session.sounding;
     PlainTableauDesk desk;
-    velorin::NoteSounding sounding{studio, playback};
     velorin::Picmain area{nullptr};
     velorin::MusicTableau music{studio, area};
     velorin::PercussionTableau percussion{studio, area, music, sounding, desk};
     velorin::PolyTableau poly{studio, area, music};
     velorin::MainLayout layout{studio, area, music, percussion, poly, desk};
 
-    /// The window gets an inner size.
+    /// Sets the inner size of the window.
     void resize(int widthPx, int heightPx) {
         desk.width = widthPx;
         desk.height = heightPx;

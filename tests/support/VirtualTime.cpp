@@ -1,4 +1,4 @@
-// The order in which planned things run, and where the clock goes.
+// The order of planned actions, and the clock.
 #include "support/VirtualTime.h"
 
 #include <algorithm>
@@ -11,7 +11,7 @@ namespace {
 
 constexpr Nanoseconds nanosecondsPerMillisecond = 1'000'000;
 
-// A loop that yields this often without waiting will never end by itself.
+// A loop that yields this often without waiting never ends.
 constexpr std::int64_t idleYieldLimit = 20'000'000;
 
 class Deeper {
@@ -49,8 +49,8 @@ const VirtualTime::Planned* VirtualTime::next() const {
     return found == planned_.end() ? nullptr : &*found;
 }
 
-// What a planned thing does may yield again, and that inner yield takes its share of the list; so
-// the list is asked anew for each step, within the bounds that held when this yield began.
+// A planned action may yield again, and the inner yield runs actions of the list too. So the list
+// is read again for each step, within the bounds at the start of this yield.
 void VirtualTime::runDue() {
     const Nanoseconds until = now_;
     const int newest = lastNumber_;

@@ -1,5 +1,4 @@
-// The clock, the message loop and the timers of a test: time stands still while the program works
-// and moves only while it waits.
+// The clock, the message loop and the timers for tests. Time moves only while the program waits.
 #pragma once
 
 #include "platform/Clock.h"
@@ -13,13 +12,13 @@
 
 namespace scripted {
 
-/// Nanoseconds since the start, and in every duration.
+/// In nanoseconds since the start, and for durations.
 using Nanoseconds = std::int64_t;
 
 constexpr Nanoseconds nanosecondsPerSecond = 1'000'000'000;
 constexpr Nanoseconds oneDay = 24 * 3600 * nanosecondsPerSecond;
 
-/// Something planned runs at a yield or inside a wait, as a click would:
+/// A planned action runs at a yield or inside a wait, like a click:
 ///
 ///     wait      |-----------|---------------------|
 ///     planned         ^ runs inside               ^ at a tie the wait ends first,
@@ -33,11 +32,11 @@ public:
     std::uint32_t GetTickCount() override;
     void hold(int milliseconds) override;
 
-    /// Runs what is due now, in the order of its times; what is planned meanwhile waits for the
-    /// next yield.
+    /// Runs the actions that are due, in the order of their times. Actions planned meanwhile wait
+    /// for the next yield.
     void Yield() override;
-    /// Moves the clock to `counter` or to what is planned before it, whichever comes first, and
-    /// runs the latter.
+    /// Moves the clock to `counter`, or to an action that is planned before it and runs that
+    /// action.
     void waitUntil(std::int64_t counter) override;
     [[nodiscard]] int depth() const override { return depth_; }
     void end() override { ended_ = true; }
@@ -46,30 +45,30 @@ public:
     int after(int milliseconds, std::function<void()> fire) override;
     void cancel(int number) override;
 
-    /// Plans something for `delay` from now. Returns a number for `cancel`.
+    /// Plans an action for `delay` from now. Returns a number for `cancel`.
     int plan(Nanoseconds delay, std::function<void()> run);
-    /// Lets the loop run for that long, what is due at its end included.
+    /// Runs the loop for this long, with the actions that are due at its end.
     void pass(Nanoseconds duration);
     void dropPlanned() { planned_.clear(); }
 
-    /// Asked by a wait before which nothing is planned but timers; true if something has been done,
-    /// so that the wait ends without time going by.
+    /// Called by a wait before which only timers are planned. True if it did something, so that the
+    /// wait ends at once.
     std::function<bool()> onNothingPlanned;
 
     [[nodiscard]] Nanoseconds now() const { return now_; }
     /// The time in seconds with three decimals, "0.120".
     [[nodiscard]] std::string stamp() const;
 
-    void restart(); ///< the clock back to 0; what is planned is as far ahead as before
-    void clearEnd() { ended_ = false; } ///< a program that has ended may start again
+    void restart(); ///< sets the clock to 0; planned actions keep their distance
+    void clearEnd() { ended_ = false; } ///< lets a program that has ended start again
 
-    /// Asked in a wait of a day or more during which nothing is planned: closes what waits for a
-    /// user, and returns whether there was such a thing.
+    /// Called in a wait of a day or more without planned actions. Closes what waits for a user;
+    /// returns whether there was such a thing.
     std::function<bool()> closeWhatWaits;
 
-    /// What runs between `beginCommand` and `endCommand` is broken off once it has run for a day.
+    /// A command between `beginCommand` and `endCommand` is stopped once it has run for a day.
     void beginCommand();
-    /// Returns whether it was broken off; the clock then stands a day after its begin.
+    /// Returns whether it was stopped; the clock is then a day after its start.
     bool endCommand();
 
 private:
@@ -88,7 +87,7 @@ private:
     Nanoseconds now_ = 0;
     Nanoseconds deadline_ = INT64_MAX;
     std::int64_t idleYields_ = 0; ///< since the clock moved last
-    int depth_ = 0;               ///< yields and waits that run
+    int depth_ = 0;               ///< running yields and waits
     int lastNumber_ = 0;
     bool ended_ = false;
     bool brokenOff_ = false;

@@ -1,4 +1,4 @@
-// Formatting numbers, bytes and paths for answers.
+// Formats numbers, bytes and paths for answers.
 #include "Answers.h"
 
 #include "platform/Text.h"
@@ -16,8 +16,8 @@ std::string formatted(const char* format, double value) {
     return text;
 }
 
-/// Replaces the folder by '@'. Behind it '\' becomes '/' as long as the path goes on, which is up
-/// to a quote, a semicolon or the end.
+/// Replaces the folder with '@'. In the rest of the path, up to a quote, a semicolon or the end,
+/// '\' becomes '/'.
 std::string withFolderMarked(const std::string& line, const std::string& folder,
                              bool mapSeparators) {
     std::string printed;

@@ -1,7 +1,8 @@
-// How values and texts are printed in a transcript.
+// Prints values and texts for a transcript.
 #pragma once
 
 #include "Words.h"
+#include "studio/Flag.h"
 
 #include <cstdint>
 #include <string>
@@ -9,7 +10,7 @@
 
 namespace transcript {
 
-/// A text as answer lines, one for each line of it; CR LF, CR and LF each end a line.
+/// A text as answer lines. CR LF, CR and LF each end a line.
 [[nodiscard]] Lines linesOf(const std::string& text);
 
 [[nodiscard]] inline Lines answer(bool value) {
@@ -20,6 +21,9 @@ namespace transcript {
 }
 [[nodiscard]] inline Lines answer(int value) {
     return {std::to_string(value)};
+}
+[[nodiscard]] inline Lines answer(velorin::Flag value) {
+    return {std::to_string(value.number)};
 }
 [[nodiscard]] Lines answer(float value);  ///< up to seven significant digits
 [[nodiscard]] Lines answer(double value); ///< up to fifteen
@@ -33,11 +37,11 @@ namespace transcript {
 /// The CRC-32 that ZIP and PNG use, as eight capital digits.
 [[nodiscard]] std::string crcOf(std::string_view bytes);
 
-/// A line as it is printed: the folder as '@' with the separators of that path as '/', an empty
-/// line as `""`, and a backslash before what would look like a command or a comment.
+/// A line as it is printed: the folder is '@' and its path has '/' as separator, an empty line is
+/// `""`, and a line that looks like a command or a comment gets a backslash.
 [[nodiscard]] std::string printedLine(const std::string& line, const std::string& folder);
 
-/// The same without any change of separators, for lines out of a file.
+/// The same with unchanged separators, for lines of a file.
 [[nodiscard]] std::string printedFileLine(const std::string& line, const std::string& folder);
 
 } // namespace transcript

@@ -1,9 +1,9 @@
-// Buttons that have a picture of their own under them.
+// Buttons with a separate picture.
 #include "ButtonFaces.h"
 
 #include "Answers.h"
-#include "editing/Form2.h"
-#include "recording/Record.h"
+#include "windows/editing/Form2.h"
+#include "windows/recording/Record.h"
 
 #include <algorithm>
 #include <iterator>
@@ -21,7 +21,7 @@ int editButton(const Form2& form, const QWidget& control) {
     return found == form.Cmd2.end() ? 0 : static_cast<int>(std::distance(form.Cmd2.begin(), found));
 }
 
-/// Whether a button of the Recording Toolbar shows; no value for any other control.
+/// True if a button of the Recording Toolbar is raised; no value for any other control.
 std::optional<bool> isPlayerButtonVisible(const QWidget& control) {
     const auto* form = qobject_cast<const Record*>(control.window());
     if (form == nullptr)
@@ -34,7 +34,7 @@ std::optional<bool> isPlayerButtonVisible(const QWidget& control) {
 
 } // namespace
 
-std::optional<Lines> faceProperty(Session&, const Address& address, QWidget& control) {
+std::optional<Lines> faceProperty(Runner&, const Address& address, QWidget& control) {
     if (address.control.starts_with("ImgPic(")) {
         if (address.property == "visible")
             return Lines{"1"};
@@ -51,7 +51,7 @@ std::optional<Lines> faceProperty(Session&, const Address& address, QWidget& con
         return std::nullopt;
     if (address.property == "visible")
         return Lines{form->isCmd2Visible(button) ? "1" : "0"};
-    // The mode takes the pictures of the last six away from the pointer, not the buttons.
+    // In draw mode the pictures of the last six ignore the pointer, but the buttons do not.
     if (address.property == "enabled")
         return Lines{form->isEnabled() ? "1" : "0"};
     return std::nullopt;

@@ -1,5 +1,4 @@
-// Buttons that have a picture of their own under them: one control of the program serves both, and
-// a transcript tells them apart by name.
+// Buttons with a separate picture. One widget is both, and a transcript tells them apart by name.
 #pragma once
 
 #include "ControlNames.h"
@@ -8,13 +7,13 @@
 
 namespace transcript {
 
-/// What a property of `Cmd2` or `ImgPic` is by the rule of the faces; empty where it is the
-/// control's own.
-[[nodiscard]] std::optional<Lines> faceProperty(Session& session, const Address& address,
+/// A property of `Cmd2` or `ImgPic` that depends on which of the two shows; empty for the widget's
+/// own property.
+[[nodiscard]] std::optional<Lines> faceProperty(Runner& runner, const Address& address,
                                                 QWidget& control);
 
-/// Which of the two the pointer is on is a matter of which shows. If `target` shows its picture,
-/// the picture takes a press ("down"), a move or a release ("up"), and the answer is true.
+/// If `target` shows its picture, the picture takes a press ("down"), a move or a release ("up"),
+/// and the result is true.
 [[nodiscard]] bool pictureTakesMouse(QWidget& target, const std::string& action);
 
 } // namespace transcript

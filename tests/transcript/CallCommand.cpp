@@ -2,7 +2,7 @@
 #include "Commands.h"
 #include "ControlNames.h"
 #include "Operations.h"
-#include "Session.h"
+#include "Runner.h"
 
 #include <array>
 #include <map>
@@ -11,7 +11,7 @@ namespace transcript {
 
 namespace {
 
-using Table = std::map<std::string, std::function<Lines(Session&, Arguments&)>>;
+using Table = std::map<std::string, std::function<Lines(Runner&, Arguments&)>>;
 
 Table gathered() {
     Table table;
@@ -30,22 +30,22 @@ std::string fullName(const std::string& name) {
     return name.find('.') == std::string::npos ? "Form1." + name : name;
 }
 
-Lines call(Session& session, const Words& words) {
+Lines call(Runner& runner, const Words& words) {
     static const Table table = gathered();
     if (words.empty())
         throw CommandError("too few words");
     const auto found = table.find(fullName(words.front()));
     if (found == table.end())
         throw CommandError("no such operation: " + words.front());
-    (void)session.program();
-    Arguments arguments(session, Words(words.begin() + 1, words.end()));
-    return found->second(session, arguments);
+    (void)runner.program();
+    Arguments arguments(runner, Words(words.begin() + 1, words.end()));
+    return found->second(runner, arguments);
 }
 
 } // namespace
 
 std::string Arguments::text() {
-    return session_.path(word());
+    return runner_.path(word());
 }
 
 const std::string& Arguments::word() {

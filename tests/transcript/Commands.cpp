@@ -1,8 +1,8 @@
-// Finding a command by its name.
+// Finds a command by name.
 #include "Commands.h"
 
 #include "Answers.h"
-#include "Session.h"
+#include "Runner.h"
 
 namespace transcript {
 
@@ -10,8 +10,8 @@ namespace {
 
 const Command& find(const std::string& name) {
     for (const auto& table :
-         {callCommands(), controlCommands(), mouseCommands(), gridCommands(), timeCommands(),
-          deviceCommands(), dialogCommands(), fileCommands(), pictureCommands()}) {
+         {callCommands(), controlCommands(), mouseCommands(), gridCommands(), historyCommands(),
+          timeCommands(), deviceCommands(), dialogCommands(), fileCommands(), pictureCommands()}) {
         for (const Command& command : table) {
             if (name == command.name)
                 return command;
@@ -22,12 +22,12 @@ const Command& find(const std::string& name) {
 
 } // namespace
 
-Lines carryOut(Session& session, const Words& words) {
+Lines carryOut(Runner& runner, const Words& words) {
     if (words.empty())
         throw CommandError("no command");
     const Command& command = find(words.front());
-    Lines lines = command.run(session, Words(words.begin() + 1, words.end()));
-    const std::string folder = session.folder();
+    Lines lines = command.run(runner, Words(words.begin() + 1, words.end()));
+    const std::string folder = runner.folder();
     for (std::string& line : lines)
         line = command.printsFiles ? printedFileLine(line, folder) : printedLine(line, folder);
     return lines;

@@ -7,13 +7,13 @@
 
 namespace transcript {
 
-class Session;
+class Runner;
 
 struct Command {
     const char* name;
-    /// `words` are those behind the name. Returns what is printed, before folders are marked.
-    Lines (*run)(Session& session, const Words& words);
-    bool printsFiles = false; ///< its answer is text out of a file: separators stay as they are
+    /// `words` are those after the name. Returns the output, before folders are replaced.
+    Lines (*run)(Runner& runner, const Words& words);
+    bool printsFiles = false; ///< its answer is text of a file, so separators do not change
 };
 
 [[nodiscard]] std::span<const Command> timeCommands();
@@ -21,12 +21,13 @@ struct Command {
 [[nodiscard]] std::span<const Command> dialogCommands();
 [[nodiscard]] std::span<const Command> fileCommands();
 [[nodiscard]] std::span<const Command> gridCommands();
+[[nodiscard]] std::span<const Command> historyCommands();
 [[nodiscard]] std::span<const Command> controlCommands();
 [[nodiscard]] std::span<const Command> mouseCommands();
 [[nodiscard]] std::span<const Command> pictureCommands();
 [[nodiscard]] std::span<const Command> callCommands();
 
 /// Finds and runs a command; returns the lines as they are printed. Throws `CommandError`.
-[[nodiscard]] Lines carryOut(Session& session, const Words& words);
+[[nodiscard]] Lines carryOut(Runner& runner, const Words& words);
 
 } // namespace transcript

@@ -1,9 +1,9 @@
-// Names to widgets and back.
+// Converts names to widgets and back.
 #include "ControlNames.h"
 
-#include "Session.h"
-#include "program/Form1.h"
+#include "Runner.h"
 #include "program/Program.h"
+#include "windows/main/Form1.h"
 
 #include <algorithm>
 #include <array>
@@ -17,7 +17,7 @@ constexpr std::array windowNames{"Form1",  "Form2", "Form3",   "Frmmenu",
 
 constexpr std::array propertyNames{"caption", "tooltip", "enabled", "visible", "rect",
                                    "items",   "min",     "max",     "color",   "pointer",
-                                   "checked", "open",    "topmost", "state"};
+                                   "checked", "open",    "topmost", "state",   "title"};
 
 template <std::size_t Count>
 bool holds(const std::array<const char*, Count>& names, const std::string& name) {
@@ -59,27 +59,27 @@ Address parseAddress(const std::string& word) {
     return address;
 }
 
-QWidget& windowOf(Session& session, const std::string& name) {
-    QWidget* window = session.program().window(QString::fromStdString(name), true);
+QWidget& windowOf(Runner& runner, const std::string& name) {
+    QWidget* window = runner.program().window(QString::fromStdString(name), true);
     if (window == nullptr)
         throw CommandError("no such window: " + name);
     return *window;
 }
 
-QWidget* loadedWindow(Session& session, const std::string& name) {
-    if (!session.isRunning())
+QWidget* loadedWindow(Runner& runner, const std::string& name) {
+    if (!runner.isRunning())
         return nullptr;
-    return session.program().window(QString::fromStdString(name), false);
+    return runner.program().window(QString::fromStdString(name), false);
 }
 
-QWidget& controlOf(Session& session, const Address& address) {
-    QWidget& window = windowOf(session, address.window);
+QWidget& controlOf(Runner& runner, const Address& address) {
+    QWidget& window = windowOf(runner, address.window);
     if (address.control.empty())
         return window;
     QString name = QString::fromStdString(address.control);
     if (auto* control = window.findChild<QWidget*>(name))
         return *control;
-    // One button serves both the button and its picture.
+    // One widget is both the button and its picture.
     for (const char* picture : {"ImgPic(", "ImgR("}) {
         if (!name.startsWith(QLatin1String(picture)))
             continue;
@@ -90,11 +90,11 @@ QWidget& controlOf(Session& session, const Address& address) {
     throw CommandError("no such control: " + address.whole);
 }
 
-QWidget& controlOf(Session& session, const std::string& word) {
+QWidget& controlOf(Runner& runner, const std::string& word) {
     const Address address = parseAddress(word);
     if (!address.property.empty())
         throw CommandError("no such control: " + word);
-    return controlOf(session, address);
+    return controlOf(runner, address);
 }
 
 std::string nameOf(const QWidget& control) {

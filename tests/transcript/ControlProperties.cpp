@@ -2,12 +2,12 @@
 #include "Answers.h"
 #include "ControlNames.h"
 #include "ControlValues.h"
-#include "Session.h"
+#include "Runner.h"
 
-#include "program/Form1.h"
-#include "shell/HintPanel.h"
-#include "shell/SkinnedFrame.h"
-#include "shell/ToolFrame.h"
+#include "windows/frame/SkinnedFrame.h"
+#include "windows/frame/ToolFrame.h"
+#include "windows/help/HintPanel.h"
+#include "windows/main/Form1.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
@@ -22,7 +22,7 @@ namespace transcript {
 
 namespace {
 
-using Getter = Lines (*)(Session&, QWidget&);
+using Getter = Lines (*)(Runner&, QWidget&);
 
 [[noreturn]] void refuse(const QWidget& control) {
     throw CommandError("no such property: " + nameOf(control));
@@ -39,25 +39,24 @@ Lines yesNo(bool value) {
     return {value ? "1" : "0"};
 }
 
-Lines caption(Session&, QWidget& control) {
+Lines caption(Runner&, QWidget& control) {
     return captionOf(control);
 }
 
-Lines tooltip(Session&, QWidget& control) {
+Lines tooltip(Runner&, QWidget& control) {
     return answer(control.toolTip().toStdString());
 }
 
-Lines enabled(Session&, QWidget& control) {
+Lines enabled(Runner&, QWidget& control) {
     return yesNo(control.isEnabled());
 }
 
-// A control's own state: one on a tab that is not in front, or in a window that is not shown,
-// still counts as visible.
-Lines visible(Session&, QWidget& control) {
+// The control's own state: on a hidden tab or in a hidden window it still counts as visible.
+Lines visible(Runner&, QWidget& control) {
     return yesNo(control.isWindow() ? control.isVisible() : !control.isHidden());
 }
 
-// A length is printed as a whole number of twips where it is one.
+// A length is printed as a whole number if it is one.
 std::string twips(float length) {
     return answer(length).front();
 }
@@ -67,9 +66,9 @@ Lines rectOf(const velorin::WindowPlace& place) {
             twips(place.Height())};
 }
 
-Lines rect(Session& session, QWidget& control) {
-    if (&control == &session.form1())
-        return rectOf(session.form1().place);
+Lines rect(Runner& runner, QWidget& control) {
+    if (&control == &runner.form1())
+        return rectOf(runner.form1().place);
     if (const auto* tool = qobject_cast<velorin::ToolFrame*>(&control))
         return rectOf(tool->place);
     if (const auto* hint = qobject_cast<velorin::HintPanel*>(&control))
@@ -79,7 +78,7 @@ Lines rect(Session& session, QWidget& control) {
     return {joined({box.x() * unit, box.y() * unit, box.width() * unit, box.height() * unit})};
 }
 
-Lines items(Session&, QWidget& control) {
+Lines items(Runner&, QWidget& control) {
     Lines lines;
     if (const auto* list = qobject_cast<QComboBox*>(&control)) {
         for (int i = 0; i < list->count(); ++i)
@@ -103,15 +102,15 @@ QScrollBar& barOf(QWidget& control) {
     return *bar;
 }
 
-Lines minimum(Session&, QWidget& control) {
+Lines minimum(Runner&, QWidget& control) {
     return answer(barOf(control).minimum());
 }
 
-Lines maximum(Session&, QWidget& control) {
+Lines maximum(Runner&, QWidget& control) {
     return answer(barOf(control).maximum());
 }
 
-Lines color(Session&, QWidget& control) {
+Lines color(Runner&, QWidget& control) {
     if (const auto* box = qobject_cast<velorin::PictureBox*>(&control)) {
         const velorin::Colour ground = box->picture.ground();
         return {joined({ground & 0xFF, (ground >> 8) & 0xFF, (ground >> 16) & 0xFF})};
@@ -121,7 +120,7 @@ Lines color(Session&, QWidget& control) {
     return {joined({ground.red(), ground.green(), ground.blue()})};
 }
 
-Lines pointer(Session&, QWidget& control) {
+Lines pointer(Runner&, QWidget& control) {
     const auto* box = qobject_cast<velorin::PictureBox*>(&control);
     if (box == nullptr)
         refuse(control);
@@ -133,22 +132,27 @@ void expectWindow(const QWidget& control) {
         refuse(control);
 }
 
-Lines open(Session&, QWidget& control) {
+Lines open(Runner&, QWidget& control) {
     expectWindow(control);
     return yesNo(true);
 }
 
-Lines topmost(Session&, QWidget& control) {
+Lines title(Runner&, QWidget& control) {
+    expectWindow(control);
+    return answer(control.windowTitle().toStdString());
+}
+
+Lines topmost(Runner&, QWidget& control) {
     expectWindow(control);
     return yesNo(velorin::isTopMost(control));
 }
 
-Lines state(Session&, QWidget& control) {
+Lines state(Runner&, QWidget& control) {
     expectWindow(control);
     return answer(control.isMinimized() ? 1 : control.isMaximized() ? 2 : 0);
 }
 
-Lines checked(Session&, QWidget& control) {
+Lines checked(Runner&, QWidget& control) {
     refuse(control);
 }
 
@@ -162,27 +166,30 @@ constexpr std::array properties{
     Property{"visible", visible}, Property{"rect", rect},       Property{"items", items},
     Property{"min", minimum},     Property{"max", maximum},     Property{"color", color},
     Property{"pointer", pointer}, Property{"checked", checked}, Property{"open", open},
-    Property{"topmost", topmost}, Property{"state", state},
+    Property{"topmost", topmost}, Property{"state", state},     Property{"title", title},
 };
 
 } // namespace
 
 Lines captionOf(QWidget& control) {
+    // A drawn caption, which the native title may differ from.
+    const QVariant caption = control.property("caption");
     if (control.isWindow())
-        return answer(control.windowTitle().toStdString());
+        return answer(
+            (caption.isValid() ? caption.toString() : control.windowTitle()).toStdString());
     if (const auto* button = qobject_cast<QAbstractButton*>(&control))
         return answer(button->text().toStdString());
-    if (const QVariant caption = control.property("caption"); caption.isValid())
+    if (caption.isValid())
         return answer(caption.toString().toStdString());
     if (const auto* label = qobject_cast<QLabel*>(&control))
         return answer(label->text().toStdString());
     refuse(control);
 }
 
-Lines propertyOf(Session& session, QWidget& control, const std::string& name) {
+Lines propertyOf(Runner& runner, QWidget& control, const std::string& name) {
     for (const Property& property : properties) {
         if (name == property.name)
-            return property.get(session, control);
+            return property.get(runner, control);
     }
     throw CommandError("no such property: " + name);
 }

@@ -1,10 +1,10 @@
-// Values of the standard controls, and a user's way of changing them.
+// Reads and sets the values of the standard controls.
 #include "ControlValues.h"
 
 #include "Answers.h"
 #include "ControlNames.h"
 
-#include "shell/RowButton.h"
+#include "windows/frame/RowButton.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -24,7 +24,7 @@ namespace transcript {
 
 namespace {
 
-[[noreturn]] void refuse(const QWidget& control) {
+[[noreturn]] void refuseToSet(const QWidget& control) {
     throw CommandError("cannot be set: " + nameOf(control));
 }
 
@@ -40,7 +40,7 @@ void setList(QComboBox& list, const std::string& word) {
     Q_EMIT list.activated(index);
 }
 
-/// A user cannot take an option back but by choosing another.
+/// A user can unset an option only by choosing another.
 void setBox(QAbstractButton& button, const std::string& word) {
     const bool wanted = numberBetween(word, 0, 1) == 1;
     if (wanted == button.isChecked())
@@ -78,7 +78,7 @@ void setEnabledControl(QWidget& control, const std::string& word) {
     else if (auto* tabs = qobject_cast<QTabWidget*>(&control))
         tabs->setCurrentIndex(entryOf(word, tabs->count()));
     else
-        refuse(control);
+        refuseToSet(control);
 }
 
 bool canBeSet(const QWidget& control) {
@@ -93,7 +93,7 @@ bool canBeSet(const QWidget& control) {
 
 void setValue(QWidget& control, const std::string& word) {
     if (!canBeSet(control))
-        refuse(control);
+        refuseToSet(control);
     if (control.isEnabled())
         setEnabledControl(control, word);
 }
@@ -125,7 +125,7 @@ QString keyText(QKeyCombination key) {
     return key.keyboardModifiers() == Qt::NoModifier ? QString(letter.toLower()) : QString(letter);
 }
 
-/// Whether the control keeps the keys for itself, as a text box keeps those of its own editing.
+/// True if the control takes the key itself, like a text box.
 bool keepsKey(QWidget& control, QKeyCombination key) {
     QKeyEvent question(QEvent::ShortcutOverride, key.key(), key.keyboardModifiers(), keyText(key));
     question.ignore();

@@ -1,4 +1,4 @@
-// What a control's value and properties are, and how a user sets them.
+// The values and properties of controls, and how a user sets them.
 #pragma once
 
 #include "Words.h"
@@ -8,21 +8,21 @@
 
 namespace transcript {
 
-class Session;
+class Runner;
 
-/// The value in the form that `setValue` takes; of a label or button the caption.
+/// The value in the form that `setValue` takes; for a label or button its caption.
 [[nodiscard]] Lines valueOf(QWidget& control);
 
-/// The text on a label or button, or a window's title.
+/// The text of a label or button, or the title of a window.
 [[nodiscard]] Lines captionOf(QWidget& control);
 
-/// Sets it as a user would. Nothing happens to a disabled control, nor where the value is the
-/// present one.
+/// Sets the value as a user would. Does nothing if the control is disabled or has this value
+/// already.
 void setValue(QWidget& control, const std::string& word);
 
-[[nodiscard]] Lines propertyOf(Session& session, QWidget& control, const std::string& name);
+[[nodiscard]] Lines propertyOf(Runner& runner, QWidget& control, const std::string& name);
 
-/// A key press and release, shortcuts of the window included.
+/// Sends a key press and release; shortcuts of the window work.
 void pressKey(QWidget& control, QKeyCombination key);
 
 } // namespace transcript

@@ -1,6 +1,6 @@
 // Commands about devices: midi, devices, mci, reply, encoder.
 #include "Commands.h"
-#include "Session.h"
+#include "Runner.h"
 
 #include <array>
 #include <regex>
@@ -10,35 +10,36 @@ namespace transcript {
 
 namespace {
 
-Lines midi(Session& session, const Words& words) {
+Lines midi(Runner& runner, const Words& words) {
     expectWords(words, 0);
-    return std::exchange(session.host.midi.log, {});
+    return std::exchange(runner.host.midi.log, {});
 }
 
-Lines devices(Session& session, const Words& words) {
-    session.host.midi.setDevices(words);
+Lines devices(Runner& runner, const Words& words) {
+    runner.host.midi.setDevices(words);
     return {};
 }
 
-/// The number of a window means nothing outside its run. A small one came from the transcript.
+/// Window numbers differ from run to run, so they are not printed. A small number is from the
+/// transcript.
 std::string withoutHandle(const std::string& line) {
     static const std::regex handle(" parent [0-9]{6,} ");
     return std::regex_replace(line, handle, " parent H ");
 }
 
-Lines mci(Session& session, const Words& words) {
+Lines mci(Runner& runner, const Words& words) {
     expectWords(words, 0);
-    Lines lines = std::exchange(session.host.mci.log, {});
+    Lines lines = std::exchange(runner.host.mci.log, {});
     for (std::string& line : lines)
         line = withoutHandle(line);
     return lines;
 }
 
-Lines reply(Session& session, const Words& words) {
+Lines reply(Runner& runner, const Words& words) {
     expectWords(words, 3);
     const int code = numberBetween(words[1], 0, INT32_MAX);
-    session.host.mci.reply(session.path(words[0]), static_cast<std::uint32_t>(code),
-                           session.path(words[2]));
+    runner.host.mci.reply(runner.path(words[0]), static_cast<std::uint32_t>(code),
+                          runner.path(words[2]));
     return {};
 }
 
@@ -46,9 +47,9 @@ bool isEncoderCall(const std::string& word) {
     return word == "init" || word == "chunk" || word == "flush" || word == "close";
 }
 
-Lines encoder(Session& session, const Words& words) {
+Lines encoder(Runner& runner, const Words& words) {
     expectWords(words, 0, 3);
-    scripted::ScriptedEncoder& library = session.host.encoder;
+    scripted::ScriptedEncoder& library = runner.host.encoder;
     if (words.empty())
         return std::exchange(library.log, {});
     if (words[0] == "absent") {

@@ -1,7 +1,7 @@
 // Commands that answer dialogs, menus and boxes, and print which were shown.
 #include "Answers.h"
 #include "Commands.h"
-#include "Session.h"
+#include "Runner.h"
 
 #include <array>
 #include <optional>
@@ -11,7 +11,7 @@ namespace transcript {
 
 namespace {
 
-/// A log whose entries may hold line breaks, as answer lines.
+/// A log as answer lines; its entries may have line breaks.
 Lines emptied(std::vector<std::string>& log) {
     Lines lines;
     for (const std::string& entry : std::exchange(log, {})) {
@@ -21,50 +21,50 @@ Lines emptied(std::vector<std::string>& log) {
     return lines;
 }
 
-Lines answerDialog(Session& session, const Words& words) {
+Lines answerDialog(Runner& runner, const Words& words) {
     expectWords(words, 1, 2);
     if (words[0] == "cancel" && words.size() == 1) {
-        session.host.dialogs.answers.push_back(std::nullopt);
+        runner.host.dialogs.answers.push_back(std::nullopt);
         return {};
     }
-    platform::FileDialogAnswer answer{session.path(words[0]), 1};
+    platform::FileDialogAnswer answer{runner.path(words[0]), 1};
     if (words.size() == 2)
         answer.filterIndex = plainNumber(words[1]);
-    session.host.dialogs.answers.push_back(answer);
+    runner.host.dialogs.answers.push_back(answer);
     return {};
 }
 
-Lines dialogs(Session& session, const Words& words) {
+Lines dialogs(Runner& runner, const Words& words) {
     expectWords(words, 0);
-    return emptied(session.host.dialogs.log);
+    return emptied(runner.host.dialogs.log);
 }
 
-Lines choose(Session& session, const Words& words) {
+Lines choose(Runner& runner, const Words& words) {
     expectWords(words, 1);
-    session.host.menus.choices.push_back(words[0]);
+    runner.host.menus.choices.push_back(words[0]);
     return {};
 }
 
-Lines menus(Session& session, const Words& words) {
+Lines menus(Runner& runner, const Words& words) {
     expectWords(words, 0);
-    return emptied(session.host.menus.log);
+    return emptied(runner.host.menus.log);
 }
 
-Lines boxes(Session& session, const Words& words) {
+Lines boxes(Runner& runner, const Words& words) {
     expectWords(words, 0);
-    return emptied(session.host.boxes.log);
+    return emptied(runner.host.boxes.log);
 }
 
-Lines programs(Session& session, const Words& words) {
+Lines programs(Runner& runner, const Words& words) {
     expectWords(words, 0);
-    return std::exchange(session.host.desktop.programs, {});
+    return std::exchange(runner.host.desktop.programs, {});
 }
 
 /// Each notice on one line.
-Lines notices(Session& session, const Words& words) {
+Lines notices(Runner& runner, const Words& words) {
     expectWords(words, 0);
     Lines lines;
-    while (const auto notice = session.host.notices.take()) {
+    while (const auto notice = runner.host.notices.take()) {
         const Lines parts = linesOf(notice->text);
         std::string line = parts.front();
         for (std::size_t i = 1; i < parts.size(); ++i)

@@ -1,16 +1,15 @@
-// Operations on whole columns. The toolbar and the menus reach them through the main window, so
-// both names are known.
+// Operations on whole columns. They are known by the names of the toolbar and of the main window.
 #include "Operations.h"
-#include "Session.h"
-#include "program/Form1.h"
+#include "Runner.h"
+#include "session/Session.h"
 
 namespace transcript {
 
 using namespace velorin;
 
 Operations editingOperations() {
-    const auto edits = [](Session& session) -> BlockEdits& { return session.form1().edits; };
-    const auto duplicate = [](Session& session) -> Duplicate& { return session.form1().duplicate; };
+    const auto edits = [](Runner& runner) -> BlockEdits& { return runner.session().edits; };
+    const auto duplicate = [](Runner& runner) -> Duplicate& { return runner.session().duplicate; };
     Operations all;
     for (const std::string window : {"Form1.", "Form2."}) {
         const Operations some{

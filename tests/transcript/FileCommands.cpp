@@ -2,9 +2,9 @@
 #include "Answers.h"
 #include "Commands.h"
 #include "FileContents.h"
-#include "Session.h"
+#include "Runner.h"
 
-#include "platform/CaseBlind.h"
+#include "platform/PathLookup.h"
 
 #include <algorithm>
 #include <array>
@@ -20,11 +20,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
-void put(Session& session, const std::string& name, const std::string& content) {
-    const fs::path path = platform::resolve(session.path(name));
+void put(Runner& runner, const std::string& name, const std::string& content) {
+    const fs::path path = platform::resolve(runner.path(name));
     std::error_code ignored;
     fs::create_directories(path.parent_path(), ignored);
-    const auto stream = session.host.files.openForOutput(path.string());
+    const auto stream = runner.host.files.openForOutput(path.string());
     if (stream == nullptr || !(*stream << content << std::flush))
         throw CommandError("cannot write " + name);
 }
@@ -42,32 +42,32 @@ void appendBytes(std::string& content, const std::string& word) {
     content.append(static_cast<std::size_t>(count), static_cast<char>(byte));
 }
 
-Lines write(Session& session, const Words& words) {
+Lines write(Runner& runner, const Words& words) {
     expectWords(words, 2);
-    put(session, words[0], words[1]);
+    put(runner, words[0], words[1]);
     return {};
 }
 
-Lines bytes(Session& session, const Words& words) {
+Lines bytes(Runner& runner, const Words& words) {
     if (words.empty())
         throw CommandError("too few words");
     std::string content;
     for (std::size_t i = 1; i < words.size(); ++i)
         appendBytes(content, words[i]);
-    put(session, words[0], content);
+    put(runner, words[0], content);
     return {};
 }
 
-Lines readonly(Session& session, const Words& words) {
+Lines readonly(Runner& runner, const Words& words) {
     expectWords(words, 1);
-    session.host.files.makeReadOnly(session.path(words[0]));
+    runner.host.files.makeReadOnly(runner.path(words[0]));
     return {};
 }
 
-/// A file's lines with their ends written out: "-1\r\n" as six characters.
-Lines text(Session& session, const Words& words) {
+/// The lines of a file with visible line ends: "-1\r\n" as six characters.
+Lines text(Runner& runner, const Words& words) {
     expectWords(words, 1);
-    const std::string content = contentOf(session, words[0]);
+    const std::string content = contentOf(runner, words[0]);
     Lines lines;
     std::string line;
     for (std::size_t i = 0; i < content.size(); ++i) {
@@ -88,11 +88,11 @@ Lines text(Session& session, const Words& words) {
     return lines;
 }
 
-Lines hex(Session& session, const Words& words) {
+Lines hex(Runner& runner, const Words& words) {
     if (words.size() == 2)
         throw CommandError("too few words");
     expectWords(words, 1, 3);
-    std::string content = contentOf(session, words[0]);
+    std::string content = contentOf(runner, words[0]);
     if (words.size() == 3) {
         const std::size_t from = static_cast<std::size_t>(numberBetween(words[1], 0, INT32_MAX));
         const std::size_t count = static_cast<std::size_t>(numberBetween(words[2], 0, INT32_MAX));
@@ -105,9 +105,9 @@ Lines hex(Session& session, const Words& words) {
     return lines;
 }
 
-Lines size(Session& session, const Words& words) {
+Lines size(Runner& runner, const Words& words) {
     expectWords(words, 1);
-    const fs::path path = platform::resolve(session.path(words[0]));
+    const fs::path path = platform::resolve(runner.path(words[0]));
     std::error_code error;
     if (!fs::is_regular_file(path, error))
         return {"none"};
@@ -116,8 +116,8 @@ Lines size(Session& session, const Words& words) {
 
 } // namespace
 
-std::string contentOf(Session& session, const std::string& word) {
-    const auto stream = session.host.files.openForInput(session.path(word));
+std::string contentOf(Runner& runner, const std::string& word) {
+    const auto stream = runner.host.files.openForInput(runner.path(word));
     if (stream == nullptr)
         throw CommandError("cannot read " + word);
     return {std::istreambuf_iterator<char>(*stream), {}};

@@ -5,9 +5,9 @@
 
 namespace transcript {
 
-class Session;
+class Runner;
 
 /// Throws `CommandError` if there is no such file.
-[[nodiscard]] std::string contentOf(Session& session, const std::string& word);
+[[nodiscard]] std::string contentOf(Runner& runner, const std::string& word);
 
 } // namespace transcript

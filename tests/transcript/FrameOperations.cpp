@@ -1,9 +1,9 @@
 // Operations of the skinned frame.
 #include "ControlNames.h"
 #include "Operations.h"
-#include "Session.h"
-#include "program/Form1.h"
-#include "shell/ToolFrame.h"
+#include "Runner.h"
+#include "windows/frame/ToolFrame.h"
+#include "windows/main/Form1.h"
 
 namespace transcript {
 
@@ -11,82 +11,82 @@ using namespace velorin;
 
 namespace {
 
-SkinnedFrame& frameOf(Session& session, const std::string& name) {
-    QWidget& window = windowOf(session, name);
-    if (&window == &session.form1())
-        return session.form1().frame;
+SkinnedFrame& frameOf(Runner& runner, const std::string& name) {
+    QWidget& window = windowOf(runner, name);
+    if (&window == &runner.form1())
+        return runner.form1().frame;
     if (auto* tool = qobject_cast<ToolFrame*>(&window))
         return tool->frame;
     throw CommandError("no frame: " + name);
 }
 
-/// The rest of the argument list may hold a window's name first; the main window without.
+/// The other arguments may begin with the name of a window; the default is the main window.
 std::string windowArgument(Arguments& arguments) {
     return arguments.isAtEnd() ? "Form1" : arguments.text();
 }
 
-Lines setTopMost(Session& session, Arguments& arguments) {
-    QWidget& window = windowOf(session, arguments.text());
+Lines setTopMost(Runner& runner, Arguments& arguments) {
+    QWidget& window = windowOf(runner, arguments.text());
     const int flag = arguments.next<int>();
     arguments.expectEnd();
     SetTopMost(window, flag != 0);
     return {};
 }
 
-Lines skinMainWindow(Session& session, Arguments& arguments) {
-    SkinnedFrame& frame = frameOf(session, arguments.text());
+Lines skinMainWindow(Runner& runner, Arguments& arguments) {
+    SkinnedFrame& frame = frameOf(runner, arguments.text());
     const int flag = arguments.next<int>();
     arguments.expectEnd();
     frame.SkinMainWindow(flag != 0 ? flagSet : flagClear);
     return {};
 }
 
-Lines skinToolWindow(Session& session, Arguments& arguments) {
-    SkinnedFrame& frame = frameOf(session, arguments.text());
+Lines skinToolWindow(Runner& runner, Arguments& arguments) {
+    SkinnedFrame& frame = frameOf(runner, arguments.text());
     arguments.expectEnd();
     frame.SkinToolWindow();
     return {};
 }
 
-Lines applyWindowRegion(Session& session, Arguments& arguments) {
-    SkinnedFrame& frame = frameOf(session, windowArgument(arguments));
+Lines applyWindowRegion(Runner& runner, Arguments& arguments) {
+    SkinnedFrame& frame = frameOf(runner, windowArgument(arguments));
     arguments.expectEnd();
     frame.ApplyWindowRegion();
     return {};
 }
 
-/// The stored place of the pointer, then the handle; the pointer stands where `cursor` put it.
-Lines resizeByHandle(Session& session, Arguments& arguments) {
+/// The stored place of the pointer, then the handle. The pointer is where `cursor` put it.
+Lines resizeByHandle(Runner& runner, Arguments& arguments) {
     if (arguments.text() != "Form1")
         throw CommandError("no handles");
     const int left = arguments.next<int>();
     const int top = arguments.next<int>();
     const int handle = numberBetween(arguments.text(), 0, 7);
     arguments.expectEnd();
-    const platform::PointPx end = session.host.desktop.cursor;
-    session.form1().frame.ResizeByHandle(session.form1().place, QPoint(end.x - left, end.y - top),
-                                         handle);
+    const platform::PointPx end = runner.host.desktop.cursor;
+    runner.form1().frame.ResizeByHandle(runner.form1().place, QPoint(end.x - left, end.y - top),
+                                        handle);
     return {};
 }
 
-/// The window system moves the window from here on; a test has none.
-Lines dragWindow(Session& session, Arguments& arguments) {
-    (void)windowOf(session, windowArgument(arguments));
+/// Here the window system would move the window; a test has none.
+Lines dragWindow(Runner& runner, Arguments& arguments) {
+    (void)windowOf(runner, windowArgument(arguments));
     arguments.expectEnd();
     return {};
 }
 
-Lines toggleMaximize(Session& session, Arguments& arguments) {
+Lines toggleMaximize(Runner& runner, Arguments& arguments) {
     if (windowArgument(arguments) != "Form1")
         throw CommandError("no such window");
-    session.form1().ToggleMaximize();
+    runner.form1().ToggleMaximize();
     return {};
 }
 
 } // namespace
 
 Operations frameOperations() {
-    const auto window = [](Session& session) -> Form1& { return session.form1(); };
+    const auto window = [](Runner& runner) -> Form1& { return runner.form1(); };
     return {
         {"Form1.SetTopMost", setTopMost},
         {"Form1.SkinMainWindow", skinMainWindow},

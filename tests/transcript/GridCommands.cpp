@@ -3,7 +3,7 @@
 #include "ControlNames.h"
 #include "Variables.h"
 
-#include "score/Studio.h"
+#include "studio/Studio.h"
 
 #include <array>
 #include <map>
@@ -22,7 +22,7 @@ std::map<std::string, Variable> gathered() {
           recordVariables()}) {
         for (const Variable& each : variables) {
             table[each.name] = each;
-            // A variable of another window is also known without it.
+            // A variable of another window is also known without the window's name.
             table[each.name.substr(each.name.find('.') + 1)] = each;
         }
     }
@@ -32,7 +32,7 @@ std::map<std::string, Variable> gathered() {
 const Variable& find(const std::string& name) {
     static const std::map<std::string, Variable> table = gathered();
     auto found = table.find(name);
-    // What all windows share may be named with any of them.
+    // A variable that all windows share is known with any window's name.
     const std::size_t dot = name.find('.');
     if (found == table.end() && dot != std::string::npos && isWindowName(name.substr(0, dot)))
         found = table.find(name.substr(dot + 1));
@@ -50,26 +50,26 @@ void expectIndices(const Variable& variable, const Indices& indices) {
     }
 }
 
-Lines var(Session& session, const Words& words) {
+Lines var(Runner& runner, const Words& words) {
     expectWords(words, 1);
     const Name name = parseName(words[0]);
     const Variable& variable = find(name.text);
     expectIndices(variable, name.indices);
-    return variable.read(session, name.indices);
+    return variable.read(runner, name.indices);
 }
 
-Lines let(Session& session, const Words& words) {
+Lines let(Runner& runner, const Words& words) {
     expectWords(words, 2);
     const Name name = parseName(words[0]);
     const Variable& variable = find(name.text);
     expectIndices(variable, name.indices);
     if (!variable.write)
         throw CommandError("cannot be written: " + name.text);
-    variable.write(session, name.indices, words[1]);
+    variable.write(runner, name.indices, words[1]);
     return {};
 }
 
-Lines row(Session& session, const Words& words) {
+Lines row(Runner& runner, const Words& words) {
     expectWords(words, 4);
     const Variable& variable = find(words[0]);
     if (variable.sizes.size() != 2)
@@ -79,12 +79,12 @@ Lines row(Session& session, const Words& words) {
     for (int column = plainNumber(words[2]); column <= last; ++column) {
         const Indices at{plainNumber(words[1]), column};
         expectIndices(variable, at);
-        line += (line.empty() ? "" : ",") + variable.read(session, at).front();
+        line += (line.empty() ? "" : ",") + variable.read(runner, at).front();
     }
     return {line};
 }
 
-/// A line for each run of cells that are not blank.
+/// One line for each run of cells that are not empty.
 template <class SomeGrid>
 void appendRuns(Lines& lines, const char* name, const SomeGrid& grid, int blank) {
     for (int r = 0; r < SomeGrid::rows; ++r) {
@@ -106,9 +106,9 @@ void appendRuns(Lines& lines, const char* name, const SomeGrid& grid, int blank)
     }
 }
 
-Lines grids(Session& session, const Words& words) {
+Lines grids(Runner& runner, const Words& words) {
     expectWords(words, 0);
-    const Score& score = session.studio().score;
+    const Score& score = runner.studio().score;
     Lines lines;
     appendRuns(lines, "NoteArray", score.NoteArray, emptyCell);
     appendRuns(lines, "InstrumentArray", score.InstrumentArray, 0);
@@ -116,9 +116,9 @@ Lines grids(Session& session, const Words& words) {
     return lines;
 }
 
-Lines note(Session& session, const Words& words) {
+Lines note(Runner& runner, const Words& words) {
     expectWords(words, 5);
-    Score& score = session.studio().score;
+    Score& score = runner.studio().score;
     const int atRow = plainNumber(words[0]);
     const int column = plainNumber(words[1]);
     const int pitch = numberBetween(words[2], -32768, 31767);

@@ -1,16 +1,16 @@
-// Names of the off-screen pictures, and what `get` prints of them.
+// The names of the off-screen pictures, and their properties.
 #include "HiddenPictures.h"
 
-#include "Session.h"
+#include "Runner.h"
 
-#include "program/Form1.h"
+#include "windows/main/Form1.h"
 
 namespace transcript {
 
-const velorin::Picture* hiddenPicture(Session& session, const std::string& name) {
-    if (!session.isRunning())
+const velorin::Picture* hiddenPicture(Runner& runner, const std::string& name) {
+    if (!runner.isRunning())
         return nullptr;
-    const velorin::Picmain& area = *session.form1().area;
+    const velorin::Picmain& area = *runner.form1().area;
     if (name == "SwapScreen")
         return &area.SwapScreen;
     if (name == "BlueBox")
@@ -22,10 +22,10 @@ const velorin::Picture* hiddenPicture(Session& session, const std::string& name)
     return nullptr;
 }
 
-std::optional<Lines> hiddenPictureProperty(Session& session, const Address& address) {
+std::optional<Lines> hiddenPictureProperty(Runner& runner, const Address& address) {
     if (address.window != "Form1")
         return std::nullopt;
-    const velorin::Picture* picture = hiddenPicture(session, address.control);
+    const velorin::Picture* picture = hiddenPicture(runner, address.control);
     if (picture == nullptr)
         return std::nullopt;
     if (address.property == "visible")
@@ -37,8 +37,8 @@ std::optional<Lines> hiddenPictureProperty(Session& session, const Address& addr
     }
     if (address.property != "rect")
         return std::nullopt;
-    // They lie behind the music tableau, from its upper left corner on.
-    const QPoint corner = session.form1().area->MusicBox->pos();
+    // Their place is that of the music tableau.
+    const QPoint corner = runner.form1().area->MusicBox->pos();
     return Lines{std::to_string(corner.x()) + "," + std::to_string(corner.y()) + "," +
                  std::to_string(picture->ScaleWidth()) + "," +
                  std::to_string(picture->ScaleHeight())};

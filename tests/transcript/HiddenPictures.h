@@ -1,4 +1,4 @@
-// The off-screen pictures of the work area: they have names and pixels, but no widget.
+// The off-screen pictures of the work area, which have names and pixels, but no widget.
 #pragma once
 
 #include "Answers.h"
@@ -13,12 +13,12 @@ class Picture;
 
 namespace transcript {
 
-class Session;
+class Runner;
 
-/// Null if the program does not run, or if the name is that of no off-screen picture.
-[[nodiscard]] const velorin::Picture* hiddenPicture(Session& session, const std::string& name);
+/// Null if the program does not run, or if there is no off-screen picture of this name.
+[[nodiscard]] const velorin::Picture* hiddenPicture(Runner& runner, const std::string& name);
 
-/// `rect` and `visible` of such a picture; nothing of any other control or property.
-[[nodiscard]] std::optional<Lines> hiddenPictureProperty(Session& session, const Address& address);
+/// `rect` and `visible` of such a picture; no value for other controls and properties.
+[[nodiscard]] std::optional<Lines> hiddenPictureProperty(Runner& runner, const Address& address);
 
 } // namespace transcript

@@ -2,18 +2,18 @@
 #include "MenuEntries.h"
 
 #include "Answers.h"
-#include "Session.h"
-#include "controls/MenuTable.h"
-#include "program/Form1.h"
+#include "Runner.h"
+#include "windows/main/Form1.h"
+#include "windows/texts/MenuTable.h"
 
 namespace transcript {
 
-bool isMenuLoaded(Session& session) {
-    return session.isRunning() && session.form1().menus.isLoaded();
+bool isMenuLoaded(Runner& runner) {
+    return runner.isRunning() && runner.form1().menus.isLoaded();
 }
 
-Lines menuEntry(Session& session, const Address& address) {
-    velorin::Frmmenu& menus = session.form1().menus;
+Lines menuEntry(Runner& runner, const Address& address) {
+    velorin::Frmmenu& menus = runner.form1().menus;
     const velorin::MenuText* entry = velorin::findMenuText(address.control);
     if (entry == nullptr)
         throw CommandError("no such control: " + address.whole);

@@ -1,4 +1,4 @@
-// What `get` prints of the entries of the popup menus, which are no controls of a window system.
+// The properties of popup menu entries, which are not widgets.
 #pragma once
 
 #include "ControlNames.h"
@@ -9,10 +9,10 @@ namespace transcript {
     return address.window == "Frmmenu";
 }
 
-/// True between the load of the menus' owner and its unload behind a popup.
-[[nodiscard]] bool isMenuLoaded(Session& session);
+/// True between the load of the menus' owner and its unload after a popup.
+[[nodiscard]] bool isMenuLoaded(Runner& runner);
 
-/// A property of an entry, or its caption where none is named. Loads the menus' owner.
-[[nodiscard]] Lines menuEntry(Session& session, const Address& address);
+/// A property of an entry; its caption by default. Loads the menus' owner.
+[[nodiscard]] Lines menuEntry(Runner& runner, const Address& address);
 
 } // namespace transcript

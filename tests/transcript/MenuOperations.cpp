@@ -1,17 +1,17 @@
 // Operations of the popup menus' owner, `Frmmenu`, and of the hint window.
 #include "Operations.h"
-#include "Session.h"
-#include "controls/MenuTable.h"
-#include "program/Form1.h"
+#include "Runner.h"
 #include "program/Program.h"
+#include "windows/main/Form1.h"
+#include "windows/texts/MenuTable.h"
 
 namespace transcript {
 
 using namespace velorin;
 
 Operations menuOperations() {
-    const auto menus = [](Session& session) -> Frmmenu& { return session.form1().menus; };
-    const auto hints = [](Session& session) -> frminfo& { return session.program().hints; };
+    const auto menus = [](Runner& runner) -> Frmmenu& { return runner.form1().menus; };
+    const auto hints = [](Runner& runner) -> frminfo& { return runner.program().hints; };
     Operations all{
         operation("Frmmenu.Command1_Click", menus, &Frmmenu::Command1_Click),
         operation("Frmmenu.Command2_Click", menus, &Frmmenu::Command2_Click),
@@ -29,13 +29,13 @@ Operations menuOperations() {
             if (entry.isSeparator())
                 continue;
             const std::string name = entry.name;
-            all.push_back({"Frmmenu." + name + "_Click",
-                           [menus, name](Session& session, Arguments& arguments) {
-                               arguments.expectEnd();
-                               menus(session).load(); // as any use of the window does
-                               menus(session).click(name);
-                               return Lines{};
-                           }});
+            all.push_back(
+                {"Frmmenu." + name + "_Click", [menus, name](Runner& runner, Arguments& arguments) {
+                     arguments.expectEnd();
+                     menus(runner).load(); // like any use of the window
+                     menus(runner).click(name);
+                     return Lines{};
+                 }});
         }
     }
     return all;

@@ -2,7 +2,7 @@
 #include "ButtonFaces.h"
 #include "Commands.h"
 #include "ControlNames.h"
-#include "Session.h"
+#include "Runner.h"
 
 #include <QApplication>
 #include <QMouseEvent>
@@ -30,7 +30,7 @@ Qt::MouseButton buttonOf(int number) {
     }
 }
 
-/// What lies under a point of `control`, which need not be that control; null outside its window.
+/// The widget at a point of `control`, which may be another one; null outside the window.
 QWidget* hit(QWidget& control, QPointF place) {
     QWidget* window = control.window();
     const QPoint point = control.mapTo(window, QPoint(static_cast<int>(std::floor(place.x())),
@@ -43,8 +43,8 @@ QWidget* hit(QWidget& control, QPointF place) {
 
 struct MouseEventParts {
     QEvent::Type type;
-    Qt::MouseButton button; ///< the one pressed or released; none for a move
-    Qt::MouseButtons held;  ///< those held behind the event
+    Qt::MouseButton button; ///< pressed or released; none for a move
+    Qt::MouseButtons held;  ///< held after the event
 };
 
 MouseEventParts partsOf(const std::string& action, Qt::MouseButton button) {
@@ -69,10 +69,10 @@ bool holds(const QWidget& outer, const QWidget* inner) {
     return inner != nullptr && (&outer == inner || outer.isAncestorOf(inner));
 }
 
-/// The pointer comes to `target`: what it was over, up to what holds both, is left.
-void pointAt(Session& session, QWidget* target) {
-    QPointer<QWidget> left = session.pointedAt;
-    session.pointedAt = target;
+/// Moves the pointer to `target`. Sends leave events to the widgets that it leaves.
+void pointAt(Runner& runner, QWidget* target) {
+    QPointer<QWidget> left = runner.pointedAt;
+    runner.pointedAt = target;
     while (left != nullptr && !holds(*left, target)) {
         QPointer<QWidget> outer = left->isWindow() ? nullptr : left->parentWidget();
         QEvent event(QEvent::Leave);
@@ -81,25 +81,25 @@ void pointAt(Session& session, QWidget* target) {
     }
 }
 
-Lines mouse(Session& session, const Words& words) {
+Lines mouse(Runner& runner, const Words& words) {
     expectWords(words, 5);
-    QWidget& control = controlOf(session, words[0]);
+    QWidget& control = controlOf(runner, words[0]);
     const MouseEventParts parts = partsOf(words[1], buttonOf(plainNumber(words[2])));
     const QPointF place(realNumber(words[3]), realNumber(words[4]));
     const bool isPress = parts.type == QEvent::MouseButtonPress;
 
-    QWidget* target = isPress ? nullptr : session.mouseHolder.data();
+    QWidget* target = isPress ? nullptr : runner.mouseHolder.data();
     const bool isHeld = target != nullptr;
     if (!isHeld) {
         target = hit(control, place);
-        pointAt(session, target);
+        pointAt(runner, target);
     }
-    session.mouseHolder = nullptr;
+    runner.mouseHolder = nullptr;
     if (target == nullptr)
         return {};
     const bool keepsMouse = isPress || (isHeld && parts.type == QEvent::MouseMove);
     if (keepsMouse)
-        session.mouseHolder = target;
+        runner.mouseHolder = target;
     if (target->isEnabled() && !pictureTakesMouse(*target, words[1]))
         send(*target, control, place, parts);
     return {};

@@ -1,8 +1,8 @@
-// Setting up the window system's off-screen platform.
+// Sets up Qt's off-screen platform.
 #include "Offscreen.h"
 
-#include "resources/Look.h"
 #include "support/ScriptedFiles.h"
+#include "windows/frame/Look.h"
 
 #include <QApplication>
 
@@ -19,7 +19,7 @@ namespace {
 constexpr const char* screen = R"({"screens":[{"name":"S","x":0,"y":0,"width":1024,"height":768,)"
                                R"("logicalDpi":96,"logicalBaseDpi":96,"dpr":1}]})";
 
-// What this platform cannot do is no news in a test.
+// Hides warnings about features that this platform does not have.
 void dropPlatformNotes(QtMsgType type, const QMessageLogContext&, const QString& text) {
     if (!text.startsWith("This plugin does not support"))
         std::fprintf(stderr, "%s\n", qPrintable(text));
@@ -29,7 +29,7 @@ void dropPlatformNotes(QtMsgType type, const QMessageLogContext&, const QString&
 
 } // namespace
 
-// The platform reads its screen from a file while the application is made, and not later.
+// The platform reads its screen from a file only while the application is created.
 Offscreen::Offscreen(int& argc, char** argv) {
     const scripted::TemporaryFolder folder;
     const std::string file = (folder.path() / "screen.json").string();

@@ -1,4 +1,4 @@
-// A screen that nobody sees, 1024 by 768 pixels, for the real windows.
+// An off-screen display of 1024 by 768 pixels for the real windows.
 #pragma once
 
 #include <memory>
@@ -7,7 +7,7 @@ class QApplication;
 
 namespace transcript {
 
-/// Lives as long as the program; there is one.
+/// There is one, and it exists as long as the program.
 class Offscreen {
 public:
     Offscreen(int& argc, char** argv);

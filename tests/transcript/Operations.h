@@ -1,4 +1,4 @@
-// The procedures that `call` knows by name, and how their arguments are read.
+// The procedures that `call` knows by name, and the parsing of their arguments.
 #pragma once
 
 #include "Answers.h"
@@ -13,12 +13,12 @@
 
 namespace transcript {
 
-class Session;
+class Runner;
 
-/// The words behind the name of an operation, read from left to right.
+/// The words after the name of an operation, read from left to right.
 class Arguments {
 public:
-    Arguments(Session& session, Words words) : session_(session), words_(std::move(words)) {}
+    Arguments(Runner& runner, Words words) : runner_(runner), words_(std::move(words)) {}
 
     template <class Value>
     Value next() {
@@ -32,18 +32,18 @@ public:
             return text();
     }
 
-    /// A text; a path has '@' replaced by the folder.
+    /// A text; '@' in a path is replaced with the folder.
     std::string text();
     [[nodiscard]] bool isAtEnd() const { return used_ == words_.size(); }
-    /// Throws if words are left.
+    /// Throws if there are unread words.
     void expectEnd() const;
-    /// For handlers that get more than they look at.
+    /// For handlers that ignore some arguments.
     void ignoreRest() { used_ = words_.size(); }
 
 private:
     const std::string& word();
 
-    Session& session_;
+    Runner& runner_;
     Words words_;
     std::size_t used_ = 0;
 };
@@ -51,20 +51,21 @@ private:
 /// `name` with its window: "Form1.StartNote". `run` returns the lines of its result.
 struct Operation {
     std::string name;
-    std::function<Lines(Session&, Arguments&)> run;
+    std::function<Lines(Runner&, Arguments&)> run;
 };
 
 using Operations = std::vector<Operation>;
 
-/// A member function of what `reach` finds: its parameters are read, its result is printed.
+/// A member function of the object that `reach` finds. Its parameters are parsed, and its result is
+/// printed.
 template <class Reach, class Owner, class Result, class... Parameters>
 Operation operation(std::string name, Reach reach, Result (Owner::*procedure)(Parameters...)) {
-    return {std::move(name), [reach, procedure](Session& session, Arguments& arguments) -> Lines {
+    return {std::move(name), [reach, procedure](Runner& runner, Arguments& arguments) -> Lines {
                 // Braces keep the order of evaluation.
                 std::tuple<std::decay_t<Parameters>...> values{
                     arguments.next<std::decay_t<Parameters>>()...};
                 arguments.expectEnd();
-                Owner& object = reach(session);
+                Owner& object = reach(runner);
                 const auto call = [&](auto&... each) { return (object.*procedure)(each...); };
                 if constexpr (std::is_void_v<Result>) {
                     std::apply(call, values);

@@ -4,10 +4,10 @@
 #include "ControlNames.h"
 #include "FileContents.h"
 #include "HiddenPictures.h"
-#include "Session.h"
+#include "Runner.h"
 
-#include "platform/CaseBlind.h"
-#include "program/Form1.h"
+#include "platform/PathLookup.h"
+#include "windows/main/Form1.h"
 
 #include <QImage>
 
@@ -17,19 +17,19 @@ namespace transcript {
 
 namespace {
 
-/// The pixels of a picture control; of any other control what it looks like.
-QImage imageOf(Session& session, const std::string& word) {
-    if (const velorin::Picture* picture = hiddenPicture(session, word))
+/// The pixels of a picture control; for other controls a rendered image.
+QImage imageOf(Runner& runner, const std::string& word) {
+    if (const velorin::Picture* picture = hiddenPicture(runner, word))
         return picture->image();
-    QWidget& control = controlOf(session, word);
+    QWidget& control = controlOf(runner, word);
     if (auto* box = qobject_cast<velorin::PictureBox*>(&control))
         return box->picture.image();
     return control.grab().toImage();
 }
 
-Lines pixel(Session& session, const Words& words) {
+Lines pixel(Runner& runner, const Words& words) {
     expectWords(words, 3);
-    const QImage image = imageOf(session, words[0]);
+    const QImage image = imageOf(runner, words[0]);
     const int x = plainNumber(words[1]);
     const int y = plainNumber(words[2]);
     if (!image.valid(x, y))
@@ -52,16 +52,16 @@ bool isPath(const std::string& word) {
     return word.starts_with('@') || word.find_first_of("/\\") != std::string::npos;
 }
 
-Lines digest(Session& session, const Words& words) {
+Lines digest(Runner& runner, const Words& words) {
     expectWords(words, 1);
-    return {crcOf(isPath(words[0]) ? contentOf(session, words[0])
-                                   : pixelBytes(imageOf(session, words[0])))};
+    return {crcOf(isPath(words[0]) ? contentOf(runner, words[0])
+                                   : pixelBytes(imageOf(runner, words[0])))};
 }
 
-Lines png(Session& session, const Words& words) {
+Lines png(Runner& runner, const Words& words) {
     expectWords(words, 2);
-    const QImage image = imageOf(session, words[0]);
-    const std::string path = platform::resolve(session.path(words[1])).string();
+    const QImage image = imageOf(runner, words[0]);
+    const std::string path = platform::resolve(runner.path(words[1])).string();
     if (!image.save(QString::fromStdString(path), "PNG"))
         throw CommandError("cannot write " + words[1]);
     return {};

@@ -1,7 +1,8 @@
-// Operations of playback: sounding, the sequencer, the stopwatches, the position display.
+// Operations of playback: notes, sequencer, stopwatches, position display.
 #include "Operations.h"
-#include "Session.h"
-#include "program/Form1.h"
+#include "Runner.h"
+#include "session/Session.h"
+#include "windows/main/Form1.h"
 
 namespace transcript {
 
@@ -10,9 +11,7 @@ using namespace velorin;
 namespace {
 
 Operations soundingOperations() {
-    const auto sounding = [](Session& session) -> NoteSounding& {
-        return session.form1().sounding;
-    };
+    const auto sounding = [](Runner& runner) -> NoteSounding& { return runner.session().sounding; };
     return {
         operation("Form1.StartNote", sounding, &NoteSounding::StartNote),
         operation("Form1.StartNoteBtnDn", sounding, &NoteSounding::StartNoteBtnDn),
@@ -28,25 +27,23 @@ Operations soundingOperations() {
         operation("Form1.Command32_Click", sounding, &NoteSounding::Command32_Click),
         operation("Form1.StopallSound", sounding, &NoteSounding::StopallSound),
         operation("Form1.stopitall", sounding, &NoteSounding::stopitall),
-        // Its argument, a list index, is not looked at.
+        // Its argument, a list index, is ignored.
         {"Form1.Device_Click",
-         [](Session& session, Arguments& arguments) {
+         [](Runner& runner, Arguments& arguments) {
              arguments.ignoreRest();
-             session.form1().sounding.Device_Click();
+             runner.session().sounding.Device_Click();
              return Lines{};
          }},
-        operation(
-            "Form1.Combo2_Click", [](Session& session) -> Form1& { return session.form1(); },
-            &Form1::Combo2_Click),
+        operation("Form1.Combo2_Click", sounding, &NoteSounding::Combo2_Click),
     };
 }
 
 } // namespace
 
 Operations playbackOperations() {
-    const auto song = [](Session& session) -> Sequencer& { return session.form1().sequencer; };
-    const auto watch = [](Session& session) -> StopWatch& { return session.form1().watch; };
-    const auto music = [](Session& session) -> MusicTableau& { return session.form1().music; };
+    const auto song = [](Runner& runner) -> Sequencer& { return runner.session().sequencer; };
+    const auto watch = [](Runner& runner) -> StopWatch& { return runner.session().watch; };
+    const auto music = [](Runner& runner) -> MusicTableau& { return runner.form1().music; };
     Operations all = soundingOperations();
     const Operations others{
         operation("Form1.PlayAndStop_Click", song, &Sequencer::PlayAndStop_Click),

@@ -1,10 +1,11 @@
-// The variables of the sounding, the sequencer, the clipboard, the frame and the Setup Toolbar.
+// The variables of note sounding, sequencer, clipboard, frame and Setup Toolbar.
 #include "Variables.h"
 
-#include "program/Form1.h"
 #include "program/Program.h"
-#include "shell/Form3.h"
-#include "shell/SetupToolbar.h"
+#include "session/Session.h"
+#include "windows/main/Form1.h"
+#include "windows/setup/Form3.h"
+#include "windows/setup/SetupToolbar.h"
 
 namespace transcript {
 
@@ -14,23 +15,23 @@ namespace {
 
 template <class Value>
 auto inSounding(Value NoteSounding::*member) {
-    return [member](Session& session) -> Value& { return session.form1().sounding.*member; };
+    return [member](Runner& runner) -> Value& { return runner.session().sounding.*member; };
 }
 template <class Value>
 auto inSong(Value Sequencer::*member) {
-    return [member](Session& session) -> Value& { return session.form1().sequencer.*member; };
+    return [member](Runner& runner) -> Value& { return runner.session().sequencer.*member; };
 }
 template <class Value>
 auto inFrames(Value FrameState::*member) {
-    return [member](Session& session) -> Value& { return session.program().frames.*member; };
+    return [member](Runner& runner) -> Value& { return runner.program().windows.frames.*member; };
 }
 
-/// A handle is a number that means nothing outside its run.
+/// A handle differs from run to run.
 Variable handle() {
     return {"MidiHandle",
             {},
-            [](Session& session, const Indices&) {
-                return Lines{session.form1().sounding.MidiHandle == 0 ? "0" : "H"};
+            [](Runner& runner, const Indices&) {
+                return Lines{runner.session().sounding.MidiHandle == 0 ? "0" : "H"};
             },
             {}};
 }
@@ -38,29 +39,28 @@ Variable handle() {
 } // namespace
 
 Variables editingVariables() {
-    const auto clip = [](Session& session) -> Clipboard& { return session.form1().edits.clip; };
+    const auto clip = [](Runner& runner) -> Clipboard& { return runner.session().edits.clip; };
     return {
         gridVariable("ClipNotes", NoteGrid::rows, NoteGrid::columns,
-                     [clip](Session& session) -> NoteGrid& { return clip(session).ClipNotes; }),
-        gridVariable(
-            "ClipInstruments", NoteGrid::rows, NoteGrid::columns,
-            [clip](Session& session) -> NoteGrid& { return clip(session).ClipInstruments; }),
+                     [clip](Runner& runner) -> NoteGrid& { return clip(runner).ClipNotes; }),
+        gridVariable("ClipInstruments", NoteGrid::rows, NoteGrid::columns,
+                     [clip](Runner& runner) -> NoteGrid& { return clip(runner).ClipInstruments; }),
         gridVariable("ClipPoly", PolyGrid::rows, PolyGrid::columns,
-                     [clip](Session& session) -> PolyGrid& { return clip(session).ClipPoly; }),
+                     [clip](Runner& runner) -> PolyGrid& { return clip(runner).ClipPoly; }),
         variable("ClipLength",
-                 [clip](Session& session) -> std::int16_t& { return clip(session).ClipLength; }),
+                 [clip](Runner& runner) -> std::int16_t& { return clip(runner).ClipLength; }),
     };
 }
 
 Variables setupVariables() {
-    const auto form = [](Session& session) -> Form3& { return session.program().setup().form(); };
+    const auto form = [](Runner& runner) -> Form3& { return runner.program().setup.form(); };
     return {
         variable("Form3.Form3Loading",
-                 [form](Session& session) -> Flag& { return form(session).Form3Loading; }),
+                 [form](Runner& runner) -> Flag& { return form(runner).Form3Loading; }),
         variable("Form3.MidiDeviceCount",
-                 [form](Session& session) -> int& { return form(session).MidiDeviceCount; }),
+                 [form](Runner& runner) -> int& { return form(runner).MidiDeviceCount; }),
         variable("Form3.SavedDevice",
-                 [form](Session& session) -> std::int16_t& { return form(session).SavedDevice; }),
+                 [form](Runner& runner) -> std::int16_t& { return form(runner).SavedDevice; }),
     };
 }
 

@@ -1,11 +1,11 @@
-// Operations of the Recording Toolbar, `Record`, and of the MP3 device; naming one of the former
-// loads the window.
+// Operations of the Recording Toolbar, `Record`, and of the MP3 device. Those of the toolbar load
+// its window.
 #include "Operations.h"
-#include "Session.h"
+#include "Runner.h"
 #include "Variables.h"
 #include "program/Program.h"
-#include "recording/Record.h"
-#include "recording/RecordingToolbar.h"
+#include "windows/recording/Record.h"
+#include "windows/recording/RecordingToolbar.h"
 
 namespace transcript {
 
@@ -13,15 +13,12 @@ using namespace velorin;
 
 namespace {
 
-RecordingToolbar& toolbarOf(Session& session) {
-    auto* toolbar = dynamic_cast<RecordingToolbar*>(session.program().toolWindow("Record"));
-    if (toolbar == nullptr)
-        throw CommandError("no such window: Record");
-    return *toolbar;
+RecordingToolbar& toolbarOf(Runner& runner) {
+    return runner.program().recording;
 }
 
-RecordingToolbar& loadedToolbar(Session& session) {
-    RecordingToolbar& toolbar = toolbarOf(session);
+RecordingToolbar& loadedToolbar(Runner& runner) {
+    RecordingToolbar& toolbar = toolbarOf(runner);
     (void)toolbar.form();
     return toolbar;
 }
@@ -32,22 +29,22 @@ void append(Operations& all, Operations more) {
 }
 
 Operations windowOperations() {
-    const auto form = [](Session& session) -> Record& { return toolbarOf(session).form(); };
+    const auto form = [](Runner& runner) -> Record& { return toolbarOf(runner).form(); };
     return {
         operation("Record.Label1_Click", form, &Record::Label1_Click),
         operation("Record.cbxFormat_Click", form, &Record::cbxFormat_Click),
         operation("Record.imgTitleClose_Click", form, &Record::imgTitleClose_Click),
         {"Record.ImgR_MouseMove",
-         [form](Session& session, Arguments& arguments) {
+         [form](Runner& runner, Arguments& arguments) {
              const int index = arguments.next<int>();
              arguments.ignoreRest();
-             form(session).ImgR_MouseMove(index);
+             form(runner).ImgR_MouseMove(index);
              return Lines{};
          }},
         {"Record.Picture7_MouseMove",
-         [form](Session& session, Arguments& arguments) {
+         [form](Runner& runner, Arguments& arguments) {
              arguments.ignoreRest();
-             form(session).Picture7_MouseMove();
+             form(runner).Picture7_MouseMove();
              return Lines{};
          }},
         operation("Record.Form_Load", form, &Record::Form_Load),
@@ -57,9 +54,7 @@ Operations windowOperations() {
 }
 
 Operations captureOperations() {
-    const auto capture = [](Session& session) -> Capture& {
-        return loadedToolbar(session).capture;
-    };
+    const auto capture = [](Runner& runner) -> Capture& { return loadedToolbar(runner).capture; };
     return {
         operation("Record.Cmdrecord_Click", capture, &Capture::Cmdrecord_Click),
         operation("Record.StartTrackRecording", capture, &Capture::StartTrackRecording),
@@ -73,10 +68,8 @@ Operations captureOperations() {
 }
 
 Operations playerOperations() {
-    const auto player = [](Session& session) -> FilePlayer& {
-        return loadedToolbar(session).player;
-    };
-    const auto mp3 = [](Session& session) -> Mp3Player& { return loadedToolbar(session).mp3; };
+    const auto player = [](Runner& runner) -> FilePlayer& { return loadedToolbar(runner).player; };
+    const auto mp3 = [](Runner& runner) -> Mp3Player& { return loadedToolbar(runner).mp3; };
     return {
         operation("Record.Cmd2_Click", player, &FilePlayer::Cmd2_Click),
         operation("Record.C4_Click", player, &FilePlayer::C4_Click),
@@ -96,17 +89,18 @@ Operations playerOperations() {
     };
 }
 
-/// The encoder's procedures that are no handlers answer with and without their window's name.
+/// The procedures of the encoder that are not handlers are known with and without the window's
+/// name.
 Operations encodingOperations(const std::string& owner) {
-    const auto encoding = [](Session& session) -> Mp3Encoding& {
-        return loadedToolbar(session).encoding;
+    const auto encoding = [](Runner& runner) -> Mp3Encoding& {
+        return loadedToolbar(runner).encoding;
     };
     return {
         operation(owner + "Command20_Click", encoding, &Mp3Encoding::Command20_Click),
         operation(owner + "EncodeWavFile", encoding, &Mp3Encoding::EncodeWavFile),
         operation(owner + "GetLamePath", encoding, &Mp3Encoding::GetLamePath),
         {owner + "ChangeExtension",
-         [](Session&, Arguments& arguments) {
+         [](Runner&, Arguments& arguments) {
              const std::string name = arguments.text();
              const std::string extension = arguments.text();
              arguments.expectEnd();
@@ -115,9 +109,10 @@ Operations encodingOperations(const std::string& owner) {
     };
 }
 
-/// A module's procedures belong to no window; they answer to the name of each that calls them.
+/// The procedures of a module belong to no window; they are known with the name of each window that
+/// calls them.
 Operations moduleOperations(const std::string& owner) {
-    const auto media = [](Session& session) -> modMultimedia& { return toolbarOf(session).media; };
+    const auto media = [](Runner& runner) -> modMultimedia& { return toolbarOf(runner).media; };
     return {
         operation(owner + "mmOpen", media, &modMultimedia::mmOpen),
         operation(owner + "mmPlay", media, &modMultimedia::mmPlay),
@@ -129,10 +124,10 @@ Operations moduleOperations(const std::string& owner) {
         operation(owner + "mmGetLengthMs", media, &modMultimedia::mmGetLengthMs),
         operation(owner + "mmGetPosition", media, &modMultimedia::mmGetPosition),
         {owner + "mmGetFramesPerSecond",
-         [media](Session& session, Arguments& arguments) {
+         [media](Runner& runner, Arguments& arguments) {
              const std::string alias = arguments.text();
              arguments.expectEnd();
-             const auto frames = media(session).mmGetFramesPerSecond(alias);
+             const auto frames = media(runner).mmGetFramesPerSecond(alias);
              if (!frames)
                  throw CommandError("division by zero");
              return answer(*frames);
@@ -160,12 +155,12 @@ Operations recordOperations() {
 Variables recordVariables() {
     return {
         variable("WavFileName",
-                 [](Session& session) -> std::string& { return session.studio().run.WavFileName; }),
+                 [](Runner& runner) -> std::string& { return runner.studio().run.WavFileName; }),
         variable("MixerPath",
-                 [](Session& session) -> std::string& { return session.studio().run.MixerPath; }),
+                 [](Runner& runner) -> std::string& { return runner.studio().run.MixerPath; }),
         variable(
             "LamePath",
-            [](Session& session) -> std::string& { return toolbarOf(session).encoding.LamePath; }),
+            [](Runner& runner) -> std::string& { return toolbarOf(runner).encoding.LamePath; }),
     };
 }
 

@@ -1,20 +1,18 @@
 // Operations of the score: clearing, files, the end of the song.
 #include "Operations.h"
-#include "Session.h"
-#include "program/Form1.h"
-#include "score/SetupControls.h"
-#include "score/Studio.h"
+#include "Runner.h"
+#include "session/Session.h"
 
 namespace transcript {
 
 using namespace velorin;
 
 Operations scoreOperations() {
-    const auto score = [](Session& session) -> Score& { return session.studio().score; };
-    const auto commands = [](Session& session) -> ScoreCommands& {
-        return session.form1().commands;
+    const auto score = [](Runner& runner) -> Score& { return runner.studio().score; };
+    const auto commands = [](Runner& runner) -> ScoreCommands& {
+        return runner.session().commands;
     };
-    const auto files = [](Session& session) -> ScoreFiles& { return session.form1().files; };
+    const auto files = [](Runner& runner) -> ScoreFiles& { return runner.session().files; };
     return {
         operation("Form1.ClearNoteArrays", score, &Score::ClearNoteArrays),
         operation("Form1.ClearPolies", score, &Score::ClearPolies),

@@ -1,7 +1,7 @@
-// Reading transcripts and telling expected from actual answers.
+// Reads transcripts and compares expected with actual answers.
 #include "Script.h"
 
-#include "Session.h"
+#include "Runner.h"
 
 #include <fstream>
 #include <sstream>
@@ -36,11 +36,11 @@ Script parseScript(const std::string& text) {
 }
 
 std::vector<Lines> answersOf(const Script& script) {
-    Session session;
+    Runner runner;
     std::vector<Lines> answers;
     answers.reserve(script.size());
     for (const Step& step : script)
-        answers.push_back(step.isCommand ? session.run(step.text) : Lines{});
+        answers.push_back(step.isCommand ? runner.run(step.text) : Lines{});
     return answers;
 }
 

@@ -1,5 +1,4 @@
-// A transcript as a file: commands, what each must print, and the lines between that are for
-// readers.
+// A transcript file: commands, their expected answers, and comments between them.
 #pragma once
 
 #include "Words.h"
@@ -9,11 +8,11 @@
 
 namespace transcript {
 
-/// One command with what it must print, or a line that is only kept.
+/// One command with its expected answer, or a line that is only kept.
 struct Step {
     int line = 0; ///< counted from 1
     bool isCommand = false;
-    std::string text; ///< the command without "> ", or the line as it stands
+    std::string text; ///< the command without "> ", or the unchanged line
     Lines expected;
 };
 
@@ -23,13 +22,13 @@ using Script = std::vector<Step>;
 [[nodiscard]] Script readScript(const std::string& path);
 [[nodiscard]] Script parseScript(const std::string& text);
 
-/// Runs each command of a script in a session of its own. Returns the answers, one entry a step.
+/// Runs all commands of a script in a new session. Returns the answers, one entry per step.
 [[nodiscard]] std::vector<Lines> answersOf(const Script& script);
 
-/// The script with the answers in place of what was expected.
+/// The script with the actual answers instead of the expected ones.
 [[nodiscard]] std::string printed(const Script& script, const std::vector<Lines>& answers);
 
-/// What differs, as text for a reader; empty if nothing does.
+/// The differences as text; empty if there are none.
 [[nodiscard]] std::string differences(const std::string& path, const Script& script,
                                       const std::vector<Lines>& answers);
 

@@ -1,16 +1,16 @@
-// Operations of the Setup Toolbar, `Form3`; naming one loads the window.
+// Operations of the Setup Toolbar, `Form3`. They load its window.
 #include "Operations.h"
-#include "Session.h"
+#include "Runner.h"
 #include "program/Program.h"
-#include "shell/Form3.h"
-#include "shell/SetupToolbar.h"
+#include "windows/setup/Form3.h"
+#include "windows/setup/SetupToolbar.h"
 
 namespace transcript {
 
 using namespace velorin;
 
 Operations setupOperations() {
-    const auto form = [](Session& session) -> Form3& { return session.program().setup().form(); };
+    const auto form = [](Runner& runner) -> Form3& { return runner.program().setup.form(); };
     Operations all{
         operation("Form3.Combo1_Click", form, &Form3::Combo1_Click),
         operation("Form3.Combo2_Click", form, &Form3::Combo2_Click),
@@ -33,10 +33,10 @@ Operations setupOperations() {
                                       {"Form3.TrackSel_MouseDown", &Form3::TrackSel_MouseDown},
                                       {"Form3.TrackSel_MouseMove", &Form3::TrackSel_MouseMove},
                                       {"Form3.TrackHide_Click", &Form3::TrackHide_Click}}) {
-        all.push_back({handler.name, [form, handler](Session& session, Arguments& arguments) {
+        all.push_back({handler.name, [form, handler](Runner& runner, Arguments& arguments) {
                            const int row = numberBetween(arguments.text(), 0, 12);
                            arguments.ignoreRest();
-                           (form(session).*handler.run)(row);
+                           (form(runner).*handler.run)(row);
                            return Lines{};
                        }});
     }

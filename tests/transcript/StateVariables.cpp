@@ -1,8 +1,8 @@
-// The variables of the score, of the view and of the run.
+// The variables of the score, the view and the run.
 #include "Variables.h"
 
-#include "score/Studio.h"
-#include "tableaux/NoteTables.h"
+#include "model/NoteTables.h"
+#include "studio/Studio.h"
 
 namespace transcript {
 
@@ -12,19 +12,19 @@ namespace {
 
 template <class Owner, class Value>
 auto inScore(Value Owner::*member) {
-    return [member](Session& session) -> Value& { return session.studio().score.*member; };
+    return [member](Runner& runner) -> Value& { return runner.studio().score.*member; };
 }
 template <class Value>
 auto inView(Value View::*member) {
-    return [member](Session& session) -> Value& { return session.studio().view.*member; };
+    return [member](Runner& runner) -> Value& { return runner.studio().view.*member; };
 }
 template <class Value>
 auto inDrag(Value Drag::*member) {
-    return [member](Session& session) -> Value& { return session.studio().drag.*member; };
+    return [member](Runner& runner) -> Value& { return runner.studio().drag.*member; };
 }
 template <class Value>
 auto inRun(Value Run::*member) {
-    return [member](Session& session) -> Value& { return session.studio().run.*member; };
+    return [member](Runner& runner) -> Value& { return runner.studio().run.*member; };
 }
 
 Variables dragVariables() {
@@ -120,9 +120,9 @@ Variables tableVariables() {
     return {
         {"NoteName",
          {128},
-         [](Session&, const Indices& at) { return answer(NoteName(at[0]).value_or("")); },
+         [](Runner&, const Indices& at) { return answer(NoteName(at[0]).value_or("")); },
          {}},
-        {"BlendSpec", {}, [](Session&, const Indices&) { return Lines{"6553600"}; }, {}},
+        {"BlendSpec", {}, [](Runner&, const Indices&) { return Lines{"6553600"}; }, {}},
     };
 }
 

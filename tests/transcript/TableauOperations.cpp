@@ -1,7 +1,7 @@
 // Operations of the tableaux and of the main window's layout.
 #include "Operations.h"
-#include "Session.h"
-#include "program/Form1.h"
+#include "Runner.h"
+#include "windows/main/Form1.h"
 
 namespace transcript {
 
@@ -10,8 +10,8 @@ using namespace velorin;
 namespace {
 
 Operations musicOperations() {
-    const auto music = [](Session& session) -> MusicTableau& { return session.form1().music; };
-    const auto mouse = [](Session& session) -> MusicMouse& { return session.form1().musicMouse; };
+    const auto music = [](Runner& runner) -> MusicTableau& { return runner.form1().music; };
+    const auto mouse = [](Runner& runner) -> MusicMouse& { return runner.form1().musicMouse; };
     return {
         operation("Form1.DrawNoteArray", music, &MusicTableau::DrawNoteArray),
         operation("Form1.DrawNoteNames", music, &MusicTableau::DrawNoteNames),
@@ -31,10 +31,10 @@ Operations musicOperations() {
 }
 
 Operations stripOperations() {
-    const auto beats = [](Session& session) -> PercussionTableau& {
-        return session.form1().percussion;
+    const auto beats = [](Runner& runner) -> PercussionTableau& {
+        return runner.form1().percussion;
     };
-    const auto poly = [](Session& session) -> PolyTableau& { return session.form1().poly; };
+    const auto poly = [](Runner& runner) -> PolyTableau& { return runner.form1().poly; };
     return {
         operation("Form1.DrawBeatArray", beats, &PercussionTableau::DrawBeatArray),
         operation("Form1.Beatbox_MouseDown", beats, &PercussionTableau::Beatbox_MouseDown),
@@ -51,11 +51,9 @@ Operations stripOperations() {
 }
 
 Operations layoutOperations() {
-    const auto layout = [](Session& session) -> MainLayout& { return session.form1().layout; };
+    const auto layout = [](Runner& runner) -> MainLayout& { return runner.form1().layout; };
     return {
-        operation(
-            "Form1.Form_Resize", [](Session& session) -> Form1& { return session.form1(); },
-            &Form1::Form_Resize),
+        operation("Form1.Form_Resize", layout, &MainLayout::Form_Resize),
         operation("Form1.HScroll1_Change", layout, &MainLayout::HScroll1_Change),
         operation("Form1.HScroll1_Scroll", layout, &MainLayout::HScroll1_Scroll),
         operation("Form1.VScroll1_Change", layout, &MainLayout::VScroll1_Change),

@@ -1,6 +1,6 @@
 // Commands about time, the desktop and the run of the program: at, wait, start, cursor, second ...
 #include "Commands.h"
-#include "Session.h"
+#include "Runner.h"
 
 #include <array>
 #include <cmath>
@@ -16,52 +16,52 @@ scripted::Nanoseconds duration(const std::string& word) {
     return std::llround(seconds * static_cast<double>(scripted::nanosecondsPerSecond));
 }
 
-Lines at(Session& session, const Words& words) {
+Lines at(Runner& runner, const Words& words) {
     if (words.size() < 2)
         throw CommandError("too few words");
-    session.plan(duration(words[0]), Words(words.begin() + 1, words.end()));
+    runner.plan(duration(words[0]), Words(words.begin() + 1, words.end()));
     return {};
 }
 
-Lines wait(Session& session, const Words& words) {
+Lines wait(Runner& runner, const Words& words) {
     expectWords(words, 1);
-    session.host.time.pass(duration(words[0]));
+    runner.host.time.pass(duration(words[0]));
     return {};
 }
 
-Lines start(Session& session, const Words& words) {
+Lines start(Runner& runner, const Words& words) {
     expectWords(words, 0);
-    session.restart();
+    runner.restart();
     return {};
 }
 
-Lines cursor(Session& session, const Words& words) {
+Lines cursor(Runner& runner, const Words& words) {
     expectWords(words, 2);
-    session.host.desktop.cursor = {plainNumber(words[0]), plainNumber(words[1])};
+    runner.host.desktop.cursor = {plainNumber(words[0]), plainNumber(words[1])};
     return {};
 }
 
-Lines second(Session& session, const Words& words) {
+Lines second(Runner& runner, const Words& words) {
     expectWords(words, 1);
-    session.host.desktop.anotherCopy = numberBetween(words[0], 0, 1) == 1;
+    runner.host.desktop.anotherCopy = numberBetween(words[0], 0, 1) == 1;
     return {};
 }
 
-Lines random(Session& session, const Words& words) {
+Lines random(Runner& runner, const Words& words) {
     expectWords(words, 1);
     const double number = realNumber(words[0]);
     if (number < 0 || number >= 1)
         throw CommandError("number out of range: " + words[0]);
-    session.host.desktop.randoms.push_back(number);
+    runner.host.desktop.randoms.push_back(number);
     return {};
 }
 
-Lines setting(Session& session, const Words& words) {
+Lines setting(Runner& runner, const Words& words) {
     expectWords(words, 1, 2);
     constexpr const char* section = "Settings";
     if (words.size() == 1)
-        return {session.host.settings.find(section, words[0]).value_or("none")};
-    session.host.settings.SaveSetting(section, words[0], session.path(words[1]));
+        return {runner.host.settings.find(section, words[0]).value_or("none")};
+    runner.host.settings.SaveSetting(section, words[0], runner.path(words[1]));
     return {};
 }
 

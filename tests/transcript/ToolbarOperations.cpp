@@ -1,10 +1,10 @@
-// Operations and variables of the Editing Toolbar, `Form2`; naming one loads the window.
+// Operations and variables of the Editing Toolbar, `Form2`. They load its window.
 #include "ControlNames.h"
 #include "Operations.h"
-#include "Session.h"
+#include "Runner.h"
 #include "Variables.h"
 
-#include "editing/Form2.h"
+#include "windows/editing/Form2.h"
 
 namespace transcript {
 
@@ -12,28 +12,28 @@ using namespace velorin;
 
 namespace {
 
-Form2& editingToolbar(Session& session) {
-    auto* form = qobject_cast<Form2*>(&windowOf(session, "Form2"));
+Form2& editingToolbar(Runner& runner) {
+    auto* form = qobject_cast<Form2*>(&windowOf(runner, "Form2"));
     if (form == nullptr)
         throw CommandError("no such window: Form2");
     return *form;
 }
 
-/// A handler of a control array that looks at nothing but the index.
+/// A handler of a control array that uses only the index.
 Operation indexed(std::string name, void (Form2::*handler)(int)) {
-    return {std::move(name), [handler](Session& session, Arguments& arguments) {
-                const int index = numberBetween(arguments.text(), 1, editButtons);
+    return {std::move(name), [handler](Runner& runner, Arguments& arguments) {
+                const int index = numberBetween(arguments.text(), 1, velorin::editButton::last);
                 arguments.ignoreRest();
-                (editingToolbar(session).*handler)(index);
+                (editingToolbar(runner).*handler)(index);
                 return Lines{};
             }};
 }
 
-/// A handler that looks at none of its arguments.
+/// A handler that ignores its arguments.
 Operation plain(std::string name, void (Form2::*handler)()) {
-    return {std::move(name), [handler](Session& session, Arguments& arguments) {
+    return {std::move(name), [handler](Runner& runner, Arguments& arguments) {
                 arguments.ignoreRest();
-                (editingToolbar(session).*handler)();
+                (editingToolbar(runner).*handler)();
                 return Lines{};
             }};
 }
@@ -69,8 +69,8 @@ Operations editingToolbarOperations() {
 }
 
 Variables editingToolbarVariables() {
-    const auto mode = [](Session& session) -> std::int16_t& {
-        return editingToolbar(session).EditToolbarMode;
+    const auto mode = [](Runner& runner) -> std::int16_t& {
+        return editingToolbar(runner).EditToolbarMode;
     };
     return {variable("Form2.EditToolbarMode", mode)};
 }

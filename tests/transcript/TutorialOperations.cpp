@@ -1,12 +1,11 @@
-// Operations of the Tutorial Wizard, `Wiz`; naming one loads the window where the program itself
-// would.
+// Operations of the Tutorial Wizard, `Wiz`. They load its window where the program would.
 #include "Operations.h"
-#include "Session.h"
-#include "program/Form1.h"
+#include "Runner.h"
 #include "program/Program.h"
 #include "tutorial/Lesson.h"
-#include "tutorial/TutorialWizard.h"
-#include "tutorial/Wiz.h"
+#include "windows/main/Form1.h"
+#include "windows/tutorial/TutorialWizard.h"
+#include "windows/tutorial/Wiz.h"
 
 namespace transcript {
 
@@ -14,12 +13,12 @@ using namespace velorin;
 
 namespace {
 
-TutorialWizard& wizard(Session& session) {
-    return static_cast<TutorialWizard&>(*session.program().toolWindow("Wiz"));
+TutorialWizard& wizard(Runner& runner) {
+    return runner.program().tutorial;
 }
 
 Operations stepOperations() {
-    const auto tutorial = [](Session& session) -> Tutorial& { return wizard(session).tutorial; };
+    const auto tutorial = [](Runner& runner) -> Tutorial& { return wizard(runner).tutorial; };
     return {
         operation("Wiz.L1_Click", tutorial, &Tutorial::L1_Click),
         operation("Wiz.L2_Click", tutorial, &Tutorial::L2_Click),
@@ -41,21 +40,21 @@ Operations hoverOperations() {
     for (int lesson = 0; lesson < lessonCount; ++lesson) {
         const std::string labels = tables[static_cast<std::size_t>(lesson)].labels;
         const auto count = static_cast<int>(tables[static_cast<std::size_t>(lesson)].steps.size());
-        all.push_back({"Wiz." + labels + "_MouseMove",
-                       [lesson, count](Session& session, Arguments& arguments) {
-                           const int step = numberBetween(arguments.text(), 0, count - 1);
-                           arguments.ignoreRest();
-                           wizard(session).form().stepMouseMove(lesson, step);
-                           return Lines{};
-                       }});
+        all.push_back(
+            {"Wiz." + labels + "_MouseMove", [lesson, count](Runner& runner, Arguments& arguments) {
+                 const int step = numberBetween(arguments.text(), 0, count - 1);
+                 arguments.ignoreRest();
+                 wizard(runner).form().stepMouseMove(lesson, step);
+                 return Lines{};
+             }});
         const std::string title = "Ltit" + std::to_string(lesson + 1);
         const std::string panel = lesson < 2 ? "Picbac" + std::to_string(lesson + 1)
                                              : "Picture" + std::to_string(lesson - 1);
         for (const std::string& quiet : {title, panel})
             all.push_back(
-                {"Wiz." + quiet + "_MouseMove", [lesson](Session& session, Arguments& arguments) {
+                {"Wiz." + quiet + "_MouseMove", [lesson](Runner& runner, Arguments& arguments) {
                      arguments.ignoreRest();
-                     wizard(session).form().lessonMouseMove(lesson);
+                     wizard(runner).form().lessonMouseMove(lesson);
                      return Lines{};
                  }});
     }
@@ -65,8 +64,10 @@ Operations hoverOperations() {
 } // namespace
 
 Operations tutorialOperations() {
-    const auto form = [](Session& session) -> Wiz& { return wizard(session).form(); };
-    const auto samples = [](Session& session) -> SampleFiles& { return session.form1().samples; };
+    const auto form = [](Runner& runner) -> Wiz& { return wizard(runner).form(); };
+    const auto samples = [](Runner& runner) -> SampleFiles& {
+        return runner.program().tutorial.tutorial.samples;
+    };
     Operations all = stepOperations();
     for (const Operation& each : hoverOperations())
         all.push_back(each);

@@ -2,8 +2,9 @@
 #pragma once
 
 #include "Answers.h"
-#include "Session.h"
+#include "Runner.h"
 #include "Words.h"
+#include "studio/Flag.h"
 
 #include <array>
 #include <cstdint>
@@ -17,20 +18,22 @@ namespace transcript {
 
 using Indices = std::vector<int>;
 
-/// `write` is empty for what cannot be written.
+/// `write` is empty for a read-only variable.
 struct Variable {
     std::string name;
-    std::vector<int> sizes; ///< one bound an index: [0, size)
-    std::function<Lines(Session&, const Indices&)> read;
-    std::function<void(Session&, const Indices&, const std::string&)> write;
+    std::vector<int> sizes; ///< one bound per index: [0, size)
+    std::function<Lines(Runner&, const Indices&)> read;
+    std::function<void(Runner&, const Indices&, const std::string&)> write;
 };
 
 using Variables = std::vector<Variable>;
 
 template <class Value>
-void readInto(Value& target, Session& session, const std::string& word) {
-    if constexpr (std::is_same_v<Value, std::string>)
-        target = session.path(word);
+void readInto(Value& target, Runner& runner, const std::string& word) {
+    if constexpr (std::is_same_v<Value, velorin::Flag>)
+        readInto(target.number, runner, word);
+    else if constexpr (std::is_same_v<Value, std::string>)
+        target = runner.path(word);
     else if constexpr (std::is_floating_point_v<Value>)
         target = static_cast<Value>(realNumber(word));
     else if constexpr (std::is_same_v<Value, std::uint32_t>)
@@ -42,50 +45,51 @@ void readInto(Value& target, Session& session, const std::string& word) {
 
 template <class Value>
 Lines printedValue(const Value& value) {
-    if constexpr (std::is_same_v<Value, std::string> || std::is_floating_point_v<Value>)
+    if constexpr (std::is_same_v<Value, velorin::Flag>)
+        return printedValue(value.number);
+    else if constexpr (std::is_same_v<Value, std::string> || std::is_floating_point_v<Value>)
         return answer(value);
     else
         return answer(static_cast<std::int64_t>(value));
 }
 
-/// A number or a text that `reach` finds.
+/// The number or text that `reach` finds.
 template <class Reach>
 Variable variable(std::string name, Reach reach) {
     return {std::move(name),
             {},
-            [reach](Session& session, const Indices&) { return printedValue(reach(session)); },
-            [reach](Session& session, const Indices&, const std::string& word) {
-                readInto(reach(session), session, word);
+            [reach](Runner& runner, const Indices&) { return printedValue(reach(runner)); },
+            [reach](Runner& runner, const Indices&, const std::string& word) {
+                readInto(reach(runner), runner, word);
             }};
 }
 
-/// An array of `size` entries that `reach` finds.
+/// The array of `size` entries that `reach` finds.
 template <class Reach>
 Variable arrayVariable(std::string name, int size, Reach reach) {
-    const auto entry = [reach](Session & session, const Indices& at) -> auto& {
-        return reach(session)[static_cast<std::size_t>(at[0])];
+    const auto entry = [reach](Runner & runner, const Indices& at) -> auto& {
+        return reach(runner)[at[0]];
     };
-    return {
-        std::move(name),
-        {size},
-        [entry](Session& session, const Indices& at) { return printedValue(entry(session, at)); },
-        [entry](Session& session, const Indices& at, const std::string& word) {
-            readInto(entry(session, at), session, word);
-        }};
+    return {std::move(name),
+            {size},
+            [entry](Runner& runner, const Indices& at) { return printedValue(entry(runner, at)); },
+            [entry](Runner& runner, const Indices& at, const std::string& word) {
+                readInto(entry(runner, at), runner, word);
+            }};
 }
 
-/// A grid that `reach` finds.
+/// The grid that `reach` finds.
 template <class Reach>
 Variable gridVariable(std::string name, int rows, int columns, Reach reach) {
     return {std::move(name),
             {rows, columns},
-            [reach](Session& session, const Indices& at) {
-                return printedValue(reach(session).at(at[0], at[1]));
+            [reach](Runner& runner, const Indices& at) {
+                return printedValue(reach(runner).at(at[0], at[1]));
             },
-            [reach](Session& session, const Indices& at, const std::string& word) {
+            [reach](Runner& runner, const Indices& at, const std::string& word) {
                 std::int16_t value = 0;
-                readInto(value, session, word);
-                reach(session).write(at[0], at[1], value);
+                readInto(value, runner, word);
+                reach(runner).write(at[0], at[1], value);
             }};
 }
 
@@ -98,6 +102,6 @@ Variable gridVariable(std::string name, int rows, int columns, Reach reach) {
 [[nodiscard]] Variables editingVariables();
 [[nodiscard]] Variables setupVariables();
 [[nodiscard]] Variables editingToolbarVariables();
-[[nodiscard]] Variables tableVariables(); ///< tables that are only read
+[[nodiscard]] Variables tableVariables(); ///< read-only tables
 
 } // namespace transcript

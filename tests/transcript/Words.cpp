@@ -1,4 +1,4 @@
-// Splitting a command line, reading numbers and names.
+// Splits a command line, and reads numbers and names.
 #include "Words.h"
 
 #include <charconv>
@@ -24,7 +24,7 @@ bool isKnownEscape(char letter) {
     return std::string_view("rn0\"\\").find(letter) != std::string_view::npos;
 }
 
-/// The quoted word whose opening quote stands at `at`; moves `at` behind the closing one.
+/// The quoted word whose opening quote is at `at`. Moves `at` past the closing quote.
 std::string quotedWord(std::string_view line, std::size_t& at) {
     std::string word;
     for (++at; at < line.size(); ++at) {

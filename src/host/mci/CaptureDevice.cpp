@@ -1,8 +1,8 @@
-// From a format to a file under its name.
+// Executes the commands of a recording.
 #include "host/mci/CaptureDevice.h"
 
 #include "host/mci/MciErrors.h"
-#include "platform/CaseBlind.h"
+#include "platform/PathLookup.h"
 
 #include <algorithm>
 #include <array>
@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::array ratesHz{8000, 11025, 12000, 16000, 22050, 24000, 32000, 44100, 48000, 96000};
 
-/// Why a file takes no more, in words for the user.
+/// For the user: why a recording was cut short.
 std::string cutText(const std::error_code& reason, double seconds) {
     const bool isFull = reason == std::errc::no_space_on_device || reason.value() == EDQUOT;
     const bool isLongest = reason == std::errc::file_too_large;
@@ -58,7 +58,7 @@ std::uint32_t CaptureDevice::carryOut(const CommandText& command, std::string* r
     return mci::success;
 }
 
-// The whole format is looked at before any of it is taken.
+// Nothing is set unless the whole format is valid.
 std::uint32_t CaptureDevice::set(const std::string& text) {
     const std::vector<std::string> words = wordsOf(text);
     if (words.size() == 3 && words[0] == "time" && words[1] == "format") {
@@ -100,21 +100,21 @@ std::uint32_t CaptureDevice::record() {
         return mci::success;
     keep("A recording was not saved.");
     std::error_code error;
-    part_ = makePart(folders_, error);
+    part_ = createPartFile(folders_, error);
     if (!part_.isOpen()) {
-        tell(folders_, "Nothing can be recorded: " + quoted(folders_.songs) +
-                           " cannot be written to (" + error.message() + ").");
+        report(folders_, "Nothing can be recorded: " + quoted(folders_.songs) +
+                             " cannot be written to (" + error.message() + ").");
         return mci::hardwareFailed;
     }
-    const auto whenCut = [folders = folders_](const std::error_code& reason, double seconds) {
-        tell(folders, cutText(reason, seconds));
+    const auto onCut = [folders = folders_](const std::error_code& reason, double seconds) {
+        report(folders, cutText(reason, seconds));
     };
-    recorder_ = std::make_unique<Recorder>(part_, format_, whenCut, folders_.mostDataBytes);
+    recorder_ = std::make_unique<Recorder>(part_, format_, onCut, folders_.mostDataBytes);
     if (source_->start(recorder_->tap()))
         return mci::success;
     stop();
     part_.remove();
-    tell(folders_, "Nothing can be recorded: the sound card's input does not start.");
+    report(folders_, "Nothing can be recorded: the sound card's input does not start.");
     return mci::hardwareFailed;
 }
 
@@ -129,7 +129,7 @@ void CaptureDevice::stop() {
     isCut_ = recorder_->isCut();
     recorder_.reset();
     if (frames_ == 0 && isCut_)
-        part_.remove(); // of which the user was told
+        part_.remove(); // its error was reported
 }
 
 // A recording that was cut short does not replace a file.
@@ -142,9 +142,9 @@ std::uint32_t CaptureDevice::save(const std::string& name) {
     const fs::path target = platform::resolveForWriting(name);
     std::error_code failed;
     if (target.parent_path() == folders_.songs)
-        makeSongs(folders_); // it may have gone meanwhile
+        createSongsFolder(folders_); // it may have been removed meanwhile
     const bool isTaken = fs::is_directory(target, failed) || (isCut_ && fs::exists(target, failed));
-    if (!isTaken && !(failed = placeRecording(part_, target))) {
+    if (!isTaken && !(failed = saveRecording(part_, target))) {
         reportLost(target);
         return mci::success;
     }
@@ -160,23 +160,23 @@ void CaptureDevice::keep(const std::string& reason) {
     if (frames_ == 0)
         return part_.remove();
     const fs::path hidden = part_.path();
-    const auto kept = keepRecording(part_, folders_, std::time(nullptr));
-    part_ = PartFile(); // and the next start finds it, if it has no name yet
+    const auto kept = saveUnderNewName(part_, folders_, std::time(nullptr));
+    part_ = PartFile(); // without a name, the next start finds it
     if (!kept)
-        return tell(folders_, reason + " It stays in " + quoted(hidden) +
-                                  " and gets a name at a later start.");
-    tell(folders_, reason + " It is kept " + placeText(folders_, *kept) + ", " +
-                       lengthText(seconds_) + " long.");
+        return report(folders_, reason + " It stays in " + quoted(hidden) +
+                                    " and gets a name at a later start.");
+    report(folders_, reason + " It is kept " + placeText(folders_, *kept) + ", " +
+                         lengthText(seconds_) + " long.");
     reportLost(*kept);
 }
 
 void CaptureDevice::reportLost(const fs::path& file) {
     if (lostMs_ <= 0.0)
         return;
-    tell(folders_, quoted(file.filename()) + " lacks " +
-                       std::to_string(static_cast<std::int64_t>(std::ceil(lostMs_))) +
-                       " ms of sound, which are silent: the computer was too busy. Record again "
-                       "with fewer programs running.");
+    report(folders_, quoted(file.filename()) + " lacks " +
+                         std::to_string(static_cast<std::int64_t>(std::ceil(lostMs_))) +
+                         " ms of sound, which are silent: the computer was too busy. Record again "
+                         "with fewer programs running.");
 }
 
 std::uint32_t CaptureDevice::status(const std::string& text, std::string* reply) {

@@ -1,11 +1,11 @@
-// The commands of the device that records.
+// The device that records.
 #pragma once
 
-#include "host/mci/CaptureSource.h"
+#include "host/capture/CaptureSource.h"
+#include "host/capture/PartFile.h"
+#include "host/capture/Recorder.h"
+#include "host/capture/RecordingFiles.h"
 #include "host/mci/MciDevice.h"
-#include "host/mci/PartFile.h"
-#include "host/mci/Recorder.h"
-#include "host/mci/RecordingFiles.h"
 #include "host/mci/TimeFormat.h"
 #include "host/media/WavHeader.h"
 
@@ -16,8 +16,8 @@ namespace velorin::host {
 
 /// set samplespersec N channels N bitspersample N alignment N bytespersec N, record, stop, save
 /// NAME, status length|position|mode|ready. The recording is a hidden file in "Songs" until it is
-/// saved. What cannot have the name that it is saved under, and what is not saved when the device
-/// goes or records again, is kept under a name of its own, and a notice says so.
+/// saved. If it cannot get the requested name, or is not saved before the device is closed or
+/// records again, it gets a name of its own, and a notice says so.
 class CaptureDevice final : public MciDevice {
 public:
     CaptureDevice(std::unique_ptr<CaptureSource> source, RecordingFolders folders);
@@ -39,14 +39,14 @@ private:
 
     std::unique_ptr<CaptureSource> source_;
     RecordingFolders folders_;
-    PartFile part_; ///< open while there is a recording that has no name yet
+    PartFile part_; ///< open while there is a recording without a name
     WavFormat format_;
     TimeFormat timeFormat_ = TimeFormat::milliseconds;
     std::unique_ptr<Recorder> recorder_; ///< while it records
-    std::int64_t frames_ = 0;            ///< of what was recorded
-    double seconds_ = 0.0;               ///< the same
-    double lostMs_ = 0.0;                ///< of it
-    bool isCut_ = false;                 ///< it ends before its time
+    std::int64_t frames_ = 0;            ///< of the last recording
+    double seconds_ = 0.0;               ///< likewise
+    double lostMs_ = 0.0;                ///< likewise
+    bool isCut_ = false;                 ///< it was cut short
 };
 
 } // namespace velorin::host

@@ -1,5 +1,5 @@
-// Taking command strings apart; the names in them are read from the outside in, for they may hold
-// anything.
+// Parses command strings. A file name may hold anything, so the words around it are taken off
+// first.
 #include "host/mci/CommandText.h"
 
 #include "platform/Text.h"
@@ -15,7 +15,7 @@ using platform::trimBlanks;
 
 namespace {
 
-// Cuts the first word off.
+// Removes and returns the first word.
 std::string takeFirst(std::string& text) {
     text = trimBlanks(text);
     const std::size_t end = std::min(text.find(' '), text.size());
@@ -24,7 +24,7 @@ std::string takeFirst(std::string& text) {
     return word;
 }
 
-// Cuts the last word off.
+// Removes and returns the last word.
 std::string takeLast(std::string& text) {
     text = trimBlanks(text);
     const std::size_t blank = text.rfind(' ');
@@ -41,7 +41,7 @@ std::string withoutQuotes(const std::string& text) {
     return name;
 }
 
-/// Takes the pairs at the end of an "open" off, as far as they are known words.
+/// Removes known pairs of words from the end of an "open" command.
 class Endings {
 public:
     explicit Endings(std::vector<std::string> known) : known_(std::move(known)) {}
@@ -64,7 +64,7 @@ public:
 
 private:
     std::vector<std::string> known_;
-    std::set<std::string> seen_; ///< each counts once: the same word further in is part of a name
+    std::set<std::string> seen_; ///< a second one of a kind is part of the name
 };
 
 constexpr std::array<std::string_view, 3> typesBeforeMark{"waveaudio", "sequencer", "mpegvideo"};

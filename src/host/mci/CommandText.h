@@ -9,7 +9,7 @@
 
 namespace velorin::host {
 
-/// "PLAY sound from 0": verb and device in lower case, the rest as it was written.
+/// "PLAY sound from 0": verb and device in lower case, the rest as written.
 struct CommandText {
     std::string verb;
     std::string device;
@@ -18,15 +18,15 @@ struct CommandText {
 
 [[nodiscard]] CommandText readCommand(std::string_view command);
 
-/// What an "open" command asks for; words that are not there are empty.
+/// The parts of an "open" command; missing words are empty.
 struct OpenText {
-    std::string file;  ///< as written, without quotes around it
+    std::string file;  ///< as written, without surrounding quotes
     std::string type;  ///< lower case: "waveaudio", "sequencer", "mpegvideo"
     std::string alias; ///< lower case
     bool isNew = false;
 };
 
-/// Takes what follows the verb. The file's name may hold blanks:
+/// Parses what follows the verb. The file's name may hold blanks:
 ///
 ///     new type waveaudio alias capture
 ///     waveaudio!FILE alias sound
@@ -36,7 +36,7 @@ struct OpenText {
 /// The words of a text, in lower case.
 [[nodiscard]] std::vector<std::string> wordsOf(std::string_view text);
 
-/// The whole number that a word is, decimal, without a sign; no value for anything else.
+/// The value of a decimal whole number without a sign; no value for any other word.
 [[nodiscard]] std::optional<std::int64_t> numberOf(std::string_view word);
 
 } // namespace velorin::host

@@ -1,7 +1,7 @@
-// Letting go of what has become silent.
+// Removes streams from the engine when they are silent.
 #include "host/mci/FadingStreams.h"
 
-#include "host/SoundEngine.h"
+#include "host/engine/SoundEngine.h"
 
 namespace velorin::host {
 

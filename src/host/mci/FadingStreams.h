@@ -1,4 +1,4 @@
-// Streams that have been told to end and fade out before the engine lets go of them.
+// Ended streams that fade out before they are removed from the engine.
 #pragma once
 
 #include "host/mci/FileStream.h"
@@ -20,10 +20,10 @@ public:
 
     [[nodiscard]] SoundEngine& engine() { return engine_; }
 
-    /// Ends a stream that the engine plays.
+    /// Ends a stream that the engine plays: it fades out.
     void end(std::shared_ptr<FileStream> stream);
 
-    /// Takes those from the engine that have become silent. Called now and then.
+    /// Removes the silent ones from the engine. Called from time to time.
     void sweep();
 
 private:

@@ -1,9 +1,10 @@
-// Reading ahead, and handing out.
+// Decodes ahead on one thread and plays on another.
 #include "host/mci/FileStream.h"
 
 #include "host/media/Resampler.h"
 
 #include <algorithm>
+#include <cassert>
 #include <chrono>
 #include <vector>
 
@@ -28,6 +29,7 @@ void FileStream::stopDecoding() {
 }
 
 void FileStream::setPaused(bool paused) {
+    assert(owner_.isCaller());
     {
         const std::lock_guard lock(mutex_);
         paused_ = paused;
@@ -36,12 +38,13 @@ void FileStream::setPaused(bool paused) {
 }
 
 void FileStream::end() {
+    assert(owner_.isCaller());
     ending_ = true;
     stopDecoding();
 }
 
-// The stream's thread cannot wake this one, so it looks for room by itself: the queue holds fifty
-// times what is played between two looks. While it is paused there is none. False if it is to stop.
+// The stream's thread cannot wake this one, so it polls for room: the queue holds fifty times what
+// is played between two polls. While the stream is paused it waits. False if decoding is to stop.
 bool FileStream::push(const float* samples, std::size_t count) {
     for (;;) {
         const std::size_t pushed = ready_.push(samples, count);
@@ -87,10 +90,12 @@ std::int64_t FileStream::position() const {
 }
 
 bool FileStream::isReadAhead() const {
+    assert(owner_.isCaller());
     return decodedAll_ || !thread_.joinable() || ready_.write_available() == 0;
 }
 
 void FileStream::mix(SoundBlock& block, std::int64_t, const StreamClock&) {
+    assert(StreamThreadScope::isActive());
     const float target = paused_ || ending_ ? 0.0F : 1.0F;
     if (silent_ || (gain_ == 0.0F && target == 0.0F)) {
         silent_ = silent_ || ending_;
@@ -99,8 +104,10 @@ void FileStream::mix(SoundBlock& block, std::int64_t, const StreamClock&) {
     const bool isLast = decodedAll_.load(std::memory_order_acquire);
     const std::size_t got = ready_.pop(own_.data(), own_.size());
     const float step = (target - gain_) / blockFrames;
-    for (std::size_t i = 0; i < got; ++i)
-        block[i] += own_[i] * (gain_ + step * static_cast<float>(i / 2 + 1));
+    for (std::size_t i = 0; i < got; ++i) {
+        const std::size_t frame = i / 2;
+        block[i] += own_[i] * (gain_ + step * static_cast<float>(frame + 1));
+    }
     gain_ = target;
     playedFrames_.fetch_add(static_cast<std::int64_t>(got / 2), std::memory_order_relaxed);
     if (isLast && got < own_.size()) {

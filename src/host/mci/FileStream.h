@@ -1,8 +1,9 @@
 // A sound file that plays in the stream, from one frame to another.
 #pragma once
 
-#include "host/SoundSource.h"
+#include "host/engine/SoundSource.h"
 #include "host/media/SoundReader.h"
+#include "platform/OwnerThread.h"
 
 #include <boost/lockfree/spsc_queue.hpp>
 
@@ -19,7 +20,7 @@ namespace velorin::host {
 /// thread takes what is there. Everything else is for the control thread.
 class FileStream final : public SoundSource {
 public:
-    /// Plays frames [from, to) of the file, which nobody else may read meanwhile.
+    /// Plays frames [from, to) of the file. Nobody else may read it meanwhile.
     FileStream(std::shared_ptr<SoundReader> file, std::int64_t from, std::int64_t to);
     ~FileStream() override;
     FileStream(const FileStream&) = delete;
@@ -27,23 +28,25 @@ public:
 
     void setPaused(bool paused);
 
-    /// Lets the sound fade within a block; the file is free when this returns.
+    /// Fades out within a block. The file is free when this returns.
     void end();
 
-    /// The frame of the file that is heard, `to` at the end.
+    /// The frame of the file that is playing; `to` at the end.
     [[nodiscard]] std::int64_t position() const;
 
-    [[nodiscard]] bool hasEnded() const { return ended_; }  ///< all of it was heard
-    [[nodiscard]] bool isSilent() const { return silent_; } ///< nothing more will come of it
+    [[nodiscard]] bool hasEnded() const { return ended_; }  ///< all of it was played
+    [[nodiscard]] bool isSilent() const { return silent_; } ///< it adds no more sound
 
-    void mix(SoundBlock& block, std::int64_t firstFrame, const StreamClock& clock) override;
+    VELORIN_STREAM_THREAD void mix(SoundBlock& block, std::int64_t firstFrame,
+                                   const StreamClock& clock) override;
     [[nodiscard]] bool isReadAhead() const override;
 
 private:
     void decode();
-    bool push(const float* samples, std::size_t count);
+    [[nodiscard]] bool push(const float* samples, std::size_t count);
     void stopDecoding();
 
+    platform::OwnerThread owner_; ///< the control thread
     std::shared_ptr<SoundReader> file_;
     std::int64_t from_;
     std::int64_t to_;

@@ -1,4 +1,4 @@
-// An open device of the command-string layer.
+// An open device that executes command strings.
 #pragma once
 
 #include "host/mci/CommandText.h"
@@ -13,15 +13,16 @@ class MciDevice {
 public:
     virtual ~MciDevice() = default;
 
-    /// Carries out a command other than "open" and "close", and returns its code (see MciErrors.h).
-    /// `reply` gets the text of a "status" query that succeeds; it may be null.
-    virtual std::uint32_t carryOut(const CommandText& command, std::string* reply) = 0;
+    /// Executes a command other than "open" and "close". Returns its code (see MciErrors.h).
+    /// `reply` gets the text of a successful "status" query; it may be null.
+    [[nodiscard]] virtual std::uint32_t carryOut(const CommandText& command,
+                                                 std::string* reply) = 0;
 
-    /// Whether it plays or records, be it silence.
+    /// True if it plays or records, even silence.
     [[nodiscard]] virtual bool isRunning() = 0;
 };
 
-/// Writes a reply where one is wanted.
+/// Writes the reply if the caller wants one. Returns success.
 inline std::uint32_t answer(std::string* reply, std::string text) {
     if (reply)
         *reply = std::move(text);

@@ -1,4 +1,4 @@
-// The codes with which a command string is answered, and their texts.
+// The result codes of command strings, and their texts.
 #pragma once
 
 #include <cstdint>
@@ -32,7 +32,7 @@ constexpr std::uint32_t noInput = 323;
 
 } // namespace mci
 
-/// Empty for a code that is not known.
+/// Empty for an unknown code.
 [[nodiscard]] std::string_view mciErrorText(std::uint32_t code);
 
 } // namespace velorin::host

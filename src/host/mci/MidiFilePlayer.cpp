@@ -1,5 +1,7 @@
-// The sequencer's thread: what is due, what is next, and silence in between.
+// The sequencer's thread: sends events when they are due and sleeps in between.
 #include "host/mci/MidiFilePlayer.h"
+
+#include "platform/MidiStatus.h"
 
 #include <algorithm>
 #include <chrono>
@@ -8,15 +10,13 @@ namespace velorin::host {
 
 namespace {
 
-constexpr int noteOn = 0x90;
-constexpr int noteOff = 0x80;
-constexpr int controlChange = 0xB0;
+using platform::controlChange, platform::noteOff, platform::noteOn;
+
 constexpr std::uint8_t sustainPedal = 64;
 constexpr std::uint8_t allNotesOff = 123;
 
-// Callers poll position and length in milliseconds to see the end, and take a length of 0 for a
-// device that is not there. A file whose events all fall on its beginning has an end like any
-// other.
+// Callers poll position and length in milliseconds to detect the end, and take a length of 0 for a
+// missing device. So a file whose events are all at its beginning needs a length too.
 constexpr std::int64_t shortestUs = 1000;
 
 ShortMessage controller(int channel, std::uint8_t number, std::uint8_t value) {
@@ -97,7 +97,7 @@ void MidiFilePlayer::seek(std::int64_t position) {
     chases_ = true;
 }
 
-// Time stands still from here on; what was sent ahead of its time will be sent again.
+// Time stops here. Events that were sent ahead of their time will be sent again.
 void MidiFilePlayer::haltAt(std::int64_t placeUs, TransportMode mode) {
     if (counts_)
         releaseNotes();
@@ -109,15 +109,15 @@ void MidiFilePlayer::haltAt(std::int64_t placeUs, TransportMode mode) {
 
 void MidiFilePlayer::send(std::int64_t dueNs, const ShortMessage& message) {
     if (message.kind() == controlChange && message.byte[1] == sustainPedal)
-        pedal_[static_cast<std::size_t>(message.channel())] = message.byte[2];
+        pedal_[message.channel()] = message.byte[2];
     port_->send(dueNs, message);
 }
 
-// The pedals are lifted for it, and remembered.
+// Also lifts the pedals; `pedal_` keeps their values.
 void MidiFilePlayer::releaseNotes() {
     const std::int64_t due = port_->nowNs() + port_->leadNs();
     for (int channel = 0; channel < 16; ++channel) {
-        if (pedal_[static_cast<std::size_t>(channel)] > 0)
+        if (pedal_[channel] > 0)
             port_->send(due, controller(channel, sustainPedal, 0));
         port_->send(due, controller(channel, allNotesOff, 0));
     }
@@ -125,13 +125,14 @@ void MidiFilePlayer::releaseNotes() {
 
 void MidiFilePlayer::restorePedals() {
     for (int channel = 0; channel < 16; ++channel) {
-        const std::uint8_t value = pedal_[static_cast<std::size_t>(channel)];
+        const std::uint8_t value = pedal_[channel];
         if (value > 0)
             port_->send(startNs_, controller(channel, sustainPedal, value));
     }
 }
 
-// A place in the middle sounds as if everything before it had been played.
+// Sends the programs and controllers before the place, so that the file sounds as if it had been
+// played from its beginning.
 void MidiFilePlayer::chase(std::int64_t placeUs) {
     pedal_.fill(0);
     const std::size_t end = firstEventAt(placeUs);
@@ -152,7 +153,7 @@ void MidiFilePlayer::begin() {
     chases_ = false;
 }
 
-// One round: sends what is due, or waits until something is.
+// One round: sends what is due, then waits for the next event.
 void MidiFilePlayer::playOn(Lock& lock) {
     const std::int64_t lead = port_->leadNs();
     const std::int64_t now = port_->nowNs();
@@ -165,7 +166,7 @@ void MidiFilePlayer::playOn(Lock& lock) {
     }
     const std::int64_t endNs = startNs_ + toUs_ * 1000;
     if (now >= endNs) {
-        // A message at the very end belongs to the file.
+        // A message at the very end is part of the file.
         for (; next_ < file_.events.size() && toUs_ == file_.lengthUs; ++next_)
             send(endNs, file_.events[next_].message);
         haltAt(toUs_, TransportMode::stopped);

@@ -1,11 +1,11 @@
-// A MID file as a transport: its messages go to a MIDI device at the file's own times.
+// Plays a MID file: sends its messages to a MIDI device at the file's times.
 #pragma once
 
-#include "host/mci/SequencerPort.h"
 #include "host/mci/Transport.h"
-#include "host/media/MidiFile.h"
+#include "host/midi/MidiFile.h"
+#include "host/midi/SequencerPort.h"
+#include "platform/CheckedArray.h"
 
-#include <array>
 #include <condition_variable>
 #include <cstddef>
 #include <memory>
@@ -15,7 +15,7 @@
 namespace velorin::host {
 
 /// A unit is a microsecond; every file is at least a millisecond long. A thread of its own keeps
-/// the time by the port's clock; it begins to count when the device can sound.
+/// time by the port's clock, from the moment when the device is ready.
 class MidiFilePlayer final : public Transport {
 public:
     MidiFilePlayer(MidiFile file, std::unique_ptr<SequencerPort> port);
@@ -54,14 +54,14 @@ private:
     std::mutex mutex_;
     std::condition_variable changed_;
     TransportMode mode_ = TransportMode::stopped;
-    bool counts_ = false; ///< time runs: `startNs_` is the clock at the file's beginning
+    bool counts_ = false; ///< time runs; `startNs_` is the moment of the file's beginning
     bool chases_ = false; ///< programs and controllers before the place are sent first
     bool ending_ = false;
     std::int64_t startNs_ = 0;
-    std::int64_t placeUs_ = 0; ///< while time does not run
+    std::int64_t placeUs_ = 0; ///< while time is stopped
     std::int64_t toUs_ = 0;
-    std::size_t next_ = 0;                 ///< the first event not sent yet
-    std::array<std::uint8_t, 16> pedal_{}; ///< controller 64 of each channel
+    std::size_t next_ = 0;                             ///< the first event not sent yet
+    platform::CheckedArray<std::uint8_t, 16> pedal_{}; ///< controller 64 of each channel
     std::thread thread_;
 };
 

@@ -1,4 +1,4 @@
-// Words and numbers into keys and places.
+// Translates commands into calls of a transport.
 #include "host/mci/PlayerDevice.h"
 
 #include "host/mci/MciErrors.h"
@@ -39,7 +39,8 @@ std::uint32_t PlayerDevice::carryOut(const CommandText& command, std::string* re
     return mci::success;
 }
 
-// From where it stands to the end of the file, where nothing else is said. What is paused goes on.
+// Plays from the current position to the end of the file, unless the command says otherwise. A
+// paused file resumes.
 std::uint32_t PlayerDevice::play(const Words& words) {
     if (words.empty() && transport_->mode() == TransportMode::paused) {
         transport_->resume();
@@ -57,7 +58,7 @@ std::uint32_t PlayerDevice::play(const Words& words) {
         const std::int64_t place = fromFormat(*number, format_, transport_->unitsPerSecond());
         (words[i] == "from" ? from : to) = place;
     }
-    // The last count of a format may lie half a count behind the end.
+    // By rounding, the last count of a format may be half a count after the end.
     const std::int64_t slack = fromFormat(1, format_, transport_->unitsPerSecond());
     if (from > length + slack || to > length + slack || from > to)
         return mci::outOfRange;
@@ -112,7 +113,7 @@ std::uint32_t PlayerDevice::status(const Words& words, std::string* reply) {
     if (item == "time")
         return answer(reply, nameOf(format_));
     if (item == "number" || item == "current")
-        return answer(reply, "1"); // a file is one track
+        return answer(reply, "1"); // a file has one track
     return item.empty() ? mci::missingValue : mci::unknownWord;
 }
 

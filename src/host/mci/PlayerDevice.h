@@ -1,4 +1,4 @@
-// The commands of a device that plays a file.
+// A device that plays a file.
 #pragma once
 
 #include "host/mci/MciDevice.h"
@@ -12,8 +12,8 @@
 namespace velorin::host {
 
 /// play [from N] [to N], pause, resume, stop, seek to N|start|end, set time format F, status
-/// length|position|mode|ready|time format|number of tracks|current track. Counts milliseconds
-/// until it is told otherwise.
+/// length|position|mode|ready|time format|number of tracks|current track. Counts milliseconds until
+/// a format is set.
 class PlayerDevice final : public MciDevice {
 public:
     explicit PlayerDevice(std::unique_ptr<Transport> transport)

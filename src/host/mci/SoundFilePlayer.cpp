@@ -1,7 +1,7 @@
-// Streams that come and go with each play.
+// Creates a stream for each play.
 #include "host/mci/SoundFilePlayer.h"
 
-#include "host/SoundEngine.h"
+#include "host/engine/SoundEngine.h"
 #include "host/mci/FadingStreams.h"
 
 namespace velorin::host {

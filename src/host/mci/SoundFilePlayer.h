@@ -1,4 +1,4 @@
-// A WAV or MP3 file as a transport that plays in the engine's stream.
+// Plays a WAV or MP3 file in the engine's stream.
 #pragma once
 
 #include "host/mci/FileStream.h"
@@ -32,9 +32,9 @@ private:
 
     FadingStreams& fading_;
     std::shared_ptr<SoundReader> file_;
-    std::shared_ptr<FileStream> playing_; ///< null when nothing plays and nothing is paused
+    std::shared_ptr<FileStream> playing_; ///< null unless playing or paused
     bool paused_ = false;
-    std::int64_t place_ = 0; ///< while nothing plays
+    std::int64_t place_ = 0; ///< while there is no stream
 };
 
 } // namespace velorin::host

@@ -1,4 +1,4 @@
-// Milliseconds and frames.
+// Converts between milliseconds and units of a device.
 #include "host/mci/TimeFormat.h"
 
 #include <cmath>

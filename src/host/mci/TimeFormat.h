@@ -1,4 +1,4 @@
-// How lengths and places are counted in command strings.
+// The unit of lengths and positions in command strings.
 #pragma once
 
 #include <cstdint>
@@ -13,8 +13,8 @@ enum class TimeFormat { milliseconds, frames, samples };
 [[nodiscard]] std::optional<TimeFormat> timeFormatOf(const std::string& word);
 [[nodiscard]] std::string nameOf(TimeFormat format);
 
-// A pair: what a command counts, and units of a device of which so many make a second. Both round
-// to the nearest and never run backwards, so the end of a file is at its length in every format.
+// A pair of conversions between counts of a format and units of a device. Both round to the nearest
+// and are monotonic, so the end of a file is at its length in every format.
 [[nodiscard]] std::int64_t toFormat(std::int64_t units, TimeFormat format,
                                     std::int64_t unitsPerSecond);
 [[nodiscard]] std::int64_t fromFormat(std::int64_t count, TimeFormat format,

@@ -1,4 +1,4 @@
-// What plays a file, whatever its kind: a tape with a length, a place on it, and four keys.
+// Plays a file of any kind: with a length, a position, and the commands of a tape machine.
 #pragma once
 
 #include <cstdint>
@@ -7,7 +7,7 @@ namespace velorin::host {
 
 enum class TransportMode { stopped, playing, paused };
 
-/// Lengths and places are in units of its own, `unitsPerSecond` to the second.
+/// Lengths and positions are in units of its own, `unitsPerSecond` to the second.
 class Transport {
 public:
     virtual ~Transport() = default;
@@ -20,10 +20,10 @@ public:
 
     /// Plays [from, to), at once. 0 <= from <= to <= length().
     virtual void play(std::int64_t from, std::int64_t to) = 0;
-    virtual void pause() = 0;                     ///< nothing unless it plays
-    virtual void resume() = 0;                    ///< nothing unless it is paused
-    virtual void stop() = 0;                      ///< stays where it is
-    virtual void seek(std::int64_t position) = 0; ///< and stops
+    virtual void pause() = 0;                     ///< no effect unless it plays
+    virtual void resume() = 0;                    ///< no effect unless it is paused
+    virtual void stop() = 0;                      ///< keeps the position
+    virtual void seek(std::int64_t position) = 0; ///< also stops
 };
 
 } // namespace velorin::host

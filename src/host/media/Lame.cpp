@@ -1,4 +1,4 @@
-// Binding the library's calls.
+// Binds the library's functions.
 #include "host/media/Lame.h"
 
 #include <dlfcn.h>
@@ -7,7 +7,7 @@ namespace velorin::host {
 
 namespace {
 
-/// Binds one call after the other and knows in the end whether all were there.
+/// Binds functions by name and records whether all were found.
 class Binder {
 public:
     explicit Binder(void* library) : library_(library) {}

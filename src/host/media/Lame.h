@@ -1,4 +1,4 @@
-// The LAME library, loaded by name when it is wanted.
+// The LAME library, loaded by name at run time.
 #pragma once
 
 #include <cstdarg>
@@ -10,10 +10,10 @@ namespace velorin::host {
 
 struct LameFlags; ///< the library's own, one for each encoding
 
-/// The calls of the library that are used here.
+/// The functions of the library that are used here.
 struct Lame {
-    /// Null if there is no such library, or one that lacks a call. `name`: a path, or a bare file
-    /// name that the system looks for in its own places.
+    /// Null if there is no such library, or a function is missing. `name`: a path, or a file name
+    /// that the system looks for in its library folders.
     [[nodiscard]] static std::shared_ptr<const Lame> load(const std::filesystem::path& name);
 
     static constexpr char fileName[] = "libmp3lame.so.0";
@@ -43,11 +43,11 @@ struct Lame {
     std::shared_ptr<void> library; ///< stays loaded as long as this lives
 };
 
-// Its numbers for the channels of a file.
+// The library's numbers for channel modes.
 constexpr int lameJointStereo = 1;
 constexpr int lameMono = 3;
 
-/// One encoding: the library's flags with their end.
+/// One encoding. Closes the library's flags at its end.
 class LameStream {
 public:
     explicit LameStream(std::shared_ptr<const Lame> lame) : lame_(std::move(lame)) {
@@ -60,16 +60,16 @@ public:
     LameStream(const LameStream&) = delete;
     LameStream& operator=(const LameStream&) = delete;
 
-    /// False if the library could not begin; nothing else may be called then.
-    [[nodiscard]] bool isMade() const { return flags_ != nullptr; }
+    /// False if the library could not begin. Nothing else may be called then.
+    [[nodiscard]] bool isValid() const { return flags_ != nullptr; }
 
     [[nodiscard]] const Lame& calls() const { return *lame_; }
     [[nodiscard]] LameFlags* flags() const { return flags_; }
 
-    /// Keeps the library's own messages from standard error.
+    /// Suppresses the library's messages on standard error.
     void silence() const;
 
-    /// The bytes that an output buffer needs for so many frames.
+    /// The size in bytes of an output buffer for so many frames.
     [[nodiscard]] static std::size_t outputSize(std::size_t frames) {
         return frames + frames / 4 + 7200;
     }

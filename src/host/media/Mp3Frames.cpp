@@ -1,8 +1,10 @@
-// Headers of four bytes, each of which says how long its frame is.
+// Finds frames by their headers of four bytes, which give the length of a frame.
 #include "host/media/Mp3Frames.h"
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <fstream>
 #include <optional>
 
 namespace velorin::host {
@@ -11,7 +13,7 @@ namespace {
 
 constexpr int framesInARow = 4;
 
-/// Four bytes at any place of a file, which is read in blocks.
+/// Reads four bytes anywhere in a file, through a block buffer.
 class HeaderBytes {
 public:
     explicit HeaderBytes(const std::filesystem::path& path) : file_(path, std::ios::binary) {
@@ -22,7 +24,7 @@ public:
 
     [[nodiscard]] std::int64_t size() const { return size_; }
 
-    /// The first byte is the highest; 0 for what is not all in the file.
+    /// The first byte is the highest. 0 if the four bytes are not all in the file.
     std::uint32_t at(std::int64_t place) {
         if (place < 0 || place + 4 > size_)
             return 0;
@@ -65,7 +67,7 @@ struct Frame {
 constexpr std::uint32_t syncBits = 0xFFE00000;
 constexpr std::uint32_t kindBits = 0xFFFE0C00; // sync, version, layer, sample rate
 
-// Layer III alone. No value for what is no header, or one that does not tell the frame's length.
+// Layer III only. No value if this is no header, or one without the frame's length.
 std::optional<Frame> frameOf(std::uint32_t word) {
     constexpr int kilobits1[] = {0, 32, 40, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320};
     constexpr int kilobits2[] = {0, 8, 16, 24, 32, 40, 48, 56, 64, 80, 96, 112, 128, 144, 160};
@@ -85,7 +87,8 @@ std::optional<Frame> frameOf(std::uint32_t word) {
     return Frame{word & kindBits, samplesBy8 * kilobits * 1000 / rateHz + padding};
 }
 
-// Where so many frames in a row, or a file's last ones, begin at `place`; their kind, or 0.
+// The kind of the frames at `place` if `framesInARow` of them follow one another, or the last ones
+// of the file do; else 0.
 std::uint32_t kindOfRow(HeaderBytes& file, std::int64_t place) {
     std::uint32_t kind = 0;
     for (int i = 0; i < framesInARow && !(i > 0 && place == file.size()); ++i) {
@@ -119,36 +122,6 @@ std::vector<FilePiece> findMp3Pieces(const std::filesystem::path& path) {
         place = piece.end - 1;
     }
     return pieces;
-}
-
-PiecedFile::PiecedFile(const std::filesystem::path& path, std::vector<FilePiece> pieces)
-    : file_(path, std::ios::binary), pieces_(std::move(pieces)) {
-    for (const FilePiece& piece : pieces_) {
-        begins_.push_back(length_);
-        length_ += piece.end - piece.begin;
-    }
-}
-
-std::int64_t PiecedFile::seek(std::int64_t place) {
-    place_ = std::clamp(place, std::int64_t{0}, length_);
-    return place_;
-}
-
-std::int64_t PiecedFile::read(char* bytes, std::int64_t count) {
-    std::int64_t done = 0;
-    while (done < count && place_ < length_) {
-        const auto after = std::upper_bound(begins_.begin(), begins_.end(), place_);
-        const auto index = static_cast<std::size_t>(after - begins_.begin()) - 1;
-        const std::int64_t from = pieces_[index].begin + place_ - begins_[index];
-        file_.clear();
-        file_.seekg(from);
-        file_.read(bytes + done, std::min(count - done, pieces_[index].end - from));
-        if (file_.gcount() <= 0)
-            break;
-        done += file_.gcount();
-        place_ += file_.gcount();
-    }
-    return done;
 }
 
 } // namespace velorin::host

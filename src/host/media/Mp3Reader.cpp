@@ -21,7 +21,7 @@ using Mp3File = std::unique_ptr<mpg123_handle, Mp3Closer>;
 class Mp3Reader final : public SoundReader {
 public:
     /// `pieces` is what the file is read through; null if it is read as it is.
-    Mp3Reader(std::unique_ptr<PiecedFile> pieces, Mp3File file, int rateHz, int channels)
+    Mp3Reader(std::unique_ptr<SplicedFile> pieces, Mp3File file, int rateHz, int channels)
         : pieces_(std::move(pieces)),
           file_(std::move(file)),
           rateHz_(rateHz),
@@ -32,7 +32,7 @@ public:
     int channels() const override { return channels_; }
     std::int64_t frames() const override { return frames_; }
 
-    // A file that goes on at another rate ends there.
+    // A file that continues at another rate ends there.
     int read(float* stereo, int frames) override {
         std::size_t bytes = 0;
         const std::size_t wanted = static_cast<std::size_t>(frames) * 2 * sizeof(float);
@@ -48,15 +48,15 @@ public:
     }
 
 private:
-    std::unique_ptr<PiecedFile> pieces_; ///< outlives the file
+    std::unique_ptr<SplicedFile> pieces_; ///< outlives the file
     Mp3File file_;
     int rateHz_;
     int channels_;
     std::int64_t frames_;
 };
 
-// Frames lean on the bits of up to nine before them; with fewer to warm up on, the first frame
-// after a jump sounds wrong in files of low bitrates.
+// A frame may use bits of up to nine frames before it. Without them, the first frame after a jump
+// sounds wrong in files of low bitrates.
 constexpr long framesBeforeJump = 10;
 
 Mp3File quietHandle() {
@@ -72,14 +72,14 @@ Mp3File quietHandle() {
 }
 
 ssize_t readFrom(void* file, void* bytes, std::size_t count) {
-    return static_cast<ssize_t>(static_cast<PiecedFile*>(file)->read(
+    return static_cast<ssize_t>(static_cast<SplicedFile*>(file)->read(
         static_cast<char*>(bytes), static_cast<std::int64_t>(count)));
 }
 
 off_t seekIn(void* file, off_t offset, int whence) {
-    auto& pieces = *static_cast<PiecedFile*>(file);
+    auto& pieces = *static_cast<SplicedFile*>(file);
     if (whence == SEEK_CUR)
-        offset += pieces.place();
+        offset += pieces.position();
     else if (whence == SEEK_END)
         offset += pieces.length();
     return pieces.seek(offset);
@@ -91,8 +91,8 @@ struct Format {
     int encoding = 0;
 };
 
-// The rate of the first frame, and where all of them are: a file without a tag, or with a wrong
-// one, tells its true length only when all of its frames have been looked at.
+// Reads the rate of the first frame and scans all frames: without a tag, or with a wrong one, only
+// that gives the true length of the file.
 bool scan(const Mp3File& file, Format& format) {
     return mpg123_getformat(file.get(), &format.rateHz, &format.channels, &format.encoding) ==
                MPG123_OK &&
@@ -101,20 +101,20 @@ bool scan(const Mp3File& file, Format& format) {
 
 } // namespace
 
-// The library gives up at a kilobyte that is no sound. Searching further, it would take anything
-// that looks like a frame for one and play it as noise; so what is no sound is left out.
+// The library gives up after a kilobyte without a frame. If it searched further, it would take
+// anything that looks like a frame for one and play noise. So the other data is cut out first.
 std::unique_ptr<SoundReader> openMp3(const fs::path& path) {
     std::error_code failed;
     if (!fs::is_regular_file(path, failed))
         return nullptr;
     Format format;
-    std::unique_ptr<PiecedFile> pieces;
+    std::unique_ptr<SplicedFile> pieces;
     Mp3File file = quietHandle();
     if (!file || mpg123_open(file.get(), path.string().c_str()) != MPG123_OK || !scan(file, format))
         return nullptr;
     if (mpg123_errcode(file.get()) == MPG123_RESYNC_FAIL) {
         if (auto found = findMp3Pieces(path); !found.empty()) {
-            pieces = std::make_unique<PiecedFile>(path, std::move(found));
+            pieces = std::make_unique<SplicedFile>(path, std::move(found));
             file = quietHandle();
             if (!file ||
                 mpg123_replace_reader_handle(file.get(), readFrom, seekIn, nullptr) != MPG123_OK ||

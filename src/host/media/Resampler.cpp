@@ -1,4 +1,4 @@
-// The border to soxr.
+// The adapter to soxr.
 #include "host/media/Resampler.h"
 
 #include <soxr.h>

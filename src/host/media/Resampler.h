@@ -7,12 +7,12 @@
 
 namespace velorin::host {
 
-/// All spans hold left and right in turn. With equal rates the sound goes through untouched.
+/// All spans hold left and right interleaved. With equal rates the sound is copied.
 class Resampler {
 public:
     Resampler(int fromHz, int toHz);
 
-    /// Takes sound in and appends to `out` what is ready.
+    /// Takes `in` and appends to `out` what is ready.
     void process(std::span<const float> in, std::vector<float>& out);
 
     /// Appends what the filter still holds back. In all, the output is as long as the input, to the

@@ -1,4 +1,4 @@
-// A sound file that is read from beginning to end, or from anywhere.
+// Reads a sound file, from any position.
 #pragma once
 
 #include <cstdint>
@@ -15,19 +15,19 @@ public:
     [[nodiscard]] virtual int rateHz() const = 0; ///< [1000, 384000]
     [[nodiscard]] virtual int channels() const = 0;
 
-    /// Frames in all. A damaged file may have fewer to give.
+    /// Frames in all. `read` may return fewer for a damaged file.
     [[nodiscard]] virtual std::int64_t frames() const = 0;
 
-    /// Writes up to `frames` frames, left and right in turn, full scale at 1.0, and returns how
+    /// Writes up to `frames` frames, left and right interleaved, full scale at 1.0, and returns how
     /// many; 0 at the end or at damage. One channel goes to both sides; of more than two the first
-    /// two are taken.
-    virtual int read(float* stereo, int frames) = 0;
+    /// two are used.
+    [[nodiscard]] virtual int read(float* stereo, int frames) = 0;
 
-    /// The next frame to be read; false if the file cannot go there.
-    virtual bool seek(std::int64_t frame) = 0;
+    /// Sets the next frame to be read. False if the file cannot seek there.
+    [[nodiscard]] virtual bool seek(std::int64_t frame) = 0;
 };
 
-// Null for what is no regular file, or not of that kind, or of a rate that nobody uses.
+// Null if the file is no regular file, not of that kind, or its rate is out of range.
 [[nodiscard]] std::unique_ptr<SoundReader> openWav(const std::filesystem::path& path);
 [[nodiscard]] std::unique_ptr<SoundReader> openMp3(const std::filesystem::path& path);
 

@@ -1,4 +1,4 @@
-// Chunks of a name, a length and a content each.
+// Walks the chunks: each has a name, a length and a content.
 #include "host/media/WavChunks.h"
 
 #include <algorithm>
@@ -10,9 +10,9 @@ namespace velorin::host {
 
 namespace {
 
-constexpr int mostChunks = 1000; ///< before the samples; what has more is damage
+constexpr int mostChunks = 1000; ///< before the samples; a file with more is damaged
 
-/// Numbers and names at places of a file; outside it everything is 0.
+/// Reads numbers and names anywhere in a file; outside it everything is 0.
 class WavBytes {
 public:
     explicit WavBytes(const std::filesystem::path& path) : file_(path, std::ios::binary) {}
@@ -43,21 +43,21 @@ bool isName(const std::string& name) {
            });
 }
 
-// The name of a form that stands in for others is in the first bytes of the number behind it.
+// In the extensible form, the real form is in the first bytes of the identifier.
 int formAt(WavBytes& file, std::int64_t content) {
     constexpr int extensible = 0xFFFE;
     const auto form = static_cast<int>(file.number(content) & 0xFFFFU);
     return form == extensible ? static_cast<int>(file.number(content + 24) & 0xFFFFU) : form;
 }
 
-/// A form that the library does not read, or not in every count of channels.
-struct HardForm {
+/// A sample format that the library does not read, or only up to some count of channels.
+struct UnsupportedForm {
     int form;
     const char* name;
     int mostChannels;
 };
 
-constexpr HardForm hardForms[] = {
+constexpr UnsupportedForm unsupportedForms[] = {
     {0x02, "Microsoft ADPCM", 2}, {0x10, "OKI ADPCM", 0},
     {0x11, "IMA ADPCM", 2},       {0x14, "G.723", 0},
     {0x20, "Yamaha ADPCM", 0},    {0x22, "TrueSpeech", 0},
@@ -94,10 +94,10 @@ WavChunks readWavChunks(const std::filesystem::path& path) {
     return chunks;
 }
 
-std::string whyNotRead(const WavChunks& chunks) {
+std::string unreadableReason(const WavChunks& chunks) {
     if (!chunks.isWav || chunks.form == 0)
         return "is no WAV file";
-    for (const HardForm& hard : hardForms) {
+    for (const UnsupportedForm& hard : unsupportedForms) {
         if (hard.form != chunks.form || chunks.channels <= hard.mostChannels)
             continue;
         const std::string count = std::to_string(chunks.channels);

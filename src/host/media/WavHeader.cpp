@@ -1,11 +1,11 @@
-// Little-endian numbers between four-letter words.
+// Writes and reads the header: four-letter words and little-endian numbers.
 #include "host/media/WavHeader.h"
 
 namespace velorin::host {
 
 namespace {
 
-constexpr std::size_t lengthOfAll = 4; ///< its place
+constexpr std::size_t lengthOfAll = 4; ///< its offset
 
 void append(std::string& bytes, std::uint32_t number, int count) {
     for (int i = 0; i < count; ++i)
@@ -44,8 +44,8 @@ std::string WavHeader::bytes() const {
     return header;
 }
 
-// Reading three numbers and writing all again compares the rest. The length of the whole file may
-// be any: a power cut may have left half of a new header.
+// The fields that are read are written again, and the result is compared with the bytes. The length
+// of the whole file is ignored: a power cut may have left half of a new header.
 std::optional<WavHeader> WavHeader::read(std::string_view bytes) {
     if (bytes.size() < size)
         return std::nullopt;
@@ -54,7 +54,7 @@ std::optional<WavHeader> WavHeader::read(std::string_view bytes) {
     header.format.rateHz = static_cast<int>(numberAt(bytes, 24, 4));
     header.format.bits = static_cast<int>(numberAt(bytes, 34, 2));
     header.dataBytes = numberAt(bytes, 40, 4);
-    if (!isKnown(header.format)) // the sums of any other may overflow
+    if (!isKnown(header.format)) // its products could overflow
         return std::nullopt;
     std::string same = header.bytes();
     same.replace(lengthOfAll, 4, bytes.substr(lengthOfAll, 4));

@@ -17,19 +17,19 @@ struct WavFormat {
     [[nodiscard]] int bytesPerSecond() const { return alignment() * rateHz; }
 };
 
-/// What the header says: the samples' form, and how many bytes of them follow.
+/// The sample format, and how many bytes of samples follow.
 struct WavHeader {
     WavFormat format;
     std::uint32_t dataBytes = 0;
 
     static constexpr std::uint32_t size = 44;
-    /// The lengths in the header have 32 bits, and one of them counts the header's rest too.
+    /// Lengths in the header have 32 bits, and one of them includes most of the header.
     static constexpr std::int64_t mostDataBytes = 0xFFFFFFFFLL - size;
 
     [[nodiscard]] std::string bytes() const;
 
-    /// No value unless the first 44 bytes are such a header. What they say of the length of the
-    /// whole file does not count.
+    /// No value unless the first 44 bytes are such a header. Their length of the whole file is
+    /// ignored.
     [[nodiscard]] static std::optional<WavHeader> read(std::string_view bytes);
 };
 

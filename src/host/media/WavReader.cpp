@@ -1,6 +1,6 @@
 // WAV files of every sample form, through libsndfile.
-#include "host/media/PaddedFile.h"
 #include "host/media/SoundReader.h"
+#include "host/media/SplicedFile.h"
 #include "host/media/WavChunks.h"
 
 #include <sndfile.h>
@@ -20,8 +20,8 @@ struct SoundFileCloser {
 };
 using SoundFile = std::unique_ptr<SNDFILE, SoundFileCloser>;
 
-// A file of floating-point samples may hold anything, and what is no number would stay in the mix
-// and in the filters for good. A level far over full scale is damage too.
+// A file of floating-point samples may hold anything. A value that is no number would stay in the
+// mix and in the filters for ever, and a level far above full scale is damage too.
 float mixable(float sample) {
     constexpr float most = 1000.0F;
     return std::isfinite(sample) ? std::clamp(sample, -most, most) : 0.0F;
@@ -30,7 +30,7 @@ float mixable(float sample) {
 class WavReader final : public SoundReader {
 public:
     /// `padded` is what the file is read through; null if it is read as it is.
-    WavReader(std::unique_ptr<PaddedFile> padded, SoundFile file, const SF_INFO& info)
+    WavReader(std::unique_ptr<SplicedFile> padded, SoundFile file, const SF_INFO& info)
         : padded_(std::move(padded)), file_(std::move(file)), info_(info) {}
 
     int rateHz() const override { return info_.samplerate; }
@@ -53,13 +53,13 @@ public:
     bool seek(std::int64_t frame) override { return sf_seek(file_.get(), frame, SEEK_SET) >= 0; }
 
 private:
-    std::unique_ptr<PaddedFile> padded_; ///< outlives the file
+    std::unique_ptr<SplicedFile> padded_; ///< outlives the file
     SoundFile file_;
     SF_INFO info_;
     std::vector<float> samples_;
 };
 
-// The library opens many kinds of file whatever their name.
+// The library opens many kinds of files, whatever their names.
 bool isWav(int format) {
     const int kind = format & SF_FORMAT_TYPEMASK;
     return kind == SF_FORMAT_WAV || kind == SF_FORMAT_WAVEX || kind == SF_FORMAT_RF64 ||
@@ -67,20 +67,20 @@ bool isWav(int format) {
 }
 
 sf_count_t lengthOf(void* file) {
-    return static_cast<PaddedFile*>(file)->length();
+    return static_cast<SplicedFile*>(file)->length();
 }
 
 sf_count_t seekIn(sf_count_t offset, int whence, void* file) {
-    auto& padded = *static_cast<PaddedFile*>(file);
+    auto& padded = *static_cast<SplicedFile*>(file);
     if (whence == SEEK_CUR)
-        offset += padded.place();
+        offset += padded.position();
     else if (whence == SEEK_END)
         offset += padded.length();
     return padded.seek(offset);
 }
 
 sf_count_t readFrom(void* bytes, sf_count_t count, void* file) {
-    return static_cast<PaddedFile*>(file)->read(static_cast<char*>(bytes), count);
+    return static_cast<SplicedFile*>(file)->read(static_cast<char*>(bytes), count);
 }
 
 sf_count_t writeNothing(const void*, sf_count_t, void*) {
@@ -88,10 +88,27 @@ sf_count_t writeNothing(const void*, sf_count_t, void*) {
 }
 
 sf_count_t placeIn(void* file) {
-    return static_cast<PaddedFile*>(file)->place();
+    return static_cast<SplicedFile*>(file)->position();
 }
 
-constexpr SF_VIRTUAL_IO paddedFileCalls{lengthOf, seekIn, readFrom, writeNothing, placeIn};
+// The pieces between the missing padding bytes, with a zero in place of each.
+std::vector<FilePiece> paddedPieces(const fs::path& path, const std::vector<std::int64_t>& pads) {
+    std::error_code failed;
+    const std::uintmax_t size = fs::file_size(path, failed);
+    if (failed)
+        return {};
+    std::vector<FilePiece> pieces;
+    std::int64_t begin = 0;
+    for (const std::int64_t pad : pads) {
+        pieces.push_back({begin, pad});
+        pieces.push_back({0, 1, true});
+        begin = pad;
+    }
+    pieces.push_back({begin, static_cast<std::int64_t>(size)});
+    return pieces;
+}
+
+constexpr SF_VIRTUAL_IO splicedFileCalls{lengthOf, seekIn, readFrom, writeNothing, placeIn};
 
 } // namespace
 
@@ -100,10 +117,10 @@ std::unique_ptr<SoundReader> openWav(const fs::path& path) {
     if (!fs::is_regular_file(path, failed))
         return nullptr;
     SF_INFO info{};
-    std::unique_ptr<PaddedFile> padded;
-    if (auto pads = readWavChunks(path).missingPads; !pads.empty())
-        padded = std::make_unique<PaddedFile>(path, std::move(pads));
-    SF_VIRTUAL_IO calls = paddedFileCalls;
+    std::unique_ptr<SplicedFile> padded;
+    if (const auto pads = readWavChunks(path).missingPads; !pads.empty())
+        padded = std::make_unique<SplicedFile>(path, paddedPieces(path, pads));
+    SF_VIRTUAL_IO calls = splicedFileCalls;
     SoundFile file(padded ? sf_open_virtual(&calls, SFM_READ, &info, padded.get())
                           : sf_open(path.string().c_str(), SFM_READ, &info));
     if (!file || !isWav(info.format) || info.channels < 1 || info.samplerate < lowestRateHz ||

@@ -1,7 +1,8 @@
-// Samples rounded into their form, on the system's own calls, which tell how much a full disk took.
+// Rounds samples to their format and writes them with the system's own calls, which return how much
+// fitted on a full disk.
 #include "host/media/WavWriter.h"
 
-#include "host/DurableFile.h"
+#include "host/disk/DurableFile.h"
 
 #include <fcntl.h>
 #include <unistd.h>

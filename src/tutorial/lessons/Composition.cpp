@@ -4,7 +4,6 @@
 namespace velorin {
 
 using namespace acts;
-using Desk = WizardDesk;
 
 Lesson compositionLesson() {
     return {
@@ -14,7 +13,7 @@ Lesson compositionLesson() {
         {
             {"1. Open a blank music tablet....",
              {"Click the first button on the toolbar to clear all notes from the music tablet.."},
-             {call(&Desk::Command4_Click)}},
+             {call(&Session::commands, &ScoreCommands::Command4_Click)}},
             {"2. Add  notes to the staff on Channel 1.......",
              {"Drawing notes is an intuitive process with Velorin. ",
               "In this instance, we'll use the default instrument (whichever one is currently "
@@ -26,7 +25,7 @@ Lesson compositionLesson() {
              {"Select channels using the Setup toolbar (Button #9 on the main toolbar), which "
               "is normally always open.",
               "Click Channel 2 in the Instrument group, to open it."},
-             {call(&Desk::setTrackSel, 1, true)}},
+             {call(&Setup::setTrackSel, 1, true)}},
             {"4. Add  notes to the staff on Channel 2....",
              {"Now you add notes on Channel 2 in the same way you did on Channel 1, to create "
               "a melody."},
@@ -34,8 +33,8 @@ Lesson compositionLesson() {
             {"5. Open Percussion Channel 1........",
              {"On the Setup toolbar (Button #9 on the main toolbar)",
               "Click Channel 1 in the Percussion group, to open it."},
-             {call(&Desk::activateBeatbox), call(&Desk::setTrackSel, 1, false),
-              call(&Desk::setTrackSel, 8, true)}},
+             {call(&MainDesk::focusBeatbox), call(&Setup::setTrackSel, 1, false),
+              call(&Setup::setTrackSel, 8, true)}},
             {"6. Add percussion beat to the composition.....",
              {"Draw percussion notes in the light green area in the upper part of the music "
               "tablet.In this instance, we'll use the default percussion instrument (Nylon "
@@ -45,12 +44,13 @@ Lesson compositionLesson() {
              {loads("\\media\\104.sng")}},
             {"7. Test the finished composition.......",
              {"To play the composition, click button #5 (Play). ", "Now sit back and listen."},
-             {call(&Desk::PlayAndStop_Click, 0)}},
+             {call(&Session::sequencer, &Sequencer::PlayAndStop_Click, 0)}},
             {"8. Save the composition.......",
              {"To save the composition, click button #3 (Save). ",
               "You will be prompted to enter a file name and to click 'OK'.",
               "If you don't want to save the composition, click 'Cancel'."},
-             {call(&Desk::leaveTopMost), call(&Desk::mSaveAs_Click), call(&Desk::returnToTopMost)}},
+             {call(&WizardDesk::leaveTopMost), call(&Session::files, &ScoreFiles::mSaveAs_Click),
+              call(&WizardDesk::returnToTopMost)}},
         }};
 }
 

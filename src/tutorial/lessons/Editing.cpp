@@ -4,7 +4,6 @@
 namespace velorin {
 
 using namespace acts;
-using Desk = WizardDesk;
 
 Lesson editingLesson() {
     return {
@@ -15,12 +14,13 @@ Lesson editingLesson() {
             {"1. Draw a few notes....",
              {"Click the second button on the toolbar to open a score file. You can simply "
               "draw some notes on the tableau instead."},
-             {call(&Desk::Command4_Click), clicks(leftButton, {8, 87}),
+             {call(&Session::commands, &ScoreCommands::Command4_Click), clicks(leftButton, {8, 87}),
               clicks(leftButton, {23, 78}), clicks(leftButton, {29, 66}),
               clicks(leftButton, {42, 51}), clicks(leftButton, {68, 64}),
               clicks(leftButton, {76, 92}), clicks(leftButton, {89, 115}),
               clicks(leftButton, {100, 134}), clicks(leftButton, {115, 163})},
-             StepPointer::hourglass},
+             StepPointer::hourglass,
+             StepMode::drawing},
             {"2. Editing one note at a time....",
              {"Editing one note at a time is a simple process of using the mouse to replace "
               "notes. "},
@@ -31,7 +31,8 @@ Lesson editingLesson() {
               "Then click the right mouse button to delete the note."},
              {clicks(rightButton, {89, 115}), clicks(rightButton, {100, 134}),
               clicks(rightButton, {115, 163})},
-             StepPointer::hourglass},
+             StepPointer::hourglass,
+             StepMode::drawing},
             {"b. Edit single notes....",
              {"To edit an individual note, move your cursor into the column space occupied by "
               "the note to be edited.",
@@ -40,23 +41,27 @@ Lesson editingLesson() {
               "note."},
              {clicks(leftButton, {89, 115}), clicks(leftButton, {100, 115}),
               clicks(leftButton, {115, 115})},
-             StepPointer::hourglass},
+             StepPointer::hourglass,
+             StepMode::drawing},
             {"c. Change the instrument for single notes....",
              {"Select an instrument using the drop-down selector in the setup toolbar."},
-             {call(&Desk::chooseInstrument, 3), clicks(leftButton, {89, 115}),
+             {call(&WizardDesk::chooseInstrument, 3), clicks(leftButton, {89, 115}),
               clicks(leftButton, {100, 115}), clicks(leftButton, {115, 115})},
-             StepPointer::hourglass},
+             StepPointer::hourglass,
+             StepMode::drawing},
             {"3. Edit groups of notes at a time.......",
              {"Editing a group of notes can be done effectively, by using the Editing toolbar.",
               "First, open the Editing toolbar by clicking button # 10 on the main toolbar."},
-             {call(&Desk::showForm2)}},
+             {call(&WizardDesk::showForm2)}},
             {"a. Activate Editing mode.......",
              {"First, activate the editing mode by clicking the first button in the upper row "
               "of the editing toolbar.. ",
               "Notice that the icon changes to a double sided arrow, replacing a pencil, "
               "indicating that the editing mode is activated. Notice also that the five "
               "editing buttons to the right of the Mode button have been enabled."},
-             {call(&Desk::toggleEditMode)}},
+             {call(&WizardDesk::toggleEditMode)},
+             StepPointer::normal,
+             StepMode::drawing},
             {"b. Select a group of notes.......",
              {"To select a group of notes to be edited, place the cursor on the starting note, "
               "click the right mouse button, and drag the mouse over the tableau until the end "
@@ -69,16 +74,18 @@ Lesson editingLesson() {
               "there, place the cursor on the starting point of the new location, and click "
               "the left mouse button. A colored column shows the new starting point. ",
               "Next, click button #4, 'Paste/Overwrtie' to perform the function."},
-             {call(&Desk::copyIt), call(&Desk::bringForm2ToFront), clicks(leftButton, {145, 132}),
-              pauses(), call(&Desk::PasteBut_Click)},
+             {call(&Session::edits, &BlockEdits::copyIt), call(&WizardDesk::bringForm2ToFront),
+              clicks(leftButton, {145, 132}), pauses(),
+              call(&Session::edits, &BlockEdits::PasteBut_Click)},
              StepPointer::hourglass},
             {"d. Cut/paste a group of notes.......",
              {"To paste a selection to another location, inserting it between any other notes "
               "already there, place the cursor on the starting point of the new location, and "
               "click the left mouse button. A colored column shows the new starting point. ",
               "Next, click button #4, 'Paste/Overwrtie' to perform the function."},
-             {drags({8, 115}, {76, 115}), call(&Desk::CutBut_Click), call(&Desk::bringForm2ToFront),
-              drags({135, 115}, {140, 115}), call(&Desk::PasteIntoBut_Click)}},
+             {drags({8, 115}, {76, 115}), call(&Session::edits, &BlockEdits::CutBut_Click),
+              call(&WizardDesk::bringForm2ToFront), drags({135, 115}, {140, 115}),
+              call(&Session::edits, &BlockEdits::PasteIntoBut_Click)}},
             {"e. Replicate a group of notes.......",
              {"You can create a rhythmic motif by duplicating a sequence of notes over and "
               "over. To duplicate or clone a sequence of notes many times over, create the "
@@ -91,8 +98,9 @@ Lesson editingLesson() {
               "If this seems confusing, use the following example: You want to create a motif "
               "having 60 notes. It has a beat of 8 notes, which are repeated every 12th note. "
               "Thus, there is a silence having a 4 note duration.  "},
-             {call(&Desk::setForm2Text3, "60"), call(&Desk::setForm2Text4, "12"),
-              call(&Desk::setForm2Text5, "12"), call(&Desk::CopyNotes, 0, 12)}},
+             {call(&WizardDesk::setForm2Text3, "60"), call(&WizardDesk::setForm2Text4, "12"),
+              call(&WizardDesk::setForm2Text5, "12"),
+              call(&Session::duplicate, &Duplicate::CopyNotes, 0, 12)}},
             {"f. Insert space(s).......",
              {"Sometimes you would like to insert a space or two between notes, but you need "
               "to move all the notes on the right-hand side over by the same number of spaces. "
@@ -103,8 +111,8 @@ Lesson editingLesson() {
               "Enter the number of spaces in the window on the right-hand side of button # 6 "
               "('Insert Spaces'). ",
               "Click button # 6 ('Insert Spaces'), to perform the function."},
-             {call(&Desk::setForm2Text1, "10"), clicks(leftButton, {33, 115}),
-              call(&Desk::InsertColumnBut_Click)},
+             {call(&WizardDesk::setForm2Text1, "10"), clicks(leftButton, {33, 115}),
+              call(&Session::edits, &BlockEdits::InsertColumnBut_Click)},
              StepPointer::hourglass},
         }};
 }

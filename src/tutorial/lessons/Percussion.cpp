@@ -4,7 +4,6 @@
 namespace velorin {
 
 using namespace acts;
-using Desk = WizardDesk;
 
 Lesson percussionLesson() {
     return {
@@ -22,12 +21,13 @@ Lesson percussionLesson() {
               "you all the space you need to work in it.",
               "Click Button #1 (Percussion Group) in the Setup Toolbar to activate Percussion "
               "Channel 1. "},
-             {call(&Desk::Command4_Click), call(&Desk::CmdBeatactivate),
-              call(&Desk::TrackSel_MouseDown, 8), call(&Desk::setTrackSel, 8, true)}},
+             {call(&Session::commands, &ScoreCommands::Command4_Click),
+              call(&Session::commands, &ScoreCommands::CmdBeatactivate),
+              call(&Setup::TrackSel_MouseDown, 8), call(&Setup::setTrackSel, 8, true)}},
             {"a. Select a Percussion Instrument........",
              {"Select a percussion instrument using the drop-down selector in the setup "
               "toolbar."},
-             {call(&Desk::choosePercussion, 0)}},
+             {call(&WizardDesk::choosePercussion, 0)}},
             {"b. Add  Percussion notes........",
              {"Now you add notes on Percussion Channel 1 in the same way you did on Channel 1, "
               "to create a rythm."},
@@ -35,15 +35,15 @@ Lesson percussionLesson() {
             {"2. Open Percussion Channel 2........",
              {"On the Setup toolbar (Button #9 on the main toolbar)",
               "Click Channel 2 in the Percussion group, to open it."},
-             {call(&Desk::activateBeatbox), call(&Desk::TrackSel_MouseDown, 10),
-              call(&Desk::setTrackSel, 10, true)}},
+             {call(&MainDesk::focusBeatbox), call(&Setup::TrackSel_MouseDown, 10),
+              call(&Setup::setTrackSel, 10, true)}},
             {"a. Select a Percussion Instrument........",
              {"Draw percussion notes in the light green area in the upper part of the music "
               "tablet.In this instance, we'll use the default percussion instrument (Nylon "
               "Guitar). ",
               "Now you must add notes on other channels to create a melody. First, open "
               "Channel 2."},
-             {call(&Desk::choosePercussion, 25)}},
+             {call(&WizardDesk::choosePercussion, 25)}},
             {"b. Add  Percussion notes........",
              {"Now you add notes on Channel 2 in the same way you did on Channel 1, to create "
               "a melody."},
@@ -51,12 +51,12 @@ Lesson percussionLesson() {
             {"3. Open Percussion Channel 3........",
              {"On the Setup toolbar (Button #9 on the main toolbar)",
               "Click Channel 3 in the Percussion group, to open it."},
-             {call(&Desk::activateBeatbox), call(&Desk::TrackSel_MouseDown, 11),
-              call(&Desk::setTrackSel, 11, true)}},
+             {call(&MainDesk::focusBeatbox), call(&Setup::TrackSel_MouseDown, 11),
+              call(&Setup::setTrackSel, 11, true)}},
             {"a. Select a Percussion Instrument........",
              {"Select a percussion instrument using the drop-down selector in the setup "
               "toolbar."},
-             {call(&Desk::choosePercussion, 4)}},
+             {call(&WizardDesk::choosePercussion, 4)}},
             {"b. Add  Percussion notes........",
              {"Now you add notes on Channel 2 in the same way you did on Channel 1, to create "
               "a melody."},
@@ -73,13 +73,15 @@ Lesson percussionLesson() {
               "If this seems confusing, use the following example: You want to create a motif "
               "having 60 notes. It has a beat of 8 notes, which are repeated every 12th note. "
               "Thus, there is a silence having a 4 note duration.  "},
-             {call(&Desk::setForm2Text3, "60"), call(&Desk::setForm2Text4, "12"),
-              call(&Desk::setForm2Text5, "12"), call(&Desk::CopyNotes, 0, 12),
-              call(&Desk::activateBeatbox), call(&Desk::RewindBut_Click),
-              call(&Desk::activateBeatbox)}},
+             {call(&WizardDesk::setForm2Text3, "60"), call(&WizardDesk::setForm2Text4, "12"),
+              call(&WizardDesk::setForm2Text5, "12"),
+              call(&Session::duplicate, &Duplicate::CopyNotes, 0, 12),
+              call(&MainDesk::focusBeatbox), call(&Session::sequencer, &Sequencer::RewindBut_Click),
+              call(&MainDesk::focusBeatbox)}},
             {"5. Test the finished composition.......",
              {"To play the composition, click button #5 (Play). "},
-             {call(&Desk::PlayAndStop_Click, 0), call(&Desk::RewindBut_Click)}},
+             {call(&Session::sequencer, &Sequencer::PlayAndStop_Click, 0),
+              call(&Session::sequencer, &Sequencer::RewindBut_Click)}},
         }};
 }
 

@@ -1,4 +1,4 @@
-// Which bitrates MP3 files have.
+// The bitrates of MP3 files.
 #include "convert/Bitrates.h"
 #include "convert/Options.h"
 
@@ -22,19 +22,20 @@ TEST(TheBitrates, DependOnTheVersionOfTheFormat) {
         EXPECT_THAT(bitratesAt(rateHz), ElementsAre(8, 16, 24, 32, 40, 48, 56, 64)) << rateHz;
 }
 
-TEST(TheBitrates, HaveAUsualOneThatTheRateAllows) {
-    EXPECT_EQ(usualBitrateAt(44'100), 192);
-    EXPECT_EQ(usualBitrateAt(22'050), 160);
-    EXPECT_EQ(usualBitrateAt(8'000), 64);
+TEST(TheBitrates, HaveADefaultThatTheRateAllows) {
+    EXPECT_EQ(defaultBitrateAt(44'100), 192);
+    EXPECT_EQ(defaultBitrateAt(22'050), 160);
+    EXPECT_EQ(defaultBitrateAt(8'000), 64);
 }
 
-TEST(TheBitrates, AreNamedWhereOneIsRefused) {
-    EXPECT_EQ(whyNotAt(44'100, 320), "");
-    EXPECT_EQ(whyNotAt(8'000, 128), "cannot have a bitrate of 128: at 8000 Hz there are 8, 16, 24, "
-                                    "32, 40, 48, 56 and 64");
+TEST(TheBitrates, AreListedIfOneIsRefused) {
+    EXPECT_EQ(checkBitrate(44'100, 320).reason(), "");
+    EXPECT_EQ(checkBitrate(8'000, 128).reason(),
+              "cannot have a bitrate of 128: at 8000 Hz there are 8, 16, 24, "
+              "32, 40, 48, 56 and 64");
 }
 
-TEST(TheBitrates, OfTheCommandLineAreThoseOfMp3Files) {
+TEST(TheBitrates, OnTheCommandLineAreThoseOfMp3Files) {
     for (int bitrate = -1; bitrate <= 400; ++bitrate) {
         const auto at = [bitrate](const char* rateHz) {
             return readOptions({"a.sng", "--to", "mp3", "--rate", rateHz, "--bitrate",
@@ -42,12 +43,12 @@ TEST(TheBitrates, OfTheCommandLineAreThoseOfMp3Files) {
                 .problem.empty();
         };
         for (const char* rateHz : {"8000", "22050", "44100"})
-            EXPECT_EQ(at(rateHz), whyNotAt(std::stoi(rateHz), bitrate).empty())
+            EXPECT_EQ(at(rateHz), static_cast<bool>(checkBitrate(std::stoi(rateHz), bitrate)))
                 << bitrate << " at " << rateHz;
     }
 }
 
-TEST(TheBitrates, ThatTheRateDoesNotAllowAreAProblemBeforeAnythingIsMade) {
+TEST(TheBitrates, ThatTheRateDoesNotAllowAreRefusedBeforeAnythingIsMade) {
     EXPECT_EQ(readOptions({"a.sng", "-o", "a.mp3", "--bitrate", "320", "--rate", "22050"}).problem,
               "an MP3 file cannot have a bitrate of 320: at 22050 Hz there are 8, 16, 24, 32, 40, "
               "48, 56, 64, 80, 96, 112, 128, 144 and 160");

@@ -1,6 +1,6 @@
-// From a score file to each kind of output.
+// Converts a score file to each kind of output.
 #include "convert/Conversion.h"
-#include "host/SoundFonts.h"
+#include "host/synth/SoundFonts.h"
 
 #include <gtest/gtest.h>
 
@@ -10,14 +10,15 @@
 #include <cstdint>
 #include <fstream>
 #include <iterator>
+#include <utility>
 
 namespace velorin::convert {
 namespace {
 
 namespace fs = std::filesystem;
 
-// One row with a woodblock, which begins at once and is over soon, at columns 0, 4 and 10; tempo
-// 100 gives columns of 0.12 s.
+// One row with a woodblock, which is short and starts at once, at columns 0, 4 and 10. At tempo 100
+// a column is 0.12 s.
 std::string woodblockScore() {
     std::string text = "60,-1,-1,-1,60,-1,-1,-1,-1,-1,60\r\n115,0,0,0,115,0,0,0,0,0,115\r\n";
     for (int row = 1; row < 13; ++row) {
@@ -49,9 +50,9 @@ protected:
         return {std::istreambuf_iterator<char>(in), {}};
     }
 
-    // Why it failed; empty if it went well.
+    // Returns why it failed; empty on success.
     std::string make(const std::string& name, Kind kind, const std::string& from = "in.sng") {
-        return convert({(folder_ / from).string(), folder_ / name, kind}, options_, {});
+        return convert({(folder_ / from).string(), folder_ / name, kind}, options_, {}).reason();
     }
 
     [[nodiscard]] std::size_t filesThere() const {
@@ -63,7 +64,7 @@ protected:
     Options options_;
 };
 
-// Frames of a 16 bit stereo WAV file, the left side alone.
+// The left channel of a 16 bit stereo WAV file.
 std::vector<int> leftSide(const std::string& wav) {
     std::vector<int> samples;
     for (std::size_t i = 44; i + 3 < wav.size(); i += 4) {
@@ -73,7 +74,7 @@ std::vector<int> leftSide(const std::string& wav) {
     return samples;
 }
 
-// Where a quiet second half ends and a loud frame comes.
+// The loud frames that are more than 0.2 s after the previous one.
 std::vector<int> onsetsOf(const std::vector<int>& samples) {
     constexpr int loud = 1000;
     std::vector<int> onsets;
@@ -89,7 +90,7 @@ TEST_F(AConversion, ToSoundPutsNotesWhereTheirColumnsAre) {
     ASSERT_EQ(make("out.wav", Kind::wav), "");
     const std::vector<int> onsets = onsetsOf(leftSide(read("out.wav")));
     ASSERT_EQ(onsets.size(), 3U);
-    // The song waits for a column before its first one: 0.12 s are 5292 frames.
+    // The song waits for one column before its first: 0.12 s are 5292 frames.
     EXPECT_GE(onsets[0], 5292);
     EXPECT_LT(onsets[0], 5292 + 441);
     EXPECT_NEAR(onsets[1] - onsets[0], 4 * 5292, 64);
@@ -102,10 +103,10 @@ TEST_F(AConversion, ToSoundGivesTheSameBytesEveryTime) {
     EXPECT_EQ(read("one.wav"), read("two.wav"));
 }
 
-TEST_F(AConversion, ToSoundRunsOnUntilASecondIsSilent) {
+TEST_F(AConversion, ToSoundContinuesUntilASecondIsSilent) {
     ASSERT_EQ(make("out.wav", Kind::wav), "");
     const std::vector<int> samples = leftSide(read("out.wav"));
-    // Columns 0 to 11, one before and one behind: 14 times 5292 frames.
+    // Columns 0 to 11, one before and one after: 14 times 5292 frames.
     ASSERT_GT(samples.size(), 14U * 5292 + 44100);
     ASSERT_LT(samples.size(), 14U * 5292 + 441000);
     for (std::size_t i = samples.size() - 44100; i < samples.size(); ++i) {
@@ -121,35 +122,64 @@ TEST_F(AConversion, ToSoundKeepsTheTimesAtAnotherRate) {
     EXPECT_NEAR(onsets[1] - onsets[0], 4 * 2646, 64);
 }
 
-TEST_F(AConversion, ToAScoreIsTheScoreInItsLastStage) {
+TEST_F(AConversion, ToAScoreWritesTheLatestVersionOfTheFormat) {
     ASSERT_EQ(make("out.sng", Kind::sng), "");
     const std::string text = read("out.sng");
     EXPECT_EQ(text.substr(0, woodblockScore().size()), woodblockScore());
     EXPECT_NE(text.find("Polyphonics\r\n"), std::string::npos);
 }
 
-TEST_F(AConversion, ToMidiIsAFileOfFormat1) {
+// A tempo track and one for the only row that sounds; four columns of 0.12 s are a quarter note.
+TEST_F(AConversion, ToMidiIsAFileOfFormat1ThatPlaysAsTheScore) {
     ASSERT_EQ(make("out.mid", Kind::mid), "");
-    EXPECT_EQ(read("out.mid").substr(0, 10), std::string("MThd\0\0\0\6\0\1", 10));
+    EXPECT_EQ(read("out.mid").substr(0, 12), std::string("MThd\0\0\0\6\0\1\0\2", 12));
+    EXPECT_NE(read("out.mid").find(std::string("\0\xFF\x03\x02in", 6)), std::string::npos);
+    EXPECT_NE(read("out.mid").find(std::string("\0\xFF\x51\x03\x07\x53\0", 7)), std::string::npos);
 }
 
-TEST_F(AConversion, ToAPictureHasAColumnForEachOfTheSongs) {
-    ASSERT_EQ(make("out.png", Kind::png), "");
-    const std::string png = read("out.png");
-    ASSERT_EQ(png.substr(1, 3), "PNG");
+// A track for each of the 13 rows; the tempo counts as quarter notes a minute.
+TEST_F(AConversion, ToPlainMidiIsTheFileOfTheSaveCommand) {
+    options_.plainMidi = true;
+    ASSERT_EQ(make("out.mid", Kind::mid), "");
+    EXPECT_EQ(read("out.mid").substr(0, 12), std::string("MThd\0\0\0\6\0\1\0\16", 12));
+    EXPECT_NE(read("out.mid").find(std::string("\0\xFF\x51\x03\x09\x27\xC0", 7)),
+              std::string::npos);
+}
+
+// Width and height of a PNG file; zero for anything else.
+std::pair<int, int> sizeOf(const std::string& png) {
+    if (png.size() < 24 || png.substr(1, 3) != "PNG")
+        return {};
     const auto number = [&](std::size_t at) {
         return static_cast<unsigned char>(png[at + 2]) * 256 +
                static_cast<unsigned char>(png[at + 3]);
     };
-    EXPECT_EQ(number(16), 12 * 12); // columns 0 to 11
-    EXPECT_EQ(number(20), 5 * 12);  // one pitch, and two lines on either side
+    return {number(16), number(20)};
 }
 
-TEST_F(AConversion, ThatFailsLeavesNothingBehind) {
+TEST_F(AConversion, ToAPictureShowsEveryColumnOfTheSong) {
+    ASSERT_EQ(make("out.png", Kind::png), "");
+    // Columns 0 to 11; one pitch, and two lines on either side.
+    EXPECT_EQ(sizeOf(read("out.png")), std::pair(12 * 12, 5 * 12));
+}
+
+TEST_F(AConversion, ToAThumbnailFitsIntoASquare) {
+    options_.thumbnailPx = 100;
+    ASSERT_EQ(make("thumbnail", Kind::png), "");
+    EXPECT_EQ(sizeOf(read("thumbnail")), std::pair(100, 75));
+    options_.thumbnailPx = 1;
+    ASSERT_EQ(make("thumbnail", Kind::png), "");
+    EXPECT_EQ(sizeOf(read("thumbnail")), std::pair(1, 1));
+    options_.thumbnailPx = 1024; // 12 lines of 12 pixels are not enlarged
+    ASSERT_EQ(make("thumbnail", Kind::png), "");
+    EXPECT_EQ(sizeOf(read("thumbnail")), std::pair(192, 144));
+}
+
+TEST_F(AConversion, ThatFailsLeavesNoFiles) {
     write("text.sng", "no score");
     write("empty.sng", "");
     EXPECT_EQ(make("out.wav", Kind::wav, "text.sng"),
-              (folder_ / "text.sng").string() + " is no score");
+              (folder_ / "text.sng").string() + " is not a score");
     EXPECT_NE(make("out.wav", Kind::wav, "empty.sng"), "");
     EXPECT_NE(make("out.wav", Kind::wav, "missing.sng"), "");
     EXPECT_NE(make("nowhere/out.wav", Kind::wav), "");
@@ -158,16 +188,16 @@ TEST_F(AConversion, ThatFailsLeavesNothingBehind) {
     EXPECT_EQ(filesThere(), 3U);
 }
 
-TEST_F(AConversion, ReplacesAFileAndNothingElse) {
+TEST_F(AConversion, ReplacesOnlyFiles) {
     write("out.mid", std::string(20000, 'x'));
     fs::create_directory(folder_ / "folder.mid");
     ASSERT_EQ(make("out.mid", Kind::mid), "");
     EXPECT_LT(read("out.mid").size(), 10001U);
     EXPECT_NE(make("folder.mid", Kind::mid), "");
-    EXPECT_NE(convert({"in.sng", "/dev/null", Kind::mid}, options_, {}), "");
+    EXPECT_NE(convert({"in.sng", "/dev/null", Kind::mid}, options_, {}).reason(), "");
 }
 
-TEST_F(AConversion, DoesNotReplaceAScoreByItselfUnlessToldTo) {
+TEST_F(AConversion, ReplacesItsOwnScoreOnlyWithTheOptionO) {
     EXPECT_NE(make("in.sng", Kind::sng), "");
     EXPECT_EQ(read("in.sng"), woodblockScore());
     options_.mayReplaceScore = true;

@@ -1,7 +1,7 @@
-// MIDI files of other programs as sound: what is said of them, and what is refused.
+// Renders MIDI files of other programs: warnings and refusals.
 #include "convert/Batch.h"
 #include "convert/Conversion.h"
-#include "host/SoundFonts.h"
+#include "host/synth/SoundFonts.h"
 #include "support/ScriptedFiles.h"
 
 #include <gmock/gmock.h>
@@ -30,7 +30,7 @@ protected:
         return (folder_.path() / name).string();
     }
 
-    /// A file of one track, 100 ticks to a quarter of half a second.
+    /// A file with one track and 100 ticks per quarter note of half a second.
     void writeMidi(const std::string& name, const std::string& track) const {
         std::string bytes("MThd\0\0\0\6\0\0\0\1\0\x64MTrk\0\0\0", 21);
         bytes += static_cast<char>(track.size());
@@ -52,9 +52,9 @@ protected:
     }
 
     std::string make(const std::string& from, const std::string& to, Kind kind = Kind::wav) {
-        remarks_.clear();
-        const auto remark = [this](const std::string& text) { remarks_.push_back(text); };
-        return convert({at(from), at(to), kind}, options_, {{}, {}, remark});
+        warnings_.clear();
+        const auto warning = [this](const std::string& text) { warnings_.push_back(text); };
+        return convert({at(from), at(to), kind}, options_, {{}, {}, warning}).reason();
     }
 
     [[nodiscard]] int loudest(const std::string& wav) const {
@@ -70,7 +70,7 @@ protected:
 
     scripted::TemporaryFolder folder_;
     Options options_;
-    std::vector<std::string> remarks_;
+    std::vector<std::string> warnings_;
 };
 
 const std::string oneQuarter("\x00\x90\x3C\x40\x64\x80\x3C\x40\x00\xFF\x2F\x00", 12);
@@ -79,21 +79,21 @@ TEST_F(AMidiConversion, SoundsWithVelocitiesAbove127) {
     writeMidi("a.mid", std::string("\x00\x90\x3C\xCC\x64\x80\x3C\x40\x00\xFF\x2F\x00", 12));
     ASSERT_EQ(make("a.mid", "a.wav"), "");
     EXPECT_GT(loudest("a.wav"), 100);
-    EXPECT_THAT(remarks_, IsEmpty());
+    EXPECT_THAT(warnings_, IsEmpty());
 }
 
-TEST_F(AMidiConversion, OfAFileWithoutNotesIsSilentAndSaysSo) {
+TEST_F(AMidiConversion, OfAFileWithoutNotesIsSilentAndWarns) {
     writeMidi("a.mid", std::string("\x64\xFF\x2F\x00", 4));
     ASSERT_EQ(make("a.mid", "a.wav"), "");
     EXPECT_LE(loudest("a.wav"), 3);
-    EXPECT_THAT(remarks_, ElementsAre(at("a.mid") + " has no notes; the sound is silent"));
+    EXPECT_THAT(warnings_, ElementsAre(at("a.mid") + " has no notes; the sound is silent"));
 }
 
-TEST_F(AMidiConversion, OfADamagedFileSaysSoAndOfOneWithoutANoteFails) {
+TEST_F(AMidiConversion, OfADamagedFileWarnsAndFailsIfItHasNoNotes) {
     writeMidi("cut.mid", oneQuarter.substr(0, 6));
     ASSERT_EQ(make("cut.mid", "cut.wav"), "");
-    EXPECT_THAT(remarks_,
-                ElementsAre(at("cut.mid") + " is damaged; only what comes before the damage is "
+    EXPECT_THAT(warnings_,
+                ElementsAre(at("cut.mid") + " is damaged; only the part before the damage is "
                                             "converted"));
     writeMidi("lost.mid", oneQuarter.substr(0, 2));
     EXPECT_EQ(make("lost.mid", "lost.wav"), at("lost.mid") + " is damaged before its first note");
@@ -101,48 +101,60 @@ TEST_F(AMidiConversion, OfADamagedFileSaysSoAndOfOneWithoutANoteFails) {
 }
 
 // 48,000 ticks are four minutes.
-TEST_F(AMidiConversion, IsRefusedBeforeItBeginsIfItIsTooLong) {
+TEST_F(AMidiConversion, IsRefusedBeforeTheStartIfItIsTooLong) {
     writeMidi("a.mid", std::string("\x00\x90\x3C\x40\x82\xF7\x00\x80\x3C\x40\x00\xFF\x2F\x00", 14));
-    options_.mostMinutes = 3;
+    options_.maxMinutes = 3;
     EXPECT_EQ(make("a.mid", "a.wav"),
               at("a.mid") + " is too long: 4:00 of sound, 8 MB; --most-minutes allows 3");
     EXPECT_FALSE(fs::exists(at("a.wav")));
-    options_.mostMinutes = 4;
+    options_.maxMinutes = 4;
     EXPECT_EQ(make("a.mid", "a.wav"), "");
 }
 
 // 120,000 ticks are ten minutes; the file has 27 bytes of music.
-TEST_F(AMidiConversion, SaysALengthOfTenMinutesBefore) {
+TEST_F(AMidiConversion, WarnsOfALengthOfTenMinutesBeforeTheStart) {
     writeMidi("a.mid", std::string("\x00\xC0\x05\x87\xA9\x40\x90\x3C\x40\x00\xFF\x2F\x00", 13));
     std::vector<std::string> said;
     options_.tasks = {{at("a.mid"), at("a.wav"), Kind::wav}};
     const auto results = convertAll(
-        options_, 1, [&](const Result& result) { said.push_back(result.reason); }, {},
-        [&](const std::string& remark) {
-            said.push_back(remark);
+        options_, 1, [&](const ConversionResult& result) { said.push_back(result.reason); }, {},
+        [&](const std::string& warning) {
+            said.push_back(warning);
             EXPECT_FALSE(fs::exists(at("a.wav")));
         });
     EXPECT_EQ(results[0].outcome, Outcome::converted);
     EXPECT_THAT(said, ElementsAre(at("a.wav") + " will be 10:00 of sound, 19 MB", ""));
 }
 
-// Tempo 1 makes a column 12 seconds long; the song has one before its first.
-TEST_F(AMidiConversion, OfAScoreKnowsItsLengthToo) {
+// Tempo 1 makes a column 12 seconds long. The file has one before column 0 and two after column 4,
+// the last.
+TEST_F(AMidiConversion, FromAScoreChecksThePlayingTime) {
     writeScore("a.sng");
-    options_.mostMinutes = 1;
+    options_.maxMinutes = 1;
+    EXPECT_EQ(make("a.sng", "a.mid", Kind::mid),
+              at("a.sng") + " is too long: it plays for 1:24; --most-minutes allows 1");
+    EXPECT_FALSE(fs::exists(at("a.mid")));
+    options_.maxMinutes = 2;
+    EXPECT_EQ(make("a.sng", "a.mid", Kind::mid), "");
+}
+
+// Tempo 1 makes a column 12 seconds long; the song waits for one column before its first.
+TEST_F(AMidiConversion, OfAScoreChecksItsLengthToo) {
+    writeScore("a.sng");
+    options_.maxMinutes = 1;
     EXPECT_EQ(make("a.sng", "a.wav"),
               at("a.sng") + " is too long: 1:24 of sound, 3 MB; --most-minutes allows 1");
 }
 
-// With its ending, 254 bytes; the system allows 255.
-TEST_F(AMidiConversion, TakesAndMakesLongNames) {
+// 254 bytes with the ending; the system allows 255.
+TEST_F(AMidiConversion, ReadsAndWritesLongNames) {
     const std::string name(250, 'x');
     writeMidi(name + ".mid", oneQuarter);
     EXPECT_EQ(make(name + ".mid", name + ".wav"), "");
     EXPECT_TRUE(fs::exists(at(name + ".wav")));
 }
 
-TEST_F(AMidiConversion, TakesAndMakesNamesWithBackslashes) {
+TEST_F(AMidiConversion, ReadsAndWritesNamesWithBackslashes) {
     writeMidi("a\\b.mid", oneQuarter);
     EXPECT_EQ(make("a\\b.mid", "a\\b.wav"), "");
     EXPECT_TRUE(fs::exists(at("a\\b.wav")));

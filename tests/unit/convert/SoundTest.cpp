@@ -1,12 +1,12 @@
-// MP3 files out of everything that sounds, and folders of it.
-#include "../host/FullDisk.h"
+// Makes MP3 files from scores, MIDI and WAV files, and converts folders.
 #include "../recorded/OtherPrograms.h"
 #include "convert/Batch.h"
 #include "convert/Conversion.h"
 #include "convert/Folders.h"
-#include "host/SoundFonts.h"
 #include "host/media/Lame.h"
 #include "host/media/SoundReader.h"
+#include "host/synth/SoundFonts.h"
+#include "support/FullDisk.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -47,7 +47,7 @@ protected:
         std::ofstream(folder_ / name, std::ios::binary) << content;
     }
 
-    // Eight notes of two columns, each of another pitch.
+    // Eight notes of two columns, each with a different pitch.
     void writeMelody(const std::string& name) const {
         std::string notes;
         std::string instruments;
@@ -73,7 +73,7 @@ protected:
         return stereo;
     }
 
-    /// What two sounds have in common in a piece; of a sound with itself, its power.
+    /// The correlation of two sounds in a piece; the power of a sound if both are the same.
     static double power(const std::vector<float>& a, const std::vector<float>& b, std::size_t at,
                         std::size_t count) {
         double sum = 0.0;
@@ -83,10 +83,10 @@ protected:
     }
 
     std::string make(const std::string& from, const std::string& to, Kind kind) {
-        return convert({(folder_ / from).string(), folder_ / to, kind}, options_, {});
+        return convert({(folder_ / from).string(), folder_ / to, kind}, options_, {}).reason();
     }
 
-    // Seconds of an MP3 file's sound.
+    // The length of an MP3 file in seconds.
     [[nodiscard]] double seconds(const std::string& name) const {
         const auto reader = host::openMp3(folder_ / name);
         return reader ? static_cast<double>(reader->frames()) / reader->rateHz() : -1.0;
@@ -106,12 +106,12 @@ protected:
         return names;
     }
 
-    std::vector<Result> convertFolder() {
+    std::vector<ConversionResult> convertFolder() {
         options_.tasks = {{(folder_ / "in").string(), folder_ / "out", Kind::mp3, true}};
-        std::vector<LeftOut> leftOut;
-        options_.tasks = withoutFolders(options_.tasks, leftOut);
-        leftOut_ = leftOut.size();
-        return convertAll(options_, 2, [](const Result&) {});
+        std::vector<SkippedFile> skipped;
+        options_.tasks = expandFolders(options_.tasks, skipped);
+        leftOut_ = skipped.size();
+        return convertAll(options_, 2, [](const ConversionResult&) {});
     }
 
     fs::path folder_ =
@@ -128,25 +128,26 @@ TEST_F(ASoundConversion, MakesAnMp3AsLongAsTheWavOfAScore) {
     EXPECT_NEAR(seconds("b.mp3"), wavSeconds("a.wav"), 0.001);
 }
 
-// Another program decodes the MP3; the WAV is the measure.
-TEST_F(ASoundConversion, MakesAnMp3ThatSoundsAsTheScoreDoes) {
-    if (!test::isThere("lame"))
+// Another program decodes the MP3, which is compared with the WAV.
+TEST_F(ASoundConversion, MakesAnMp3ThatSoundsLikeTheScore) {
+    if (!velorin::test::isThere("lame"))
         GTEST_SKIP() << "no other decoder (lame)";
     writeMelody("melody.sng");
     ASSERT_EQ(make("melody.sng", "a.wav", Kind::wav), "");
     ASSERT_EQ(make("melody.sng", "a.mp3", Kind::mp3), "");
-    test::told("lame --quiet --decode " + test::quoted((folder_ / "a.mp3").string()) + " " +
-               test::quoted((folder_ / "b.wav").string()) + " 2>&1");
+    velorin::test::told("lame --quiet --decode " +
+                        velorin::test::quoted((folder_ / "a.mp3").string()) + " " +
+                        velorin::test::quoted((folder_ / "b.wav").string()) + " 2>&1");
     const std::vector<float> score = samples("a.wav");
     const std::vector<float> mp3 = samples("b.wav");
     ASSERT_NEAR(static_cast<double>(mp3.size()), static_cast<double>(score.size()), 4.0);
-    // Every half second by itself: one wrong pitch, or one onset a millisecond off, would part
-    // them.
+    // Each half second is compared alone: one wrong pitch, or an onset that is a millisecond off,
+    // would fail.
     constexpr std::size_t piece = 44100;
     ASSERT_GT(score.size(), 4 * piece);
     for (std::size_t at = 0; at + piece < score.size(); at += piece) {
         const double loudness = power(score, score, at, piece);
-        if (loudness < 1e-3) // the last sound dies away
+        if (loudness < 1e-3) // the last sound decays
             continue;
         const double decoded = power(mp3, mp3, at, piece);
         EXPECT_NEAR(std::sqrt(decoded / loudness), 1.0, 0.05) << at / piece;
@@ -162,17 +163,35 @@ TEST_F(ASoundConversion, PlaysAMidFile) {
     EXPECT_GT(wavSeconds("m.wav"), 0.5);
 }
 
-TEST_F(ASoundConversion, MakesNoScoreOfSound) {
+// The sound of a score of two notes lasts some seconds, which the option counts in minutes; so the
+// WAV file gets a header for a rate of one frame in a hundred, and lasts minutes.
+TEST_F(ASoundConversion, OfAWavFileChecksItsLengthBeforeTheStart) {
+    options_.rateHz = 96000;
+    ASSERT_EQ(make("in/a.sng", "a.wav", Kind::wav), "");
+    {
+        std::fstream wav(folder_ / "a.wav", std::ios::binary | std::ios::in | std::ios::out);
+        wav.seekp(24);
+        wav.write("\xE8\x03\0\0", 4); // 1000 frames a second
+    }
+    options_.maxMinutes = 1;
+    EXPECT_THAT(make("a.wav", "a.mp3", Kind::mp3),
+                testing::ContainsRegex("a.wav is too long: [0-9]+:[0-9]+ of sound, [0-9]+ MB; "
+                                       "--most-minutes allows 1$"));
+    EXPECT_FALSE(fs::exists(folder_ / "a.mp3"));
+}
+
+TEST_F(ASoundConversion, MakesNoScoreFromSound) {
     write("a.wav", "no sound");
     write("a.mid", "no music");
     EXPECT_NE(make("a.wav", "b.sng", Kind::sng), "");
     EXPECT_NE(make("a.mid", "b.sng", Kind::sng), "");
     EXPECT_EQ(make("a.wav", "b.mp3", Kind::mp3), (folder_ / "a.wav").string() + " is no WAV file");
-    EXPECT_EQ(make("a.mid", "b.mp3", Kind::mp3), (folder_ / "a.mid").string() + " is no MIDI file");
+    EXPECT_EQ(make("a.mid", "b.mp3", Kind::mp3),
+              (folder_ / "a.mid").string() + " is not a MIDI file");
     EXPECT_FALSE(fs::exists(folder_ / "b.mp3"));
 }
 
-TEST_F(ASoundConversion, OntoADiskThatFillsSaysWhyAndLeavesNothing) {
+TEST_F(ASoundConversion, OnAFullDiskSaysWhyAndLeavesNoFiles) {
     write("a.mp3", "older");
     {
         const host::test::FullDisk disk(20'000);
@@ -189,13 +208,13 @@ TEST_F(ASoundConversion, OntoADiskThatFillsSaysWhyAndLeavesNothing) {
     EXPECT_THAT(filesThere(), testing::ElementsAre("a.mp3"));
 }
 
-TEST_F(ASoundConversion, OfAFolderGoesOnAfterABadFileAndSkipsWhatIsDone) {
+TEST_F(ASoundConversion, OfAFolderContinuesAfterABadFileAndSkipsNewerOutput) {
     ASSERT_EQ(make("in/a.sng", "in/deep/b.mid", Kind::mid), "");
     ASSERT_EQ(make("in/a.sng", "in/a.mid", Kind::mid), "");
     write("in/bad.wav", "no sound");
     write("in/.hidden.sng", "1");
     write("in/notes.txt", "1");
-    std::vector<Result> results = convertFolder();
+    std::vector<ConversionResult> results = convertFolder();
     ASSERT_EQ(results.size(), 3U);
     EXPECT_EQ(leftOut_, 1U) << "a.mid has the name of a.sng";
     EXPECT_EQ(results[0].outcome, Outcome::converted);
@@ -208,26 +227,53 @@ TEST_F(ASoundConversion, OfAFolderGoesOnAfterABadFileAndSkipsWhatIsDone) {
     EXPECT_EQ(results[2].outcome, Outcome::skipped);
 }
 
-// The target is begun, and broken off at its third piece of sound.
-TEST_F(ASoundConversion, ThatIsBrokenOffLeavesWhatWasThereAndBeginsNoOther) {
+// The conversion is interrupted at its third piece of sound.
+TEST_F(ASoundConversion, ThatIsInterruptedKeepsExistingFilesAndStartsNoOther) {
     write("a.mp3", "older");
     options_.tasks = {{(folder_ / "in/a.sng").string(), folder_ / "a.mp3", Kind::mp3},
                       {(folder_ / "in/a.sng").string(), folder_ / "b.mp3", Kind::mp3}};
     int asked = 0;
     std::vector<std::string> told;
-    const std::vector<Result> results = convertAll(
-        options_, 1, [&](const Result& result) { told.push_back(result.reason); },
+    const std::vector<ConversionResult> results = convertAll(
+        options_, 1, [&](const ConversionResult& result) { told.push_back(result.reason); },
         [&] { return ++asked > 3; });
-    EXPECT_THAT(told, testing::ElementsAre((folder_ / "a.mp3").string() + " was broken off"));
+    EXPECT_THAT(told, testing::ElementsAre((folder_ / "a.mp3").string() + " was interrupted"));
     EXPECT_EQ(results[0].outcome, Outcome::failed);
     EXPECT_EQ(results[1].outcome, Outcome::failed);
     EXPECT_EQ(fs::file_size(folder_ / "a.mp3"), 5U) << "what was there before stays";
     EXPECT_THAT(filesThere(), testing::ElementsAre("a.mp3"));
 }
 
+TEST_F(ASoundConversion, OfTwoScoresIntoOneFileMakesTheFirst) {
+    options_.tasks = {{(folder_ / "in/a.sng").string(), folder_ / "a.mid", Kind::mid},
+                      {(folder_ / "in/deep/a.sng").string(), folder_ / "." / "a.mid", Kind::mid}};
+    const auto results = convertAll(options_, 1, [](const ConversionResult&) {});
+    EXPECT_EQ(results[0].outcome, Outcome::converted);
+    EXPECT_EQ(results[1].outcome, Outcome::failed);
+    EXPECT_EQ(results[1].reason,
+              (folder_ / "in/deep/a.sng").string() + " would replace the output of another score");
+}
+
+TEST_F(ASoundConversion, MakesTheFolderThatIsNamedForItsOutput) {
+    options_.makesFolder = true;
+    options_.tasks = {{(folder_ / "in/a.sng").string(), folder_ / "new/there/a.mid", Kind::mid}};
+    EXPECT_EQ(convertAll(options_, 1, [](const ConversionResult&) {})[0].outcome,
+              Outcome::converted);
+    EXPECT_TRUE(fs::exists(folder_ / "new/there/a.mid"));
+}
+
+TEST_F(ASoundConversion, RemovesPartsOfAnInterruptedReportFromItsFolder) {
+    fs::create_directories(folder_ / "reports");
+    write("reports/.velorin-1-abandoned.part", "{");
+    options_.report = folder_ / "reports" / "report.json";
+    options_.tasks = {{(folder_ / "in/a.sng").string(), folder_ / "a.mid", Kind::mid}};
+    (void)convertAll(options_, 1, [](const ConversionResult&) {});
+    EXPECT_TRUE(fs::is_empty(folder_ / "reports"));
+}
+
 TEST(AReport, CountsAndQuotes) {
     const std::string report = reportOf({{"a \"b\"\n.sng", "a.mp3", Outcome::converted, "", 1.25},
-                                         {"\xFF.sng", "", Outcome::failed, "is no score", 0.0}});
+                                         {"\xFF.sng", "", Outcome::failed, "is not a score", 0.0}});
     EXPECT_THAT(report, testing::HasSubstr("\"converted\": 1"));
     EXPECT_THAT(report, testing::HasSubstr("\"failed\": 1"));
     EXPECT_THAT(report, testing::HasSubstr("\"a \\\"b\\\"\\u000a.sng\""));

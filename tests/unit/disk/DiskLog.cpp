@@ -1,4 +1,4 @@
-// Operations carried out and in words.
+// Applies operations and describes them in words.
 #include "DiskLog.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// What a program has asked of the disk, call by call.
+// The operations of a program on a folder, call by call.
 #pragma once
 
 #include <cstdint>
@@ -22,7 +22,7 @@ struct Operation {
         resize,     ///< `file` to `at` bytes
         sync,       ///< all of `file` is on the disk
         syncFolder, ///< the names in the folder `name` are on the disk; "" is the watched one
-        mark        ///< the test's own: the program said `name`
+        mark        ///< added by the test: the program reported `name`
     };
     Kind kind = Kind::mark;
     int file = -1;
@@ -39,10 +39,10 @@ struct DiskLog {
     std::set<std::string> folders;     ///< likewise
     std::vector<std::string> contents; ///< by file, at the beginning; later files are not in it
     std::vector<Operation> operations;
-    std::vector<std::string> missed; ///< where a file was not what the calls had made of it
+    std::vector<std::string> missed; ///< where a file differed from what the calls had made of it
 };
 
-/// Carries out a write or a resize on a file's bytes. What a write leaves out before it is zeros.
+/// Applies a write or a resize to a file's bytes. A gap before a write is filled with zeros.
 void change(std::string& content, const Operation& operation);
 
 /// "Songs" of "Songs/song.sng", "" of "song.sng".

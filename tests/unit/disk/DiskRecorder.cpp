@@ -1,4 +1,4 @@
-// From calls to operations on named files.
+// Turns calls into operations on named files.
 #include "DiskRecorder.h"
 
 #include <fcntl.h>
@@ -9,6 +9,7 @@
 #include <atomic>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <stdexcept>
 
 namespace velorin::disk {
@@ -97,12 +98,23 @@ DiskLog DiskRecorder::finish() {
     return log_;
 }
 
-int DiskRecorder::syncsOfFolder(const std::string& name) {
+bool DiskRecorder::isAllOnTheDisk() {
     const std::lock_guard lock(mutex_);
-    return static_cast<int>(std::count_if(
-        log_.operations.begin(), log_.operations.end(), [&name](const Operation& operation) {
-            return operation.kind == Kind::syncFolder && operation.name == name;
-        }));
+    std::set<int> files;
+    std::set<std::string> folders;
+    for (const Operation& operation : log_.operations) {
+        if (operation.kind == Kind::write || operation.kind == Kind::resize)
+            files.insert(operation.file);
+        else if (operation.kind == Kind::sync)
+            files.erase(operation.file);
+        else if (operation.kind == Kind::syncFolder)
+            folders.erase(operation.name);
+        else if (operation.kind != Kind::mark)
+            folders.insert(folderOf(operation.name));
+        if (operation.kind == Kind::rename)
+            folders.insert(folderOf(operation.newName));
+    }
+    return files.empty() && folders.empty();
 }
 
 int DiskRecorder::open(int folderNumber, const char* path, int flags,
@@ -130,7 +142,7 @@ int DiskRecorder::open(int folderNumber, const char* path, int flags,
     return number;
 }
 
-// The bytes are read back from the file, so that it does not matter by which call they came.
+// The bytes are read back from the file, whichever call wrote them.
 ssize_t DiskRecorder::write(int number, std::optional<off_t> at,
                             const std::function<ssize_t()>& carryOut) {
     const std::lock_guard lock(mutex_);
@@ -227,7 +239,7 @@ int DiskRecorder::makeFolder(int folderNumber, const char* path,
     return result;
 }
 
-// No name for what is not below the folder.
+// Empty for a file that is not below the folder.
 std::optional<std::string> DiskRecorder::nameOf(int folderNumber, const char* path) const {
     fs::path whole = path;
     std::error_code failed;
@@ -258,7 +270,7 @@ int DiskRecorder::fileAt(const std::string& name) const {
     return known == files_.end() ? -1 : known->second;
 }
 
-// An inode's number is given again when its file is gone.
+// The number of an inode is used again after its file is gone.
 int DiskRecorder::newFile(ino_t inode) {
     const int file = static_cast<int>(contents_.size());
     contents_.emplace_back();

@@ -1,4 +1,4 @@
-// Records what this program asks of the disk below one folder.
+// Records the operations of this program below one folder.
 #pragma once
 
 #include "DiskLog.h"
@@ -14,26 +14,26 @@
 
 namespace velorin::disk {
 
-/// This program's own open, write, fsync, rename and the like stand before the system's
-/// (InterposedCalls.cpp), for the libraries too. While a recorder lives they go through it; it
-/// carries each call out and keeps what came of it. A file that a library changes past those calls
-/// is found by comparing its bytes, at each sync, rename and removal and at the end. One recorder
-/// at a time; calls may come from any thread.
+/// This program interposes open, write, fsync, rename and the like (InterposedCalls.cpp), for its
+/// libraries too. While a recorder lives, the calls go through it: it executes each call and
+/// records the result. A file that is changed by other calls is detected by comparing its bytes, at
+/// each sync, rename and removal and at the end. One recorder at a time; calls may come from any
+/// thread.
 class DiskRecorder {
 public:
-    /// Takes what is in the folder now as being on the disk.
+    /// Assumes that the current content of the folder is on the disk.
     explicit DiskRecorder(const std::filesystem::path& folder);
     ~DiskRecorder();
     DiskRecorder(const DiskRecorder&) = delete;
     DiskRecorder& operator=(const DiskRecorder&) = delete;
 
-    void mark(const std::string& text); ///< "saved": what the program has told the user
+    void mark(const std::string& text); ///< for example "saved": what the program has reported
     [[nodiscard]] DiskLog finish();     ///< ends the recording
 
-    /// How often the names in a folder were synced so far: for waiting for a thread that writes.
-    [[nodiscard]] int syncsOfFolder(const std::string& name);
+    /// True if all bytes and names so far have been synced, to wait for a thread that does it.
+    [[nodiscard]] bool isAllOnTheDisk();
 
-    // For the calls: `carryOut` is the system's own, and its result goes back.
+    // For the interposed calls: `carryOut` makes the system's call; its result is returned.
     int open(int folderNumber, const char* path, int flags, const std::function<int()>& carryOut);
     ssize_t write(int number, std::optional<off_t> at, const std::function<ssize_t()>& carryOut);
     int resize(int number, off_t size, const std::function<int()>& carryOut);
@@ -46,7 +46,7 @@ public:
 
 private:
     [[nodiscard]] std::optional<std::string> nameOf(int folderNumber, const char* path) const;
-    [[nodiscard]] int fileOf(int number) const;              ///< -1: none of the folder's
+    [[nodiscard]] int fileOf(int number) const;              ///< -1: no file of the folder
     [[nodiscard]] int fileAt(const std::string& name) const; ///< likewise
     int newFile(ino_t inode);
     void add(Operation operation);
@@ -60,7 +60,7 @@ private:
     std::unordered_map<ino_t, int> files_;
 };
 
-/// The recorder that lives; null if none does.
+/// The current recorder; null if there is none.
 [[nodiscard]] DiskRecorder* activeRecorder();
 
 } // namespace velorin::disk

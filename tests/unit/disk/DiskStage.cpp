@@ -1,4 +1,4 @@
-// Promises, and the table of states at the end.
+// Checks promises, and prints a table of states at the end.
 #include "DiskStage.h"
 
 #include <gtest/gtest.h>
@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Prints how many states were looked at, by writer, when all tests have run.
+/// Prints how many states were checked, by writer, when all tests have run.
 class StatesByWriter final : public testing::Environment {
 public:
     void add(const std::string& writer, std::size_t states) { rows_.emplace_back(writer, states); }
@@ -52,8 +52,9 @@ std::string strangers(const DiskState& state, const std::vector<std::string>& kn
                       const std::vector<std::string>& ownEndings) {
     for (const auto& [name, content] : state.files) {
         const bool isHidden = fs::path(name).filename().string().starts_with('.');
-        const bool isOwn = std::any_of(ownEndings.begin(), ownEndings.end(),
-                                       [&name](const auto& end) { return name.ends_with(end); });
+        const bool isOwn =
+            std::any_of(ownEndings.begin(), ownEndings.end(),
+                        [&name = name](const auto& end) { return name.ends_with(end); });
         if (!isHidden && !isOwn && std::find(known.begin(), known.end(), name) == known.end())
             return name + " is left for the user to meet";
     }

@@ -1,4 +1,4 @@
-// A folder that is watched while something is written into it, and what the user is promised of it.
+// A folder that is recorded while something is written to it, and the promises to check.
 #pragma once
 
 #include "DiskRecorder.h"
@@ -13,27 +13,27 @@
 
 namespace velorin::disk {
 
-/// What the program says when a file is written.
+/// The mark for a file that the program has reported as written.
 constexpr char saved[] = "saved";
 
-/// A file of the user's that is written: the old one or the new one, whole, at every moment, and
-/// the new one once the program has said so.
+/// A promise about a file: in every state it is the old or the new one, whole; it is the new one
+/// once the program has said so.
 struct Promise {
     std::string name;
-    std::optional<std::string> before; ///< none: there was no such file
+    std::optional<std::string> before; ///< no value: there was no such file
     std::string after;
     std::string mark = saved;
 };
 
-/// Why the promise is broken; empty if it is kept.
+/// How the promise is broken; empty if it is kept.
 [[nodiscard]] std::string broken(const DiskState& state, const Promise& promise);
 
-/// Names a visible file that is not among `known`: something half made that the user meets. Hidden
-/// files are the program's own, and so is what ends as one of `ownEndings`.
+/// Names a visible file that is not in `known`: a partial file that the user would see. Hidden
+/// files and those that end in one of `ownEndings` belong to the program.
 [[nodiscard]] std::string strangers(const DiskState& state, const std::vector<std::string>& known,
                                     const std::vector<std::string>& ownEndings = {});
 
-/// The first that is not empty.
+/// The first text that is not empty.
 [[nodiscard]] std::string firstOf(const std::vector<std::string>& faults);
 
 class DiskStage {
@@ -42,7 +42,7 @@ public:
     [[nodiscard]] std::string at(const std::string& name) const { return (path() / name).string(); }
     void put(const std::string& name, const std::string& content) const;
     [[nodiscard]] std::string content(const std::string& name) const;
-    [[nodiscard]] std::vector<std::string> names() const; ///< of all files, in order
+    [[nodiscard]] std::vector<std::string> names() const; ///< of all files, sorted
 
 private:
     scripted::TemporaryFolder folder_;
@@ -53,9 +53,8 @@ private:
 [[nodiscard]] DiskLog recorded(const std::filesystem::path& folder,
                                const std::function<void(DiskRecorder&)>& writer);
 
-/// Fails the test for each state that is bad, and if there are too few for the survey to mean
-/// anything. The number of states is a property of the test, and is printed at the end under
-/// `writer`.
+/// Fails the test for each bad state, and if there are too few states for the test to mean
+/// anything. The number of states is printed at the end under `writer`.
 void expectNoBadState(const std::string& writer, const DiskLog& log, const Judge& judge);
 
 } // namespace velorin::disk

@@ -1,7 +1,6 @@
-// The system's calls on files, as this program and its libraries find them: each goes through the
-// recorder that lives, and on to the system. A program's own symbols come before those of libc, so
-// a library is bound to these.
-#undef _FORTIFY_SOURCE // its inline forms would take the place of what is defined here
+// Interposes the file functions of libc, for this program and its libraries: each goes through the
+// current recorder and on to libc. The program's own symbols are found before those of libc.
+#undef _FORTIFY_SOURCE // its inline forms would replace the functions defined here
 
 #include "DiskRecorder.h"
 
@@ -110,7 +109,7 @@ std::FILE* recordedFile(const char* path, const char* mode,
     return file;
 }
 
-/// The third argument of an `open`, which is there only if a file may be made.
+/// The third argument of `open`, which exists only if a file may be created.
 mode_t modeOf(int flags, va_list arguments) {
     const bool makes = (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE;
     return makes ? va_arg(arguments, mode_t) : 0;
@@ -118,7 +117,7 @@ mode_t modeOf(int flags, va_list arguments) {
 
 } // namespace
 
-// NOLINTBEGIN: the names and the forms are the system's.
+// NOLINTBEGIN: the names and signatures are those of libc.
 #define INTERPOSE_OPEN(name)                                                                       \
     int name(const char* path, int flags, ...) {                                                   \
         va_list arguments;                                                                         \

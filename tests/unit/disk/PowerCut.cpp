@@ -1,4 +1,4 @@
-// What is surely on the disk, what may be there beside it, and all the ways to choose.
+// Enumerates the states of the disk: what is certain, and each combination of what is not.
 #include "PowerCut.h"
 
 #include <algorithm>
@@ -14,8 +14,8 @@ namespace {
 
 using Kind = Operation::Kind;
 
-constexpr std::size_t mostSelected = 6;     ///< writes of which each selection is tried
-constexpr std::size_t mostNames = 14;       ///< changes of names since a sync
+constexpr std::size_t mostSelected = 6;     ///< writes for which each subset is tried
+constexpr std::size_t mostNames = 14;       ///< changes of names after a sync
 constexpr std::size_t mostStates = 2000000; ///< far above what a test may take
 constexpr std::size_t mostFaults = 3;
 
@@ -28,8 +28,8 @@ struct Names {
     }
 };
 
-// A change that meets another file than it meant, because an earlier change is not there, leaves
-// that file alone.
+// If an earlier change is missing, a change may find another file under its name; it leaves that
+// one alone.
 void change(Names& names, const Operation& operation) {
     const auto drop = [&](const std::string& name) {
         const auto found = names.files.find(name);
@@ -65,7 +65,7 @@ bool isReachable(const Names& names, const std::string& name) {
     return true;
 }
 
-/// A file's bytes that are surely there, and what was done to them since.
+/// The bytes of a file that are certainly on the disk, and the operations since.
 struct Bytes {
     std::string sure;
     std::vector<const Operation*> since;
@@ -111,7 +111,7 @@ std::set<std::string> possible(const Bytes& bytes) {
     return found;
 }
 
-/// One of the forms that a file may have, with a number that tells it from others.
+/// One of the possible contents of a file, with a number that identifies it.
 struct Form {
     std::string content;
     std::size_t number = 0;
@@ -163,8 +163,8 @@ private:
         }
     }
 
-    // Any part of a run of writes to one file may be missing, so a cut at its end leaves what a cut
-    // within it leaves. Short runs are cut all the same.
+    // Any part of a run of writes to one file may be missing, so a cut at its end covers the cuts
+    // within it. Short runs are cut at each write all the same.
     [[nodiscard]] bool isInLongRun() {
         if (done_ == log_.operations.size())
             return false;
@@ -274,7 +274,7 @@ private:
 
     const DiskLog& log_;
     const Judge& judge_;
-    Names names_;                         ///< surely on the disk
+    Names names_;                         ///< certainly on the disk
     std::vector<const Operation*> since_; ///< changes of names since
     std::vector<Bytes> bytes_;            ///< by file
     std::set<std::string> said_;

@@ -1,4 +1,4 @@
-// The states in which a power cut may leave a disk.
+// Enumerates the states in which a power cut may leave the disk.
 #pragma once
 
 #include "DiskLog.h"
@@ -29,7 +29,7 @@ namespace velorin::disk {
 //     a cut here                                    ^
 //     leaves       song old, .part whole | song old, no .part
 
-/// What is found after a power cut.
+/// The content of the disk after a power cut.
 struct DiskState {
     std::map<std::string, std::string> files; ///< bytes by name; a file in a lost folder is lost
     std::set<std::string> said;               ///< the marks before the cut
@@ -41,10 +41,10 @@ struct Survey {
     std::vector<std::string> faults; ///< the first few, with what was there
 };
 
-/// Says what is wrong with a state; empty if nothing is.
+/// Returns what is wrong with a state; empty if nothing is.
 using Judge = std::function<std::string(const DiskState&)>;
 
-/// Shows each state that the log allows to the judge, once before and after each mark.
+/// Passes each state that the log allows to the judge, once before and after each mark.
 [[nodiscard]] Survey survey(const DiskLog& log, const Judge& judge);
 
 } // namespace velorin::disk

@@ -1,7 +1,7 @@
-// The judge of the writers judged: what is unsafe is found, what is safe is not, and no call of the
-// libraries that write is missed.
+// Tests of the test tool: it finds unsafe writers, accepts safe ones, and misses no call of the
+// libraries.
 #include "DiskStage.h"
-#include "host/DurableFile.h"
+#include "host/disk/DurableFile.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -45,7 +45,7 @@ TEST_F(APowerCut, LosesBothSongsOfAWriterThatTruncatesAndWritesInPlace) {
     stage.put("a.sng", older);
     const auto log = recordedFrom([this] {
         write("a.sng", newer);
-        host::syncFile(stage.path() / "a.sng");
+        EXPECT_TRUE(host::syncFile(stage.path() / "a.sng"));
     });
     const Survey found = survey(log, promiseOf(overOlder));
     EXPECT_GT(found.badStates, 2U);
@@ -57,15 +57,15 @@ TEST_F(APowerCut, LosesBothSongsOfAWriterThatRenamesWithoutASync) {
     const auto log = recordedFrom([this] {
         write(".a.part", newer);
         fs::rename(stage.path() / ".a.part", stage.path() / "a.sng");
-        host::syncFolder(stage.path());
+        EXPECT_TRUE(host::syncFolder(stage.path()));
     });
     EXPECT_GT(survey(log, promiseOf(overOlder)).badStates, 0U);
 }
 
-TEST_F(APowerCut, BreaksTheWordOfAWriterThatDoesNotSyncTheFolder) {
+TEST_F(APowerCut, BreaksThePromiseOfAWriterThatDoesNotSyncTheFolder) {
     const auto log = recordedFrom([this] {
         write(".a.part", newer);
-        host::syncFile(stage.path() / ".a.part");
+        EXPECT_TRUE(host::syncFile(stage.path() / ".a.part"));
         fs::rename(stage.path() / ".a.part", stage.path() / "a.sng");
     });
     const Survey found = survey(log, promiseOf(asNew));
@@ -78,16 +78,16 @@ TEST_F(APowerCut, LosesTheOldSongOfAWriterThatRemovesItFirst) {
     const auto log = recordedFrom([this] {
         fs::remove(stage.path() / "a.sng");
         write(".a.part", newer);
-        host::syncFile(stage.path() / ".a.part");
+        EXPECT_TRUE(host::syncFile(stage.path() / ".a.part"));
         fs::rename(stage.path() / ".a.part", stage.path() / "a.sng");
-        host::syncFolder(stage.path());
+        EXPECT_TRUE(host::syncFolder(stage.path()));
     });
     const Survey found = survey(log, promiseOf(overOlder));
     EXPECT_GT(found.badStates, 0U);
     EXPECT_THAT(found.faults.front(), testing::HasSubstr("gone"));
 }
 
-TEST_F(APowerCut, LosesNothingOfAWriterThatWritesAsideSyncsRenamesAndSyncsTheFolder) {
+TEST_F(APowerCut, LosesNothingOfAWriterThatUsesATempFileAndSyncs) {
     stage.put("a.sng", older);
     const auto log = recordedFrom([this] {
         write(".a.part", newer);
@@ -99,18 +99,18 @@ TEST_F(APowerCut, LosesNothingOfAWriterThatWritesAsideSyncsRenamesAndSyncsTheFol
     EXPECT_EQ(found.badStates, 0U) << found.faults.front();
 }
 
-TEST_F(APowerCut, LeavesOnlySongsThatAreThereWhenAFolderIsLost) {
+TEST_F(APowerCut, LeavesNoFilesOfALostFolder) {
     const auto log = recordedFrom([this] {
         fs::create_directory(stage.path() / "Songs");
         write("Songs/a.sng", newer);
-        host::syncFile(stage.path() / "Songs/a.sng");
-        host::syncFolder(stage.path() / "Songs");
+        EXPECT_TRUE(host::syncFile(stage.path() / "Songs/a.sng"));
+        EXPECT_TRUE(host::syncFolder(stage.path() / "Songs"));
     });
     const Promise promise{"Songs/a.sng", {}, newer};
     EXPECT_GT(survey(log, promiseOf(promise)).badStates, 0U) << "the folder itself was not synced";
 }
 
-TEST_F(APowerCut, TakesWritesInAnyOrder) {
+TEST_F(APowerCut, MayReorderWrites) {
     const auto log = recordedFrom([this] {
         const int number = open(stage.at("a").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
         EXPECT_EQ(::write(number, "12", 2), 2);
@@ -129,8 +129,8 @@ TEST_F(APowerCut, TakesWritesInAnyOrder) {
     EXPECT_EQ(found.states, contents.size() + 1) << "and no file at all";
 }
 
-// What a library does past the calls that are recorded shows as a difference.
-TEST_F(APowerCut, IsNotJudgedByARecorderThatMissesACall) {
+// A change by a call that is not recorded shows as a difference.
+TEST_F(APowerCut, CannotBeCheckedIfTheRecorderMissesACall) {
     DiskRecorder recorder(stage.path());
     write("a", "seen");
     const std::string command = "printf unseen > '" + stage.at("a") + "'";

@@ -1,7 +1,7 @@
 // A scripted platform whose files are the real ones.
 #pragma once
 
-#include "host/HostFiles.h"
+#include "host/files/HostFiles.h"
 #include "support/ScriptedPlatform.h"
 
 namespace velorin::disk {

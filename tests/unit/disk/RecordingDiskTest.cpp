@@ -1,10 +1,10 @@
-// A power cut while a recording is saved, while a start finishes one that was cut short, and while
-// it is turned into an MP3.
-#include "../host/CaptureStage.h"
+// A power cut while a recording is saved, while a start completes one that a crash has left, and
+// while one is encoded to MP3.
+#include "../host/mci/CaptureStage.h"
 #include "../recording/RecordingStage.h"
 #include "DiskStage.h"
 #include "RealFiles.h"
-#include "host/mci/RecordingFiles.h"
+#include "host/capture/RecordingFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -38,7 +38,7 @@ protected:
         return "what was recorded is lost";
     }
 
-    /// What was recorded, and a file of that name before, are never lost.
+    /// The recording, and an earlier file of its name, are never lost.
     void expectPromiseKept(const std::string& writer, const std::optional<std::string>& older) {
         if (older)
             writeBytes("a.wav", *older);
@@ -52,13 +52,14 @@ protected:
         });
     }
 
-    /// The recordings that the next start finds or finishes, in a folder laid out as `state` is.
+    /// The recordings that the next start finds or completes, in a folder with the files of
+    /// `state`.
     static std::vector<std::string> recordingsAfter(const DiskState& state) {
         const DiskStage after;
         for (const auto& [name, content] : state.files)
             after.put(name, content);
         scripted::ScriptedNotices notices;
-        host::finishLeftRecordings({after.path(), {}, &notices});
+        host::finishAbandonedRecordings({after.path(), {}, &notices});
         std::vector<std::string> found;
         for (const std::string& name : recordings(after.path()))
             found.push_back(after.content(name));
@@ -90,8 +91,8 @@ TEST_F(ARecordingOnTheDisk, ThatNobodySavedIsKeptUnderItsOwnName) {
     });
 }
 
-// The next start finishes the header in the hidden file and gives it a name. A power cut meanwhile
-// leaves the start after it with the same sound.
+// The next start completes the header of the hidden file and names it. After a power cut meanwhile,
+// the start after that has the same sound.
 TEST_F(ARecordingOnTheDisk, ThatACrashHasLeftIsFinishedWhole) {
     begin();
     EXPECT_EQ(send("stop capture"), 0U);
@@ -99,12 +100,12 @@ TEST_F(ARecordingOnTheDisk, ThatACrashHasLeftIsFinishedWhole) {
     EXPECT_EQ(send("close capture"), 0U);
     const std::string whole = readBytes("whole.wav");
     const DiskStage songs;
-    std::string cut = whole; // as it is while the recording runs: no length in its header
+    std::string cut = whole; // as during the recording: no length in its header
     for (const std::size_t length : {std::size_t{4}, std::size_t{40}})
         cut.replace(length, 4, std::string(length == 4 ? "\x24\0\0\0" : "\0\0\0\0", 4));
     songs.put(".recording-1-2.part", cut);
     const auto log = recorded(songs.path(), [&](DiskRecorder& recorder) {
-        host::finishLeftRecordings({songs.path(), {}, &notices_});
+        host::finishAbandonedRecordings({songs.path(), {}, &notices_});
         recorder.mark(saved);
     });
     EXPECT_EQ(recordings(songs.path()).size(), 1U);
@@ -128,8 +129,8 @@ protected:
         studio.run.WavFileName = stage.at("a.wav");
     }
 
-    /// Encodes; then the WAV or the MP3 is whole in every state, and the MP3 in the end. The WAV
-    /// stays unless its box says otherwise.
+    /// Encodes. The WAV or the MP3 must be whole in every state, and the MP3 in the end. The WAV
+    /// stays unless its box is checked.
     void expectSoundKept(const std::string& writer, const std::optional<std::string>& older) {
         if (older)
             stage.put("a.mp3", *older);
@@ -159,15 +160,13 @@ protected:
     const std::string wav = std::string(44, 'h') + std::string(84, 's');
     DiskStage stage;
     RealFiles real;
-    PlainSetup setup;
-    Studio studio{real.platform, setup};
+    Studio studio{real.platform};
     PlainRecordDesk desk;
-    LoggedRecordCommands commands;
-    Mp3Encoding encoding{studio, desk, commands};
+    Mp3Encoding encoding{studio, desk};
 };
 
-// An MP3 grows in its place, since a stop leaves what there is of it. Until it is whole and on the
-// disk, its WAV is there.
+// An MP3 is written under its final name, since a stop keeps the part that is done. Its WAV stays
+// until the MP3 is whole and on the disk.
 TEST_F(AnMp3OnTheDisk, IsWholeOnceItIsEncodedAndLeavesTheWavAlone) {
     expectSoundKept("an MP3", {});
 }

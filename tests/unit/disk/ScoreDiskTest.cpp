@@ -1,14 +1,13 @@
 // A power cut while a score is saved or exported.
-#include "../score/Recorders.h"
+#include "../studio/Recorders.h"
 #include "DiskStage.h"
 #include "RealFiles.h"
-#include "host/KeptFolder.h"
-#include "score/ScoreFiles.h"
-#include "score/ScoreWriter.h"
+#include "host/state/HostHistoryStore.h"
+#include "model/ScoreWriter.h"
+#include "studio/ScoreFiles.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <chrono>
 #include <thread>
 
@@ -18,11 +17,12 @@ namespace {
 class AScoreOnTheDisk : public testing::Test {
 protected:
     AScoreOnTheDisk() {
+        studio.desk = &desk;
         for (int column = 0; column < 40; ++column)
             studio.score.NoteArray.write(0, column, static_cast<std::int16_t>(40 + column));
     }
 
-    /// What is written is what the file holds in the end.
+    /// The expected content is the final content of the file.
     [[nodiscard]] Promise promiseOf(const std::string& name,
                                     std::optional<std::string> before) const {
         return {name, std::move(before), stage.content(name)};
@@ -38,10 +38,9 @@ protected:
     DiskStage stage;
     RealFiles real;
     test::Log told;
-    PlainSetup setup;
-    Studio studio{real.platform, setup};
+    Studio studio{real.platform};
     test::RecordingDesk desk{told};
-    ScoreFiles files{studio, desk};
+    ScoreFiles files{studio};
 };
 
 TEST_F(AScoreOnTheDisk, SavedUnderANewNameIsThereWholeOrNotAtAll) {
@@ -85,38 +84,41 @@ TEST_F(AScoreOnTheDisk, SavedTwiceIsNeverOlderThanTheFirstTime) {
     });
 }
 
-// The kept copy goes only when the saved score is on the disk.
-TEST_F(AScoreOnTheDisk, SavedAtTheEndOfTheProgramIsInItsFileOrKept) {
+// The run ends as safe only when the saved score is on the disk.
+TEST_F(AScoreOnTheDisk, SavedAtTheEndOfTheProgramIsInItsFileOrRecovered) {
     std::filesystem::create_directory(stage.path() / "Songs");
-    const std::string text = keptText(studio.score);
     const auto log = recorded(stage.path(), [&](DiskRecorder& recorder) {
-        host::KeptFolder kept(stage.path() / "state");
-        kept.keep(text);
-        while (recorder.syncsOfFolder("state") == 0)
+        host::HostHistoryStore store(stage.path() / "state/history");
+        store.add({}, keptText(studio.score));
+        while (!recorder.isAllOnTheDisk())
             std::this_thread::sleep_for(std::chrono::milliseconds(1));
         recorder.mark("kept");
         files.SaveScoreFile(stage.at("Songs/song.sng"));
         recorder.mark(saved);
-        kept.forget();
+        store.end(true);
     });
     const Promise promise = promiseOf("Songs/song.sng", {});
-    const auto isKept = [&text](const DiskState& state) {
-        return std::any_of(state.files.begin(), state.files.end(), [&text](const auto& file) {
-            const auto found = host::unsealed(file.second);
-            return file.first.starts_with("state/") && found && found->text == text;
-        });
+    const auto isRecovered = [](const DiskState& state) {
+        const DiskStage after;
+        std::filesystem::create_directory(after.path() / "Songs");
+        for (const auto& [name, content] : state.files)
+            after.put(name, content);
+        testing::internal::CaptureStderr();
+        const auto recovered =
+            host::HostHistoryStore(after.path() / "state/history").recoverInto(after.at("Songs"));
+        testing::internal::GetCapturedStderr();
+        return !recovered.empty();
     };
     expectNoBadState("a score saved at the end", log, [&](const DiskState& state) {
-        const bool isSafe = state.files.contains(promise.name) || isKept(state);
+        const bool isSafe = state.files.contains(promise.name) || isRecovered(state);
         if (state.said.contains("kept") && !isSafe)
             return std::string("the score is lost");
         return broken(state, promise);
     });
-    EXPECT_EQ(stage.names(), std::vector<std::string>{promise.name});
 }
 
-// A new name is tried out first: a file is made and deleted. So a power cut may leave the empty
-// file of that trial, which takes nothing from anybody, but never a part of the export.
+// A new name is tried first: a file is created and deleted. So a power cut may leave an empty file,
+// which does no harm, but never a part of the export.
 TEST_F(AScoreOnTheDisk, ExportedUnderANewNameIsThereWholeOrEmptyOrNotAtAll) {
     const auto log = recorded(stage.path(), [this](DiskRecorder& recorder) {
         files.ExportMidiFile(stage.at("song.mid"));
@@ -133,7 +135,7 @@ TEST_F(AScoreOnTheDisk, ExportedUnderANewNameIsThereWholeOrEmptyOrNotAtAll) {
     EXPECT_EQ(stage.names(), std::vector<std::string>{promise.name});
 }
 
-// What the older file holds after the last new byte stays, so the tail is a part of the new file.
+// The bytes of the old file after the last new one stay, so they are a part of the new file.
 TEST_F(AScoreOnTheDisk, ExportedOverALongerFileIsTheOlderOrTheNewerOne) {
     const std::string older(20'000, 'x');
     stage.put("song.mid", older);

@@ -1,7 +1,7 @@
 // A power cut while the settings are written.
 #include "DiskStage.h"
-#include "host/HostSystemFiles.h"
-#include "host/QtSettings.h"
+#include "host/desktop/QtSettings.h"
+#include "host/files/HostSystemFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -39,7 +39,7 @@ TEST_F(SettingsOnTheDisk, AreTheOlderOrTheNewerOnes) {
     EXPECT_EQ(stage.names(), std::vector<std::string>{"velorin/velorin.ini"});
 }
 
-// Their folder is made with them.
+// Their folder is created with them.
 TEST_F(SettingsOnTheDisk, OfAFirstRunAreThereWholeOrNotAtAll) {
     const auto log = recorded(stage.path(), [this](DiskRecorder& recorder) {
         writeSetting("120");

@@ -1,4 +1,4 @@
-// What holds for the block edits whatever the score: over thousands of random ones, with a fixed
+// What holds for the block edits on every score, tested with thousands of random ones from a fixed
 // seed.
 #include "EditingStage.h"
 
@@ -26,7 +26,7 @@ private:
     std::mt19937 engine_{20261120}; // NOLINT: the seed is fixed so that a failure comes again
 };
 
-/// Rows of notes and rests; now and then a run of held cells behind a rest.
+/// Rows of notes and rests; sometimes a run of held cells after a rest.
 void fillAtRandom(EditingStage& stage, Dice& dice) {
     stage.score.ClearNoteArrays();
     stage.score.PolyArray.fill(0);
@@ -46,12 +46,12 @@ void fillAtRandom(EditingStage& stage, Dice& dice) {
         }
         for (int mark = 0; mark < 20; ++mark)
             stage.score.PolyArray.write(row, dice.number(0, 1000), 1);
-        stage.setup.row[static_cast<std::size_t>(row)].hidden = dice.oneIn(4);
+        stage.studio.setup.values.options.rows[row].hidden = dice.oneIn(4);
     }
 }
 
-/// A held cell behind a rest, or in the first column, that was no orphan before: its place, or an
-/// empty text.
+/// The place of a held cell after a rest, or in the first column, that was no orphan before; empty
+/// if there is none.
 std::string newOrphan(const Score& score) {
     for (int row = 0; row < scoreRows; ++row) {
         for (int column = 0; column < scoreColumns; ++column) {
@@ -72,10 +72,10 @@ bool sameRow(const NoteGrid& a, const NoteGrid& b, int row) {
     return true;
 }
 
-/// A hidden row that is not as it was, or -1.
+/// A hidden row that has changed, or -1.
 int changedHiddenRow(EditingStage& stage, const Score& before) {
     for (int row = 0; row < scoreRows; ++row) {
-        if (stage.setup.TrackHide(row) &&
+        if (stage.studio.setup.TrackHide(row) &&
             !(sameRow(stage.score.NoteArray, before.NoteArray, row) &&
               sameRow(stage.score.InstrumentArray, before.InstrumentArray, row)))
             return row;
@@ -113,7 +113,7 @@ TEST(BlockProperties, CutThenPasteInsertAtTheSamePlaceGivesTheNotesBackButForThe
         const int first = stage.score.SelectStart;
         const int behind = stage.score.SelectEnd + 1;
         for (int row = 0; row < scoreRows; ++row) {
-            if (stage.setup.TrackHide(row))
+            if (stage.studio.setup.TrackHide(row))
                 continue;
             startIfHeld(expected.NoteArray, row, first);
             startIfHeld(expected.NoteArray, row, behind);
@@ -163,7 +163,8 @@ TEST(BlockProperties, DuplicateLeavesNoHeldCellWithoutALeftNeighbourAndEmptiesHi
         stage.duplicate.CopyNotes(dice.oneIn(2) ? 0 : 8, dice.oneIn(2) ? 7 : 12);
         ASSERT_EQ(newOrphan(stage.score), "") << round;
         for (int row = 0; row < scoreRows; ++row) {
-            for (int column = 0; stage.setup.TrackHide(row) && column < scoreColumns; ++column)
+            for (int column = 0; stage.studio.setup.TrackHide(row) && column < scoreColumns;
+                 ++column)
                 ASSERT_TRUE(isEmpty(stage.score.NoteArray.at(row, column))) << round;
         }
     }

@@ -1,4 +1,4 @@
-// Copy and cut: what goes to the clipboard and what stays behind.
+// Copy and cut: what goes to the clipboard and what stays in the score.
 #include "EditingStage.h"
 
 #include <gtest/gtest.h>
@@ -60,9 +60,9 @@ TEST(Copy, AHiddenRowLeavesZerosInTheClipboard) {
     EXPECT_EQ(scripted::gridText(stage.edits.clip.ClipNotes, 2, 0, 1), "0 0");
 }
 
-// The marks of row 0 stand at index 1 and, for column c, at c + 1. The copy reads index r and c, so
-// the marks that go along are those of the row before, one column earlier, and whether they go is
-// the hidden state of the row after.
+// The mark of row r, column c is entry (r + 1, c + 1), but the copy reads entry (r, c). So it takes
+// the marks of the row before, one column earlier. The hidden state of row r decides whether entry
+// r is copied.
 TEST(Copy, ChordMarksAreTakenByTheNumbersOfTheCells) {
     EditingStage stage;
     stage.score.PolyArray.write(1, 10, 1); // row 0, column 9: just before the block
@@ -148,8 +148,8 @@ TEST(Cut, LeavesAHiddenRowAlone) {
     EXPECT_EQ(stage.notes(3, 5, 15), "60 1060 1060 1060 1060 1060 1060 1060 1060 1060 .");
 }
 
-// The end of the block that was left from the last selection lies before its new start: the width
-// is -4, and the shift repeats the four columns before the block up to the end.
+// The end of the last selection is before the new start: the width is -4, and the shift repeats the
+// four columns before the block up to the end.
 TEST(Cut, OfASelectionTurnedRoundRepeatsTheColumnsBeforeIt) {
     EditingStage stage;
     stage.note(0, 6, 60);

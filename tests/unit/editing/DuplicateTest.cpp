@@ -1,4 +1,4 @@
-// Duplicate: the pattern, where its copies are laid, and the numbers that lay none.
+// Duplicate: the pattern, the places of its copies, and the numbers that make none.
 #include "EditingStage.h"
 
 #include <gtest/gtest.h>
@@ -19,7 +19,7 @@ std::string startsOf(const EditingStage& stage, int row, int pitch) {
     return text;
 }
 
-TEST(Duplicate, LaysACopyAtEachMultipleOfRepeatUpToNotes) {
+TEST(Duplicate, PastesACopyAtEachMultipleOfRepeatUpToNotes) {
     EditingStage stage;
     stage.note(0, 0, 60, 1, 24);
     stage.note(8, 2, 57, 1, 130);
@@ -36,8 +36,8 @@ TEST(Duplicate, LaysACopyAtEachMultipleOfRepeatUpToNotes) {
     EXPECT_TRUE(stage.texts.hints.empty());
 }
 
-// Beats 12: the song is cut to columns 0..12 first, so the pattern's columns 13..16 are rests; yet
-// the pattern is laid with them.
+// Beats 12: the song is cut to columns 0..12 first, so columns 13..16 of the pattern are rests.
+// They are pasted too.
 TEST(Duplicate, ThePatternIsAtLeastSeventeenColumnsLong) {
     EditingStage stage;
     stage.note(0, 12, 60);
@@ -51,7 +51,7 @@ TEST(Duplicate, ThePatternIsAtLeastSeventeenColumnsLong) {
         << "the next copy's column 0 overwrites column 12 of the one before";
 }
 
-TEST(Duplicate, CopiesThatDoNotOverlapStandSideBySide) {
+TEST(Duplicate, CopiesThatDoNotOverlapAreSideBySide) {
     EditingStage stage;
     stage.texts.beats = std::string("31");
     stage.texts.repeat = std::string("32");
@@ -136,7 +136,7 @@ TEST(Duplicate, ForgetsTheFileNameAndRedrawsAtTheEnd) {
     EXPECT_EQ(asked.back(), "DrawBeatArray");
 }
 
-TEST(Duplicate, ARepeatOfZeroLaysTheFirstCopyAndTellsTheUser) {
+TEST(Duplicate, ARepeatOfZeroPastesTheFirstCopyAndShowsAHint) {
     EditingStage stage;
     stage.texts.repeat = std::string("0");
     stage.note(0, 3, 60);
@@ -148,7 +148,7 @@ TEST(Duplicate, ARepeatOfZeroLaysTheFirstCopyAndTellsTheUser) {
     EXPECT_NE(stage.texts.hints[0].find("Repeat starts at 1"), std::string::npos);
 }
 
-TEST(Duplicate, ANegativeRepeatLaysNoCopy) {
+TEST(Duplicate, ANegativeRepeatPastesNoCopy) {
     EditingStage stage;
     stage.texts.repeat = std::string("-12");
     stage.note(0, 3, 60);
@@ -159,7 +159,7 @@ TEST(Duplicate, ANegativeRepeatLaysNoCopy) {
     EXPECT_TRUE(stage.texts.hints.empty());
 }
 
-TEST(Duplicate, NotesOfZeroLaysTheOneCopyAtTheStart) {
+TEST(Duplicate, NotesOfZeroPastesOneCopyAtTheStart) {
     EditingStage stage;
     stage.texts.notes = std::string("0");
     stage.note(0, 3, 60);
@@ -181,7 +181,7 @@ TEST(Duplicate, TheLargestNotesEndsAtTheEndOfTheGrid) {
     EXPECT_EQ(stage.notes(0, 999, 1000), ". .");
 }
 
-TEST(Duplicate, TheMarkerWalksAndStopsBehindTheLastCopy) {
+TEST(Duplicate, TheMarkerMovesAndStopsAfterTheLastCopy) {
     EditingStage stage;
     stage.score.StartColumn = 10;
     stage.texts.notes = std::string("30");

@@ -1,13 +1,7 @@
-// A score with the block edits on it, and desks that write down what is asked of the windows.
+// A score with the block edits on it, and a desk that logs what is asked of the windows.
 #pragma once
 
-#include "editing/BlockEdits.h"
-#include "editing/Duplicate.h"
-#include "editing/EditingDesk.h"
-#include "score/PlainSetup.h"
-#include "score/ScoreCommands.h"
-#include "score/ScoreDesk.h"
-#include "score/Studio.h"
+#include "session/Session.h"
 #include "support/GridText.h"
 #include "support/ScriptedPlatform.h"
 
@@ -19,42 +13,41 @@ namespace velorin {
 
 using Lines = std::vector<std::string>;
 
-class RecordingScoreDesk final : public ScoreDesk {
+/// Each call to the main window is a line of `log`. A test sets the number boxes.
+class LoggedDesk final : public NoDesk {
 public:
     Lines log;
-
-    void DrawNoteArray() override { log.emplace_back("DrawNoteArray"); }
-    void DrawBeatArray() override { log.emplace_back("DrawBeatArray"); }
-    void DrawPolyTableau() override { log.emplace_back("DrawPolyTableau"); }
-    void focusMusicBox() override { log.emplace_back("focus MusicBox"); }
-    void focusBeatbox() override { log.emplace_back("focus Beatbox"); }
-    void setBeatboxHeight(int) override {}
-    int HScroll1Min() override { return 20; }
-    void setHScroll1(int) override {}
-    void setMainCombo1(int) override {}
-    void enableMainTrackSel(int, bool) override {}
-    void setMainTrackSel(int, bool) override {}
-    void ChangeInstrument(int, int) override {}
-    void leaveTopMost() override {}
-    void returnToTopMost() override {}
-};
-
-class EditingTexts final : public EditingDesk {
-public:
     std::string notes = "60";
     std::string repeat = "12";
     std::string beats = "12";
     std::string spaces = "1";
     Lines hints;
 
-    std::string Text3() override { return notes; }
-    std::string Text4() override { return repeat; }
-    std::string Text5() override { return beats; }
-    std::string Form2Text1() override { return spaces; }
+    void DrawNoteArray() override { log.emplace_back("DrawNoteArray"); }
+    void DrawBeatArray() override { log.emplace_back("DrawBeatArray"); }
+    void DrawPolyTableau() override { log.emplace_back("DrawPolyTableau"); }
+    void focusMusicBox() override { log.emplace_back("focus MusicBox"); }
+    void focusBeatbox() override { log.emplace_back("focus Beatbox"); }
     void showHint(const std::string& line) override { hints.push_back(line); }
+    std::string Form2Text1() override { return spaces; }
+    std::string text(MainText box) override {
+        switch (box) {
+        case MainText::Text3:
+            return notes;
+        case MainText::Text4:
+            return repeat;
+        case MainText::Text5:
+            return beats;
+        case MainText::Instxt:
+            break;
+        }
+        return {};
+    }
 };
 
 struct EditingStage {
+    EditingStage() { studio.desk = &desk; }
+
     /// Writes a note of `length` columns.
     void note(int row, int column, int pitch, int length = 1, std::int16_t instrument = 0) {
         scripted::putNote(score, row, column, pitch, length, instrument);
@@ -65,8 +58,8 @@ struct EditingStage {
         score.SelectEnd = static_cast<std::int16_t>(last);
     }
 
-    void hide(int row) { setup.row[static_cast<std::size_t>(row)].hidden = true; }
-    void show(int row) { setup.row[static_cast<std::size_t>(row)].hidden = false; }
+    void hide(int row) { studio.setup.values.options.rows[row].hidden = true; }
+    void show(int row) { studio.setup.values.options.rows[row].hidden = false; }
 
     /// Cells of a row from column a to column b: "60 1060 . ." with '.' for an empty one.
     [[nodiscard]] std::string notes(int row, int a, int b) const {
@@ -76,18 +69,18 @@ struct EditingStage {
         return scripted::gridText(score.InstrumentArray, row, a, b);
     }
 
-    /// What was asked of the main window since the last call.
-    Lines asked() { return std::exchange(scoreDesk.log, {}); }
+    /// The calls to the main window since the last call of this.
+    Lines asked() { return std::exchange(desk.log, {}); }
 
     scripted::ScriptedPlatform host;
-    PlainSetup setup;
-    Studio studio{host.platform, setup};
+    LoggedDesk desk;
+    Session session{host.platform};
+    Studio& studio = session.studio;
     Score& score = studio.score;
-    RecordingScoreDesk scoreDesk;
-    EditingTexts texts;
-    ScoreCommands commands{studio, scoreDesk};
-    BlockEdits edits{studio, scoreDesk, texts};
-    Duplicate duplicate{studio, edits, commands, scoreDesk, texts};
+    LoggedDesk& texts = desk;
+    ScoreCommands& commands = session.commands;
+    BlockEdits& edits = session.edits;
+    Duplicate& duplicate = session.duplicate;
 };
 
 } // namespace velorin

@@ -24,7 +24,7 @@ TEST(Paste, WritesTheBlockAtTheMarkerAndKeepsSelectionAndMarker) {
     EXPECT_EQ(stage.asked(), (Lines{"focus MusicBox", "DrawNoteArray", "DrawBeatArray"}));
 }
 
-TEST(Paste, OverTheMiddleOfALongNoteLetsItsRestStartAnew) {
+TEST(Paste, OverTheMiddleOfALongNoteMakesItsRestANewNote) {
     EditingStage stage;
     stage.note(0, 0, 60, 2);
     stage.select(0, 1);
@@ -195,8 +195,8 @@ TEST(Insert, OfATextWithoutANumberInsertsNone) {
     EXPECT_EQ(stage.notes(0, 4, 6), ". 60 .");
 }
 
-// Every column from one before the marker on takes the cell behind it, from the back, so that all
-// of them end up as the last one.
+// From the right to one before the marker, each column takes the cell after it, so all of them end
+// up as the last one.
 TEST(Insert, OfMinusOneFillsTheRestWithTheLastColumn) {
     EditingStage stage;
     stage.note(0, 5, 60);

@@ -1,9 +1,10 @@
-// What the sound tests share: a SoundFont of the machine, a stream pulled by hand, and ears.
+// Helpers for sound tests: a SoundFont, a stream pulled by hand, and measurements of what sounds.
 #pragma once
 
-#include "host/SoundEngine.h"
-#include "host/SoundFonts.h"
-#include "host/Synth.h"
+#include "host/engine/SoundEngine.h"
+#include "host/engine/SoundTap.h"
+#include "host/synth/SoundFonts.h"
+#include "host/synth/Synth.h"
 
 #include <gtest/gtest.h>
 
@@ -19,14 +20,20 @@ inline std::filesystem::path anySoundFont() {
     return fonts.empty() ? std::filesystem::path() : fonts.front().path;
 }
 
+/// Writes to a tap as the stream's thread does.
+inline void writeAsStream(SoundTap& tap, const TappedBlock& block) {
+    const StreamThreadScope scope;
+    tap.write(block);
+}
+
 constexpr std::int64_t msNs = 1'000'000;
 
-/// Pulls a stream as a sound card would, with a clock wound by hand.
+/// Pulls a stream like a sound card, with a clock that is moved by hand.
 class HandPulled {
 public:
     explicit HandPulled(SoundEngine& engine) : engine_(engine) {}
 
-    /// Winds the clock on by the time of `frames` frames and appends them to `stereo`.
+    /// Moves the clock on by the time of `frames` frames and appends them to `stereo`.
     void pull(int frames) {
         const std::size_t before = stereo.size();
         stereo.resize(before + 2 * static_cast<std::size_t>(frames));
@@ -44,8 +51,7 @@ private:
     std::int64_t frames_ = 0;
 };
 
-/// The first frame at or behind `from` that is louder than `level` on the left; -1 if there is
-/// none.
+/// The first frame from `from` on that is louder than `level` on the left; -1 if there is none.
 inline std::int64_t onsetAfter(const std::vector<float>& stereo, std::int64_t from, float level) {
     for (std::size_t i = 2 * static_cast<std::size_t>(from); i < stereo.size(); i += 2) {
         if (std::abs(stereo[i]) > level)

@@ -1,4 +1,4 @@
-// Numbers out of texts, and the text operations behind file names.
+// Reading numbers from text, and text operations for file names.
 #include "platform/Text.h"
 
 #include <gtest/gtest.h>
@@ -8,7 +8,7 @@
 
 using namespace platform;
 
-TEST(Text, NumericPrefixEndsAtTheFirstCharacterThatIsNoNumber) {
+TEST(Text, NumberEndsAtTheFirstOtherCharacter) {
     EXPECT_EQ(Val("  12abc"), 12.0);
     EXPECT_EQ(Val("-3.5.7"), -3.5);
     EXPECT_EQ(Val("+4"), 4.0);
@@ -35,7 +35,7 @@ TEST(Text, NumberOfAHundredDigitsIsLargeAndNoSixteenBitNumber) {
     EXPECT_EQ(Val("1e-999"), 0.0);
 }
 
-TEST(Text, NumberTooNearToZeroIsZeroAndOneTooFarIsInfinite) {
+TEST(Text, TooSmallNumberIsZeroAndTooLargeOneIsInfinite) {
     const double infinity = std::numeric_limits<double>::infinity();
     EXPECT_EQ(Val("0." + std::string(400, '0') + "1"), 0.0);
     EXPECT_EQ(Val("0." + std::string(400, '0') + "1e5"), 0.0);
@@ -70,15 +70,49 @@ TEST(Text, LowerCaseKnowsUmlautsAndLeavesBrokenBytesAlone) {
               "a");
 }
 
+// The pairs of Latin letters begin with the capital, at even code points or, after U+0138, at odd
+// ones.
+TEST(Text, LowerCaseKnowsTheLettersOfEurope) {
+    EXPECT_EQ(lowerCase("ÀÞ ĀĮ ĲĶ ŊŶ"), "àþ āį ĳķ ŋŷ");
+    EXPECT_EQ(lowerCase("ĹŇ ŹŽ Ÿ"), "ĺň źž ÿ");
+    EXPECT_EQ(lowerCase("ΑΣΩ ЀЏ АЯ ѠҀ"), "ασω ѐџ ая ѡҁ");
+}
+
+TEST(Text, LowerCaseKeepsLowerLettersAndWhatIsNoLetter) {
+    const std::string kept = "ßàÿ āķĸ ĺňŉ ŋŷ źžſ × ΐαω аяѐџ ѡҁ҂";
+    EXPECT_EQ(lowerCase(kept), kept);
+    EXPECT_EQ(lowerCase("\xCE\xA2"), "\xCE\xA2") << "the gap before the sigma";
+}
+
 TEST(Text, TrimTakesBlanksOnly) {
     EXPECT_EQ(trimBlanks("  a b  "), "a b");
     EXPECT_EQ(trimBlanks("\ta\t"), "\ta\t");
     EXPECT_EQ(trimBlanks("   "), "");
 }
 
-TEST(Text, EndingIsFoundWhateverItsCase) {
+TEST(Text, EndingMatchesWhateverItsCase) {
     EXPECT_TRUE(endsWithIgnoringCase("a.SNG", ".sng"));
     EXPECT_FALSE(endsWithIgnoringCase("sng", ".sng"));
     EXPECT_EQ(withEnding("a.SNG", ".sng"), "a.SNG");
     EXPECT_EQ(withEnding("a.mid", ".sng"), "a.mid.sng");
+}
+
+TEST(Text, LengthOfAUtf8CharacterIsZeroWhereNoneBegins) {
+    EXPECT_EQ(utf8Length("a", 0), 1U);
+    EXPECT_EQ(utf8Length("\xC3\xBC", 0), 2U);
+    EXPECT_EQ(utf8Length("\xE9\x9F\xB3", 0), 3U);
+    EXPECT_EQ(utf8Length("\xF0\x9F\x8E\xB5", 0), 4U);
+    EXPECT_EQ(utf8Length("\xC3\xBC", 1), 0U);     // in its middle
+    EXPECT_EQ(utf8Length("\xC3", 0), 0U);         // cut off
+    EXPECT_EQ(utf8Length("\xC1\x81", 0), 0U);     // longer than needed
+    EXPECT_EQ(utf8Length("\xED\xA0\x80", 0), 0U); // a surrogate
+    EXPECT_EQ(utf8Length("\xF4\x90\x80\x80", 0), 0U);
+    EXPECT_EQ(utf8Length("\xFF", 0), 0U);
+    EXPECT_EQ(utf8Length("\xE0\x9F\xBF", 0), 0U); // longer than needed
+    EXPECT_EQ(utf8Length("\xF0\x8F\xBF\xBF", 0), 0U);
+    EXPECT_EQ(utf8Length("\xF5\x80\x80", 0), 0U); // no such first byte
+    EXPECT_EQ(utf8Length("\xE0\xA0\x80", 0), 3U);
+    EXPECT_EQ(utf8Length("\xF0\x90\x80\x80", 0), 4U);
+    EXPECT_EQ(utf8Length("\xED\x9F\xBF", 0), 3U);
+    EXPECT_EQ(utf8Length("\xF4\x8F\xBF\xBF", 0), 4U);
 }

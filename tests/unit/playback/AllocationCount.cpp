@@ -1,4 +1,4 @@
-// The program's `operator new` and `operator delete`, which count.
+// Replaces `operator new` and `operator delete` by ones that count.
 #include "AllocationCount.h"
 
 #include <atomic>
@@ -7,7 +7,7 @@
 
 namespace {
 
-// An operator has no object to count in.
+// Global, since an operator belongs to no object.
 std::atomic<long> allocations{0};
 
 } // namespace

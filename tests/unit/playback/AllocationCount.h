@@ -1,4 +1,4 @@
-// How often this program has taken memory, so that a test can show where it does not.
+// Counts the allocations of this program, so that a test can check that there are none.
 #pragma once
 
 namespace velorin {

@@ -1,4 +1,4 @@
-// Playing takes no memory: neither a note nor a column allocates.
+// Playing allocates no memory, neither for a note nor for a column.
 #include "AllocationCount.h"
 #include "QuietStage.h"
 
@@ -7,8 +7,8 @@
 namespace velorin {
 namespace {
 
-/// Takes every message and keeps none.
-struct CountingMidi final : WillingMidi {
+/// Counts the messages and stores none.
+struct CountingMidi final : AcceptingMidi {
     explicit CountingMidi(scripted::VirtualTime&) {}
     std::uint32_t midiOutShortMsg(platform::MidiOutHandle, std::uint32_t) override {
         ++messages;
@@ -28,7 +28,7 @@ TEST(Playing, TakesNoMemory) {
         }
     }
     for (int row = 0; row < musicRows; ++row)
-        stage.setup.row[static_cast<std::size_t>(row)].chord = true;
+        stage.studio.setup.values.options.rows[row].chord = true;
     studio.run.RecordToolbarOpen = flagSet;
 
     const long before = allocationCount();

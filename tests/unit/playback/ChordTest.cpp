@@ -1,4 +1,4 @@
-// How a cell becomes notes: keys, velocities, chords, the strum, and what arithmetic refuses.
+// How a cell becomes notes: keys, velocities, chords, the strum, and keys out of range.
 #include "PlaybackStage.h"
 
 #include <gtest/gtest.h>
@@ -26,7 +26,7 @@ TEST_F(Chords, APlainNoteIsOneMessageAndKeepsItsVelocity) {
 }
 
 TEST_F(Chords, AMajorChordSoundsItsRootAt108AndTheRestAt70) {
-    setup.row[0].chord = true;
+    setup.options.rows[0].chord = true;
     choose(4, 7, 12);
     sounding.StartNote(67, 0);
     EXPECT_EQ(midi(),
@@ -35,7 +35,7 @@ TEST_F(Chords, AMajorChordSoundsItsRootAt108AndTheRestAt70) {
 }
 
 TEST_F(Chords, TheStartChordIsTheMinorOne) {
-    setup.row[2].chord = true;
+    setup.options.rows[2].chord = true;
     sounding.StartNote(67, 2);
     EXPECT_EQ(midi(),
               (Lines{"0.000 92 3C 6C", "0.000 92 3F 46", "0.000 92 43 46", "0.000 92 48 46"}));
@@ -44,7 +44,7 @@ TEST_F(Chords, TheStartChordIsTheMinorOne) {
 // 10 x 0.85 is 8.5 and goes to 8, 30 x 0.85 is 25.5 and goes to 26; 8 x 0.65 is 5.2, 26 x 0.65 is
 // 16.9.
 TEST_F(Chords, HalvesOfAVelocityGoToTheEvenNumber) {
-    setup.row[0].chord = true;
+    setup.options.rows[0].chord = true;
     choose(4, 0, 0);
     sounding.Velocity = 10;
     sounding.StartNote(67, 0);
@@ -54,7 +54,7 @@ TEST_F(Chords, HalvesOfAVelocityGoToTheEvenNumber) {
               (Lines{"0.000 90 3C 08", "0.000 90 40 05", "0.000 90 3C 1A", "0.000 90 40 11"}));
 }
 
-TEST_F(Chords, AMarkBehindThePlayColumnMakesAChordToo) {
+TEST_F(Chords, AMarkOnThePlayColumnMakesAChordToo) {
     studio.run.PlayColumn = 7;
     studio.score.PolyArray.write(5, 8, 1); // row 4, column 7
     choose(4, 0, 0);
@@ -79,7 +79,7 @@ TEST_F(Chords, RowsAboveTheMusicRowsNeverSoundAChord) {
 }
 
 TEST_F(Chords, ThePercussionSoundOfAChordRowIsLoweredButSoundsAlone) {
-    setup.row[0].chord = true;
+    setup.options.rows[0].chord = true;
     sounding.ChangeInstrument(128, 0);
     sounding.StartNote(67, 0);
     EXPECT_EQ(midi(), (Lines{"0.000 99 23 6C"}));
@@ -87,7 +87,7 @@ TEST_F(Chords, ThePercussionSoundOfAChordRowIsLoweredButSoundsAlone) {
 }
 
 TEST_F(Chords, TheTwoOctaveComboAddsOneNoteBelowTheRoot) {
-    setup.row[0].chord = true;
+    setup.options.rows[0].chord = true;
     choose(-12, 0, 0);
     sounding.StartNote(67, 0);
     EXPECT_EQ(midi(), (Lines{"0.000 90 3C 6C", "0.000 90 30 46"}));
@@ -98,15 +98,15 @@ TEST_F(Chords, TheTwoOctaveComboAddsOneNoteBelowTheRoot) {
 }
 
 TEST_F(Chords, TheThreeOctaveComboHasNoThirdChordNote) {
-    setup.row[0].chord = true;
+    setup.options.rows[0].chord = true;
     choose(-12, 12, 0);
     sounding.StartNote(67, 0);
     EXPECT_EQ(midi(), (Lines{"0.000 90 3C 6C", "0.000 90 30 46", "0.000 90 48 46"}));
 }
 
 TEST_F(Chords, AStrummedChordLeavesAt0And45And80And115Milliseconds) {
-    setup.row[0].chord = true;
-    setup.row[0].strummed = true;
+    setup.options.rows[0].chord = true;
+    setup.options.rows[0].strummed = true;
     choose(4, 7, 12);
     at(0.010, [this] { ADD_FAILURE() << "a strum serves no event"; });
     sounding.StartNote(67, 0);
@@ -115,9 +115,9 @@ TEST_F(Chords, AStrummedChordLeavesAt0And45And80And115Milliseconds) {
     EXPECT_EQ(host.time.now(), 115'000'000);
 }
 
-TEST_F(Chords, AStrumWaitsOnBehindTheFirstChordNoteEvenIfNoneFollows) {
-    setup.row[0].chord = true;
-    setup.row[0].strummed = true;
+TEST_F(Chords, AStrumWaitsAfterTheFirstChordNoteEvenIfNoneFollows) {
+    setup.options.rows[0].chord = true;
+    setup.options.rows[0].strummed = true;
     choose(-12, 0, 0);
     sounding.StartNote(67, 0);
     EXPECT_EQ(midi(), (Lines{"0.000 90 3C 6C", "0.045 90 30 46"}));
@@ -125,22 +125,22 @@ TEST_F(Chords, AStrumWaitsOnBehindTheFirstChordNoteEvenIfNoneFollows) {
 }
 
 TEST_F(Chords, AStrummedRowWithoutAChordDoesNotWait) {
-    setup.row[0].strummed = true;
+    setup.options.rows[0].strummed = true;
     sounding.StartNote(67, 0);
     EXPECT_EQ(host.time.now(), 0);
 }
 
-// Key 120 with the major chord: 124 and 127 have a place, 132 has not.
+// Key 120 with the major chord: 124 and 127 fit into a message, 132 does not.
 TEST_F(Chords, AChordIsAbandonedAtTheFirstKeyOf128) {
-    setup.row[0].chord = true;
+    setup.options.rows[0].chord = true;
     choose(4, 7, 12);
     sounding.StartNote(7, 0);
     EXPECT_EQ(midi(), (Lines{"0.000 90 78 6C", "0.000 90 7C 46", "0.000 90 7F 46"}));
-    EXPECT_EQ(sounding.Velocity, 70); // not set back
+    EXPECT_EQ(sounding.Velocity, 70); // not reset to 127
 }
 
-TEST_F(Chords, WhatStandsBehindTheAbandonedNoteIsNotSentEither) {
-    setup.row[0].chord = true;
+TEST_F(Chords, NotesAfterTheAbandonedOneAreNotSentEither) {
+    setup.options.rows[0].chord = true;
     choose(12, -3, 1);
     sounding.StartNote(7, 0); // 132 comes first
     EXPECT_EQ(midi(), (Lines{"0.000 90 78 6C"}));
@@ -148,9 +148,10 @@ TEST_F(Chords, WhatStandsBehindTheAbandonedNoteIsNotSentEither) {
     EXPECT_EQ(midi(), (Lines{"0.000 80 78 00"}));
 }
 
-// Key 5 less 12 is -7: 0x900000 + 0x90 - 0x700 borrows, and the data bytes are F9 and one less.
+// Key 5 less 12 is -7: 0x900000 + 0x90 - 0x700 borrows. The key byte is F9, and the velocity byte
+// is one less.
 TEST_F(Chords, AKeyBelow0BorrowsFromTheVelocity) {
-    setup.row[0].chord = true;
+    setup.options.rows[0].chord = true;
     choose(-12, 0, 0);
     sounding.StartNote(122, 0);
     EXPECT_EQ(midi(), (Lines{"0.000 90 05 6C", "0.000 90 F9 45"}));

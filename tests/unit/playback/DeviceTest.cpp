@@ -1,5 +1,4 @@
-// Opening and closing of the device, the choice of instruments, and the commands that end all
-// sound.
+// Opening and closing the device, choosing instruments, and the commands that end all sound.
 #include "PlaybackStage.h"
 
 #include <gtest/gtest.h>
@@ -27,7 +26,7 @@ TEST_F(Device, OneThatCannotBeOpenedIsFollowedByTheNextOnce) {
     host.midi.setDevices({"!A", "B"});
     sounding.Device_Click();
     EXPECT_EQ(midi(), (Lines{"0.000 close", "0.000 fail 0", "0.000 open 1"}));
-    EXPECT_EQ(setup.device, 1); // the list stays where it was
+    EXPECT_EQ(setup.device, 1); // the list keeps its entry
     EXPECT_EQ(sounding.MidiDeviceIndex, 0);
     sounding.StartNote(67, 0);
     EXPECT_EQ(midi(), (Lines{"0.000 90 3C 7F"}));
@@ -68,7 +67,7 @@ TEST_F(Device, AMelodicSoundOfAPercussionRowIsSelectedOnTheChannelOfTheRow) {
     EXPECT_EQ(midi(), (Lines{"0.000 BC 00 00", "0.000 BC 20 00", "0.000 CC 05"}));
 }
 
-// 0xC0 less 0x100 is -0x40: the status byte stays C0 and every byte behind it is FF.
+// 0xC0 less 0x100 is -0x40: the status byte stays C0 and every byte after it is FF.
 TEST_F(Device, ANegativeInstrumentBorrows) {
     sounding.ChangeInstrument(-1, 0);
     EXPECT_EQ(midi(), (Lines{"0.000 B0 00 00", "0.000 B0 20 00", "0.000 C0 FF"}));
@@ -132,7 +131,7 @@ TEST_F(Device, ASelectionReVoicesItsNotesOnTheCurrentRowOnly) {
     EXPECT_EQ(instruments.at(0, 0), 1);
     EXPECT_EQ(instruments.at(0, 1), 9);
     EXPECT_EQ(instruments.at(0, 2), 9);
-    EXPECT_EQ(instruments.at(0, 3), 0); // the rest stays one
+    EXPECT_EQ(instruments.at(0, 3), 0); // a rest stays a rest
     EXPECT_EQ(instruments.at(0, 4), 9);
     EXPECT_EQ(instruments.at(0, 5), 1);
     EXPECT_EQ(instruments.at(1, 1), 1);

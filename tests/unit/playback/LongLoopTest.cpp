@@ -1,6 +1,6 @@
-// A song that loops for hours: every note falls where the arithmetic of the stopwatch puts it, no
-// memory is taken, and the last steps of all passes are made. VELORIN_LOOP_HOURS says how long; a
-// day takes some seconds.
+// A song that loops for hours: every note has the time that the stopwatch's arithmetic gives it, no
+// memory is allocated, and the end steps of all passes run. VELORIN_LOOP_HOURS says how long; a day
+// takes some seconds.
 #include "AllocationCount.h"
 #include "QuietStage.h"
 
@@ -22,8 +22,8 @@ Nanoseconds loopTime() {
     return static_cast<Nanoseconds>((hours != nullptr ? std::atof(hours) : 0.5) * 3600e9);
 }
 
-/// The moments of the columns, told once more: a wait ends where its beginning and the time of a
-/// column, both in single precision, add up to in single precision.
+/// The expected times of the columns. A wait ends at the single-precision sum of its start and the
+/// column time, both in single precision.
 class ColumnTimes {
 public:
     explicit ColumnTimes(float columnSeconds) : columnSeconds_(columnSeconds) {}
@@ -42,8 +42,8 @@ private:
     Nanoseconds now_ = 0;
 };
 
-/// Counts the notes, and the first one that does not fall where it is to.
-class TimedMidi final : public WillingMidi {
+/// Counts the notes and stores the first one with a wrong time.
+class TimedMidi final : public AcceptingMidi {
 public:
     TimedMidi(scripted::VirtualTime& time, float columnSeconds, bool eachPassStartsTheWatch)
         : time_(time), columns_(columnSeconds), eachPassStarts_(eachPassStartsTheWatch) {}
@@ -65,7 +65,7 @@ private:
         last = columns_.next();
         if (last != time_.now() && firstWrong < 0)
             firstWrong = notes;
-        columns_.next(); // the rest behind it
+        columns_.next(); // the rest after it
         ++notes;
     }
 
@@ -107,11 +107,11 @@ TEST_P(ALoop, OfHoursKeepsItsTimeAndTakesNoMemory) {
                 static_cast<double>(loopTime()) / 1e9 / columnSeconds() * notesOfAPass /
                     columnsOfAPass,
                 0.03 * static_cast<double>(midi.notes));
-    // Every pass but the first lies inside another one, and each waits the time of a column.
+    // Every pass but the first is inside another one, and each waits for one more column.
     const long passes = hasMarker() ? midi.notes / notesOfAPass : 1;
     const double end =
         static_cast<double>(midi.last) / 1e9 + columnSeconds() * (1.0 + 1.0 * passes);
-    // Behind a day the numbers of single precision lie 7.8 ms apart, behind some hours 2 ms.
+    // After a day the numbers in single precision are 7.8 ms apart, after some hours 2 ms.
     EXPECT_NEAR(static_cast<double>(stage.host.time.now()) / 1e9, end,
                 0.008 + 0.01 * columnSeconds() * static_cast<double>(passes));
     EXPECT_EQ(studio.run.ProgressCount, 0);

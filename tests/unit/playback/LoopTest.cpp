@@ -1,5 +1,5 @@
-// Looping in its three forms: with the marker on one pass begins inside the other, with it off the
-// song goes round in one pass, and a block begins anew as a block.
+// The three forms of looping: with the marker on each pass begins inside the one before, with it
+// off the song repeats in one pass, and a block begins again as a block.
 #include "PlaybackStage.h"
 
 #include <gtest/gtest.h>
@@ -9,8 +9,7 @@
 namespace velorin {
 namespace {
 
-// A note in column 0 alone: a pass has one column, and the loop's next column is that of the pass
-// inside.
+// A note only in column 0: a pass has one column, and the next column is that of the inner pass.
 struct Loop : testing::Test, PlaybackStage {
     Loop() {
         write(0, "60");
@@ -47,8 +46,9 @@ TEST_F(Loop, EachPassBeginsInsideTheOneBeforeAndHasItsOwnLastSteps) {
               }));
 }
 
-// A new pass does not know what the one before has begun: no note off stands between them.
-TEST_F(Loop, EachPassStartsItsNotesAnewAndEachEndsTheLast) {
+// A new pass does not know which notes the one before has started: there is no note off between
+// them.
+TEST_F(Loop, EachPassStartsItsNotesAgainAndEachEndsTheLast) {
     at(0.20, [this] { studio.run.LoopSong = flagClear; });
     play();
     EXPECT_EQ(midi(),
@@ -69,7 +69,7 @@ TEST_F(Loop, AStopIsForgottenWhereTheSongBeginsAgain) {
 TEST_F(Loop, AHandlerBetweenThePassesMakesTheOuterOneGoOn) {
     int redraws = 0;
     desk.onDrawNoteArray = [&] {
-        // The third redraw is that of the inner pass's last steps, with two yields behind it.
+        // The third redraw belongs to the inner pass's end steps; two yields follow it.
         if (++redraws == 3)
             at(0.0, [this] { studio.run.IsPlaying = flagSet; });
     };
@@ -91,7 +91,7 @@ TEST_F(Loop, APauseInAnInnerPassLetsTheOuterOnesRunTheirLastSteps) {
                      "0.360 DrawNoteArray", "0.360 enable toolbars", "0.360 enable Wiz",
                      "0.360 enable tableaux"}));
     EXPECT_EQ(studio.run.PauseFlag, flagSet);
-    EXPECT_EQ(studio.score.StartColumn, 0); // the outer pass took the paused place away
+    EXPECT_EQ(studio.score.StartColumn, 0); // the outer pass reset the paused place
 }
 
 TEST_F(Loop, TheProgressCountGoesOnFromPassToPassAndIsSeenAgainBetweenTheLastSteps) {
@@ -122,8 +122,8 @@ TEST_F(Loop, APlayClickedInTheLastStepsIsAPlayOfItsOwn) {
     at(0.20, [this] { studio.run.LoopSong = flagClear; });
     at(0.30, [this] { play(); }); // in the inner pass's last wait, until 0.360
     play();
-    // The nested play: column 0 at 0.420, over at 0.540. The stopwatch, started anew by it, then
-    // stands where the inner pass waited for it, at 0.240; the outer pass waits once more.
+    // The nested play: column 0 at 0.420, over at 0.540. It restarted the stopwatch, which then
+    // shows the 0.240 that the inner pass waits for; the outer pass waits once more.
     EXPECT_EQ(host.time.stamp(), "0.660");
     const Lines notes = midi();
     EXPECT_EQ(count(notes, "90 43 7F"), 3);
@@ -181,12 +181,12 @@ TEST_F(LoopedBlock, ThatIsTakenAwayMeanwhileEndsTheBlockAtItsNextColumn) {
     at(0.05, [this] { studio.run.PlayBlockEnd = 0; });
     at(0.40, [this] { studio.run.LoopSong = flagClear; });
     sequencer.PlaySelection();
-    // No pass can begin inside, so this one goes on behind its end, column by column.
+    // No inner pass can begin, so this one goes on past its end, column by column.
     EXPECT_EQ(studio.run.PlayColumn, 6);
     EXPECT_EQ(host.time.stamp(), "0.600");
 }
 
-// Days of looping in a moment: the stack is measured where every pass redraws.
+// Simulates days of looping. The stack is measured at the redraw of each pass.
 TEST_F(Loop, AHundredThousandPassesDoNotLetTheStackGrow) {
     studio.score.Tempo = 300;
     studio.run.ShowNotePosition = flagSet;
@@ -202,13 +202,13 @@ TEST_F(Loop, AHundredThousandPassesDoNotLetTheStackGrow) {
         asked();
         midi();
     };
-    // A pass a column, 40 ms each: the 100,000th stands in its wait at 3,999.98 s.
+    // Each pass is one column of 40 ms: the 100,000th is in its wait at 3,999.98 s.
     at(3999.98, [this] { studio.run.LoopSong = flagClear; });
     play();
-    EXPECT_EQ(redraws, 200'000); // one at the begin and one at the end of each pass
+    EXPECT_EQ(redraws, 200'000); // one at the start and one at the end of each pass
     EXPECT_LT(highest - lowest, 4096U);
-    // As long again for the last steps, and a little more: thousands of seconds in single precision
-    // are a quarter of a millisecond apart.
+    // The end steps take as long again, and a little more: at thousands of seconds, numbers in
+    // single precision are a quarter of a millisecond apart.
     EXPECT_GT(host.time.now(), 8000 * scripted::nanosecondsPerSecond);
     EXPECT_EQ(studio.run.IsPlaying, flagClear);
 }

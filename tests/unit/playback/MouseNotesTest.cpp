@@ -16,6 +16,29 @@ TEST_F(MouseNotes, APressSoundsOnSoundRow) {
     EXPECT_EQ(midi(), (Lines{"0.000 95 3C 7F"}));
 }
 
+TEST_F(MouseNotes, ANoteOfNoRowIsSilent) {
+    for (const int row : {-1, 13}) {
+        sounding.StartNote(67, row);
+        sounding.startKey(67, row);
+        sounding.stopKey(67, row);
+        sounding.SoundRow = static_cast<std::int16_t>(row);
+        sounding.StartNoteBtnDn(67);
+        sounding.StopNote(67);
+        sounding.StopNoteBtnUp(67);
+    }
+    EXPECT_EQ(midi(), Lines());
+}
+
+// Index 127 is key 0. Key -129 times 256 does not fit 16 bits, and neither does index 40,000.
+TEST_F(MouseNotes, ANoteWhoseKeyDoesNotFitIsSilent) {
+    for (const int index : {127 + 129, 40'000, -40'000}) {
+        sounding.StartNoteBtnDn(index);
+        sounding.StopNote(index);
+        sounding.StopNoteBtnUp(index);
+    }
+    EXPECT_EQ(midi(), Lines());
+}
+
 TEST_F(MouseNotes, APressFindsTheChordMarkOfTheScoreColumnUnderThePointer) {
     studio.view.FirstColumn = 10;
     studio.drag.MouseColumn = 4;
@@ -32,7 +55,7 @@ TEST_F(MouseNotes, AReleaseOfAPlainNoteIsOneMessage) {
 }
 
 TEST_F(MouseNotes, AReleaseOnAChordRowEndsTheWholeChord) {
-    setup.row[0].chord = true;
+    setup.options.rows[0].chord = true;
     sounding.StopNoteBtnUp(67);
     EXPECT_EQ(midi(),
               (Lines{"0.000 80 3C 00", "0.000 80 3F 00", "0.000 80 43 00", "0.000 80 48 00"}));
@@ -41,7 +64,7 @@ TEST_F(MouseNotes, AReleaseOnAChordRowEndsTheWholeChord) {
 TEST_F(MouseNotes, AReleaseLooksForTheMarkOneEntryBeforeTheColumn) {
     studio.view.FirstColumn = 10;
     studio.drag.MouseColumn = 4;
-    studio.score.PolyArray.write(1, 15, 1); // where the press found it
+    studio.score.PolyArray.write(1, 15, 1); // the one that the press used
     sounding.StopNoteBtnUp(67);
     EXPECT_EQ(midi(), (Lines{"0.000 80 3C 00"}));
     studio.score.PolyArray.write(1, 13, 1);
@@ -57,7 +80,7 @@ TEST_F(MouseNotes, AReleaseInColumn0FindsNoMark) {
 }
 
 TEST_F(MouseNotes, AReleaseOnAPercussionSoundOfAChordRowEndsAChordOnChannel12) {
-    setup.row[0].chord = true;
+    setup.options.rows[0].chord = true;
     sounding.ChangeInstrument(128, 0);
     sounding.StopNoteBtnUp(67);
     EXPECT_EQ(midi(),
@@ -84,8 +107,8 @@ TEST_F(PressedColumn, TheOtherUnhiddenRowsSoundWithTheirInstrumentAndVolume) {
     write(3, "50", 32, 12);   // hidden
     write(8, "5", 130, 12);
     write(4, "67", 0, 11); // another column
-    setup.row[1].volume = "100";
-    setup.row[3].hidden = true;
+    setup.options.rows[1].volume = "100";
+    setup.options.rows[3].hidden = true;
     sounding.StartColumnNotes();
     EXPECT_EQ(midi(), (Lines{"0.000 B1 00 00", "0.000 B1 20 00", "0.000 C1 1E", "0.000 91 3C 64",
                              "0.000 B2 00 00", "0.000 B2 20 00", "0.000 C2 1F", "0.000 92 43 7F",
@@ -96,7 +119,7 @@ TEST_F(PressedColumn, TheOtherUnhiddenRowsSoundWithTheirInstrumentAndVolume) {
 TEST_F(PressedColumn, EndsWithInstrumentAndFourNoteOffsForEachRow) {
     write(1, "67", 30, 12);
     write(8, "5", 130, 12);
-    setup.row[1].volume = "100";
+    setup.options.rows[1].volume = "100";
     sounding.StopColumnNotes();
     EXPECT_EQ(midi(), (Lines{"0.000 B1 00 00", "0.000 B1 20 00", "0.000 C1 1E", "0.000 81 3C 00",
                              "0.000 81 3F 00", "0.000 81 43 00", "0.000 81 48 00", "0.000 8C 25 00",

@@ -85,8 +85,8 @@ TEST_F(PlayState, APauseCarriesOnAtItsColumnAndNeverEndsTheNotesFromBefore) {
     at(0.0, [this] { EXPECT_EQ(studio.run.PauseFlag, flagSet); });
     play();
     EXPECT_EQ(studio.run.PauseFlag, flagClear);
-    // Column 2, held from before the pause, at 0.480; column 4 at 0.720 stops what it takes for a
-    // sounding note of the new play and starts the next.
+    // Column 2, held since before the pause, comes at 0.480. Column 4 at 0.720 stops that note as
+    // if the new play had started it, and starts the next.
     EXPECT_EQ(midi().front(), "0.720 B0 00 00");
     EXPECT_EQ(host.time.stamp(), "1.080");
 }
@@ -106,7 +106,7 @@ TEST_F(PlayState, APauseAskedForWhileStoppedMakesTheNextPlayBeginAtTheMarker) {
     EXPECT_EQ(host.time.stamp(), "0.360"); // columns 5 and 6, and the last one's length
 }
 
-TEST_F(PlayState, APlayThatIsNoResumeBeginsAtColumn0WhereverTheMarkerStands) {
+TEST_F(PlayState, APlayThatIsNoResumeBeginsAtColumn0WhereverTheMarkerIs) {
     studio.score.StartColumn = 5;
     play();
     EXPECT_EQ(host.time.stamp(), "0.960");
@@ -235,7 +235,7 @@ TEST_F(Selection, PlaysFromItsFirstColumnThroughItsLast) {
     EXPECT_EQ(asked().back(), "0.360 enable tableaux");
 }
 
-TEST_F(Selection, WhatSoundsAtItsEndIsEndedBehindTheLoop) {
+TEST_F(Selection, WhatSoundsAtItsEndIsEndedAfterTheLoop) {
     playBlock(4, 5);
     const Lines messages = midi();
     EXPECT_EQ(messages[4], "0.360 80 3F 00");

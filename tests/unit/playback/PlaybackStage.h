@@ -1,13 +1,7 @@
-// A studio on a scripted host, with a desk that writes down what playing asks of the windows.
+// A studio on a scripted host, with a desk that logs what playing asks of the windows.
 #pragma once
 
-#include "playback/NoDesk.h"
-
-#include "playback/NoteSounding.h"
-#include "playback/Sequencer.h"
-#include "playback/StopWatch.h"
-#include "score/PlainSetup.h"
-#include "score/Studio.h"
+#include "session/Session.h"
 #include "support/ScriptedPlatform.h"
 
 #include <functional>
@@ -20,20 +14,20 @@ namespace velorin {
 
 using Lines = std::vector<std::string>;
 
-/// Every call is a line of `log`, "0.120 DrawNoteArray", its time before it.
+/// Every call is a line of `log` that begins with its time: "0.120 DrawNoteArray".
 class RecordingDesk final : public NoDesk {
 public:
     explicit RecordingDesk(const scripted::VirtualTime& time) : time_(time) {}
 
     Lines log;
     std::string instxt;
-    /// Runs within every `DrawNoteArray`; what a test looks at while the song plays.
+    /// Runs within every `DrawNoteArray`, so that a test can check something while the song plays.
     std::function<void()> onDrawNoteArray;
     /// Runs within every `setHScroll1`, as the bar's own handler does.
     std::function<void(int)> onHScroll1;
     std::function<void()> onRecordcontrol;
 
-    unsigned draws = 0; ///< of the music tableau, whole
+    unsigned draws = 0; ///< how often the whole music tableau was drawn
 
     void DrawNoteArray() override {
         ++draws;
@@ -67,8 +61,11 @@ public:
         if (onRecordcontrol)
             onRecordcontrol();
     }
-    std::string Instxt() override { return instxt; }
-    void setInstxt(const std::string& text) override { instxt = text; }
+    std::string text(MainText box) override { return box == MainText::Instxt ? instxt : ""; }
+    void setText(MainText box, const std::string& text) override {
+        if (box == MainText::Instxt)
+            instxt = text;
+    }
 
 private:
     void note(const std::string& what) { log.push_back(time_.stamp() + " " + what); }
@@ -76,18 +73,19 @@ private:
     const scripted::VirtualTime& time_;
 };
 
-/// The start values of the program: tempo 100, a column of 120 ms; the device is open, and the log
-/// of it is empty.
+/// The start values of the program: tempo 100, a column of 120 ms. The device is open and its log
+/// empty.
 struct PlaybackStage {
     PlaybackStage() {
-        setup.device = 1;
+        studio.desk = &desk;
+        studio.setup.values.device = 1;
         sequencer.PlayTimer = watch.StopWatchNew();
         sounding.Device_Click();
         host.midi.log.clear();
     }
 
-    /// Writes a row from `column` on: a number begins a note of that pitch index, "=" goes on with
-    /// it, "." is a rest, as in "60 = = . 64".
+    /// Writes a row from `column` on: a number starts a note of that pitch index, "=" holds it, "."
+    /// is a rest, as in "60 = = . 64".
     void write(int row, const std::string& cells, std::int16_t instrument = 0, int column = 0) {
         std::istringstream text(cells);
         std::string cell;
@@ -102,7 +100,7 @@ struct PlaybackStage {
         }
     }
 
-    /// Plans something, as a click in so many seconds.
+    /// Plans an event, such as a click, for a time in seconds from now.
     void at(double seconds, std::function<void()> run) {
         host.time.plan(
             static_cast<scripted::Nanoseconds>(seconds * scripted::nanosecondsPerSecond + 0.5),
@@ -120,16 +118,17 @@ struct PlaybackStage {
 
     /// The messages since the last call.
     Lines midi() { return std::exchange(host.midi.log, {}); }
-    /// What was asked of the windows since the last call.
+    /// The calls to the windows since the last call of this.
     Lines asked() { return std::exchange(desk.log, {}); }
 
     scripted::ScriptedPlatform host;
-    PlainSetup setup;
-    Studio studio{host.platform, setup};
     RecordingDesk desk{host.time};
-    NoteSounding sounding{studio, desk};
-    StopWatch watch{host.time, host.time};
-    Sequencer sequencer{studio, sounding, watch, desk};
+    Session session{host.platform};
+    Studio& studio = session.studio;
+    SetupValues& setup = studio.setup.values;
+    NoteSounding& sounding = session.sounding;
+    StopWatch& watch = session.watch;
+    Sequencer& sequencer = session.sequencer;
 };
 
 } // namespace velorin

@@ -1,4 +1,4 @@
-// The marker's steps: what is put back, where it is drawn, and when the page turns.
+// The marker's steps: what is restored, where it is drawn, and when the page turns.
 #include "PlaybackStage.h"
 
 #include <gtest/gtest.h>
@@ -6,7 +6,7 @@
 namespace velorin {
 namespace {
 
-// Forty columns are in view, offsets 0 to 39; the scroll bar stands 20 above the first column.
+// Forty columns are in view, offsets 0 to 39; the scroll bar's value is the first column plus 20.
 struct Marker : testing::Test, PlaybackStage {
     Marker() {
         studio.score.LastColumn = 1000;
@@ -64,8 +64,8 @@ TEST_F(Marker, OnTheLastPageJumpsToTheLeftEdgeAndThenCatchesUp) {
     EXPECT_EQ(step(999).back(), "0.000 marker 39");
 }
 
-// Column 1000 has no place on the last page, which is turned to itself.
-TEST_F(Marker, BehindTheLastShownColumnTheLastPageTurnsToItself) {
+// Column 1000 is not on the last page, so the page turn shows the last page again.
+TEST_F(Marker, AfterTheLastShownColumnTheLastPageTurnsToItself) {
     studio.view.FirstColumn = 960;
     studio.view.LastVisibleColumn = 999;
     EXPECT_EQ(step(1000), (Lines{"0.000 HScroll1 980", "0.000 DrawNoteArray", "0.000 DrawBeatArray",
@@ -120,14 +120,14 @@ TEST_F(Marker, LeftOfTheViewIsDrawnThereAndTurnsNoPage) {
     EXPECT_EQ(studio.view.FirstColumn, 10);
 }
 
-TEST_F(Marker, AStepYieldsBehindIt) {
+TEST_F(Marker, AStepYieldsAfterwards) {
     bool served = false;
     at(0.0, [&] { served = true; });
     step(4);
     EXPECT_TRUE(served);
 }
 
-TEST_F(Marker, AStepBehindTheEndStopsTheSong) {
+TEST_F(Marker, AStepPastTheEndStopsTheSong) {
     studio.score.LastColumn = 4;
     step(3);
     EXPECT_EQ(studio.run.IsPlaying, flagSet);

@@ -20,7 +20,7 @@ TEST(ProgressCaption, RoundsHalvesToEven) {
     EXPECT_EQ(percentCaption(0.005), " %");
 }
 
-// In single precision 0.025 lies a little above a half.
+// In single precision 0.025 is a little more, so the percentage is above 2.5.
 TEST(ProgressCaption, OfAShareInSinglePrecisionIsThatOfItsExactValue) {
     EXPECT_EQ(percentCaption(0.025), "2 %");
     EXPECT_EQ(percentCaption(playedShare(25, 1000)), "3 %");

@@ -38,7 +38,7 @@ TEST_F(Progress, OfHalfAPercentGoesToTheEvenNumber) {
     EXPECT_EQ(lines[2], "progress 0.375000 \"38 %\"");
 }
 
-// 1 of 40 is 2.5 %; in single precision the share would lie above it.
+// 1 of 40 is 2.5 %; in single precision the share would be a little more.
 TEST_F(Progress, IsRoundedFromTheShareInDoublePrecision) {
     studio.score.NoteArray.write(0, 39, 60);
     at(0.15, [this] { sequencer.PlayAndStop_Click(1); });

@@ -2,26 +2,20 @@
 // the loop itself does.
 #pragma once
 
-#include "playback/NoDesk.h"
-
-#include "playback/NoteSounding.h"
-#include "playback/Sequencer.h"
-#include "playback/StopWatch.h"
-#include "score/PlainSetup.h"
-#include "score/Studio.h"
+#include "session/Session.h"
 #include "support/ScriptedPlatform.h"
 
 namespace velorin {
 
-/// A device that takes everything.
-struct WillingMidi : platform::MidiOut {
+/// A device that accepts everything.
+struct AcceptingMidi : platform::MidiOut {
     int midiOutGetNumDevs() override { return 1; }
     std::string midiOutGetDevCapsA(int) override { return {}; }
     std::uint32_t midiOutOpen(platform::MidiOutHandle&, int) override { return 0; }
     std::uint32_t midiOutClose(platform::MidiOutHandle) override { return 0; }
 };
 
-/// `Midi` is made with the host's time and whatever else it needs.
+/// `Midi` is constructed with the host's time and the other arguments.
 template <class Midi>
 struct QuietStage {
     template <class... Values>
@@ -35,12 +29,11 @@ struct QuietStage {
                                 host.dialogs, host.boxes, host.files, host.settings,
                                 host.desktop, host.menus, host.time,  host.systemFiles,
                                 host.encoder, {}};
-    PlainSetup setup;
-    Studio studio{platform, setup};
-    NoDesk desk;
-    NoteSounding sounding{studio, desk};
-    StopWatch watch{host.time, host.time};
-    Sequencer sequencer{studio, sounding, watch, desk};
+    Session session{platform};
+    Studio& studio = session.studio;
+    NoteSounding& sounding = session.sounding;
+    StopWatch& watch = session.watch;
+    Sequencer& sequencer = session.sequencer;
 };
 
 } // namespace velorin

@@ -1,6 +1,6 @@
-// Every way in which a song stops, and the notes that it leaves without a note-off: a song that
-// ends, is stopped or goes round leaves none but strokes of percussion; what else is left is listed
-// here case by case, with what ends it.
+// Every way in which a song stops, and the notes that it leaves without a note off. A song that
+// ends, is stopped or loops leaves only percussion. All other cases are listed here, each with what
+// ends its notes.
 #include "PlaybackStage.h"
 #include "support/NoteLedger.h"
 
@@ -39,9 +39,9 @@ TEST_F(Silence, ASongThatEndsLeavesNoNote) {
     EXPECT_EQ(ledger.begun(), 6);
 }
 
-TEST_F(Silence, ARowThatEndsAColumnBehindTheOthersIsEndedWithTheSong) {
+TEST_F(Silence, ARowThatEndsAColumnAfterTheOthersIsEndedWithTheSong) {
     write(0, "60 = =");   // the song's last column is 3
-    write(1, ". . . 62"); // begins in it, and does not lengthen the song
+    write(1, ". . . 62"); // starts in it and does not lengthen the song
     play();
     EXPECT_EQ(left(), none);
     EXPECT_EQ(ledger.begun(), 2);
@@ -50,7 +50,7 @@ TEST_F(Silence, ARowThatEndsAColumnBehindTheOthersIsEndedWithTheSong) {
 TEST_F(Silence, ASongThatIsStoppedWithinItsNotesLeavesNone) {
     write(0, "60 = = = = = =");
     write(5, ". . . 62 = = =");
-    at(0.40, [this] { stop(); }); // the column in waiting is still played, and ended behind it
+    at(0.40, [this] { stop(); }); // the next column is still played, and ended after it
     play();
     EXPECT_EQ(left(), none);
     EXPECT_EQ(ledger.begun(), 2);
@@ -65,7 +65,7 @@ TEST_F(Silence, StrokesOfPercussionAreLeftToEndByThemselves) {
 }
 
 TEST_F(Silence, ANoteOfVolumeZeroSoundsNothing) {
-    setup.row[0].volume = "0";
+    setup.options.rows[0].volume = "0";
     write(0, "60 = =");
     pauseAt(0.30);
     play();
@@ -79,11 +79,11 @@ TEST_F(Silence, APauseLeavesWhatSounds) {
     pauseAt(0.30);
     play();
     EXPECT_EQ(left(), (Lines{"0:67", "1:65"}));
-    stop(); // a paused song is not playing: there is nothing that would end them
+    stop(); // a paused song does not play, so nothing ends them
     EXPECT_EQ(left(), (Lines{"0:67", "1:65"}));
 }
 
-TEST_F(Silence, ANoteThatGoesOnBehindAPauseIsEndedWithItsHeldCells) {
+TEST_F(Silence, ANoteThatGoesOnAfterAPauseIsEndedWithItsHeldCells) {
     write(0, "60 = = = =");
     pauseAt(0.30);
     play();
@@ -93,7 +93,7 @@ TEST_F(Silence, ANoteThatGoesOnBehindAPauseIsEndedWithItsHeldCells) {
 
 TEST_F(Silence, ANoteWhoseLastCellWasPlayedBeforeAPauseIsNeverEndedByTheSong) {
     write(0, "60 = . . 64");
-    pauseAt(0.30); // column 2, the rest that would end it, is where the song goes on
+    pauseAt(0.30); // the song goes on at column 2, the rest that would end it
     play();
     play();
     EXPECT_EQ(left(), (Lines{"0:67"}));
@@ -102,7 +102,7 @@ TEST_F(Silence, ANoteWhoseLastCellWasPlayedBeforeAPauseIsNeverEndedByTheSong) {
 TEST_F(Silence, ARowHiddenWithinANoteLeavesIt) {
     write(0, "60 = = =");
     write(1, "62 = = =");
-    at(0.30, [this] { setup.row[0].hidden = true; });
+    at(0.30, [this] { setup.options.rows[0].hidden = true; });
     play();
     EXPECT_EQ(left(), (Lines{"0:67"}));
 }
@@ -110,8 +110,8 @@ TEST_F(Silence, ARowHiddenWithinANoteLeavesIt) {
 TEST_F(Silence, ARowShownAgainEndsWhatItHadBegun) {
     write(0, "60 = . . . .");
     write(1, "62 = = = = =");
-    at(0.30, [this] { setup.row[0].hidden = true; });  // the rest of column 2 is passed over
-    at(0.40, [this] { setup.row[0].hidden = false; }); // and column 3 ends the note
+    at(0.30, [this] { setup.options.rows[0].hidden = true; });  // the rest in column 2 is skipped
+    at(0.40, [this] { setup.options.rows[0].hidden = false; }); // and column 3 ends the note
     at(0.50, [this] {
         ledger.read(host.midi.log);
         EXPECT_EQ(ledger.left(), (Lines{"1:65"}));
@@ -122,7 +122,7 @@ TEST_F(Silence, ARowShownAgainEndsWhatItHadBegun) {
 
 TEST_F(Silence, ALoopWithTheMarkerLeavesANoteOfItsLastColumn) {
     write(0, "60 = = =");
-    write(1, ". . . . 62"); // the last column: the pass inside does not know of it
+    write(1, ". . . . 62"); // the last column: the inner pass does not know this note
     loop();
     at(0.80, [this] { stop(); }); // in the second pass
     play();
@@ -152,14 +152,14 @@ TEST_F(Silence, ALoopWithoutTheMarkerLeavesNone) {
 
 struct SilenceOfABlock : Silence {};
 
-TEST_F(SilenceOfABlock, IsCompleteThoughItsNotesGoOnBehindIt) {
+TEST_F(SilenceOfABlock, IsCompleteThoughItsNotesGoOnAfterIt) {
     write(0, ". 60 = = = = =");
     playBlock(1, 3);
     EXPECT_EQ(left(), none);
     EXPECT_EQ(ledger.begun(), 1);
 }
 
-TEST_F(SilenceOfABlock, LacksANoteThatGoesOnBehindALoop) {
+TEST_F(SilenceOfABlock, LacksANoteThatGoesOnAfterALoop) {
     write(0, ". . 60 = =");
     loop();
     at(0.40, [this] { stop(); }); // in the second pass, before its note
@@ -168,16 +168,16 @@ TEST_F(SilenceOfABlock, LacksANoteThatGoesOnBehindALoop) {
 }
 
 TEST_F(Silence, AChordIsEndedAsAWhole) {
-    setup.row[0].chord = true;
+    setup.options.rows[0].chord = true;
     write(0, "60 = =");
-    at(0.20, [this] { setup.row[0].chord = false; }); // the note-offs ask for no box
+    at(0.20, [this] { setup.options.rows[0].chord = false; }); // note offs do not depend on the box
     play();
     EXPECT_EQ(left(), none);
     EXPECT_EQ(ledger.begun(), 4);
 }
 
 TEST_F(Silence, AChordThatIsChosenWithinAChordLeavesTheNotesThatItDoesNotHave) {
-    setup.row[0].chord = true; // 67, 70, 74, 79
+    setup.options.rows[0].chord = true; // 67, 70, 74, 79
     write(0, "60 = =");
     at(0.20, [this] {
         sounding.ChordInterval1 = 4; // 71
@@ -189,7 +189,7 @@ TEST_F(Silence, AChordThatIsChosenWithinAChordLeavesTheNotesThatItDoesNotHave) {
 }
 
 TEST_F(Silence, AChordCutOffAtTheHighestKeyIsEndedAsFarAsItSounded) {
-    setup.row[0].chord = true;
+    setup.options.rows[0].chord = true;
     sounding.ChordInterval1 = -12;
     sounding.ChordInterval2 = 12;
     sounding.ChordInterval3 = 0;
@@ -199,7 +199,8 @@ TEST_F(Silence, AChordCutOffAtTheHighestKeyIsEndedAsFarAsItSounded) {
     EXPECT_EQ(ledger.begun(), 2);
 }
 
-// The instrument changes before the note-off is sent, so that this goes to where percussion ends.
+// The instrument changes before the note off is sent, so it goes to the channel on which percussion
+// ends.
 TEST_F(Silence, ANoteFollowedAtOnceByAStrokeOnItsRowIsLeft) {
     write(0, "60 =");
     write(0, "62", 130, 2);
@@ -246,7 +247,7 @@ TEST_F(Silence, StopAllEndsWhatPlaysAndWhatTheLastColumnStillBegins) {
         sounding.Command32_Click();
         EXPECT_EQ(left(), none);
     });
-    play(); // column 2 was in waiting: it is played, and ended
+    play(); // column 2 is still played, and ended
     EXPECT_EQ(left(), (Lines{"9:38"}));
     EXPECT_EQ(ledger.begun(), 3);
 }
@@ -294,7 +295,7 @@ TEST_F(Silence, ADeviceThatDoesNotOpenLeavesNothingOnTheOneBefore) {
     EXPECT_EQ(left(), none);
 }
 
-// The loop ends without its last steps; closing the device is what the exit does first.
+// The loop ends without its end steps; the exit closes the device first.
 TEST_F(Silence, AProgramThatEndsWhileItPlaysClosesTheDevice) {
     write(0, "60 = = = =");
     at(0.30, [this] {
@@ -306,13 +307,13 @@ TEST_F(Silence, AProgramThatEndsWhileItPlaysClosesTheDevice) {
     EXPECT_EQ(ledger.begun(), 1);
 }
 
-/// Scores by chance: rows 0 to 7 with notes of every length, some with chords, strummed or not, and
-/// rows 8 to 12 with strokes.
+/// Random scores: rows 0 to 7 with notes of every length, some with chords, strummed or not, and
+/// rows 8 to 12 with percussion.
 struct SilenceOfAnyScore : Silence {
     void fillByChance() {
         for (int row = 0; row < scoreRows; ++row) {
             const bool stroke = !isMusicRow(row);
-            auto& options = setup.row[static_cast<std::size_t>(row)];
+            auto& options = setup.options.rows[row];
             options.chord = below(3) == 0;
             options.strummed = below(4) == 0;
             options.hidden = below(6) == 0;
@@ -355,8 +356,7 @@ TEST_F(SilenceOfAnyScore, IsCompleteAfterStopAllWhateverHappenedBefore) {
         if (below(2) == 0)
             pauseAt(0.001 * below(3000));
         at(0.001 * below(3000), [this] { sounding.ChangeInstrument(below(175), below(13)); });
-        at(0.001 * below(3000),
-           [this] { setup.row[static_cast<std::size_t>(below(13))].hidden ^= true; });
+        at(0.001 * below(3000), [this] { setup.options.rows[below(13)].hidden ^= true; });
         at(0.001 * below(3000),
            [this] { sounding.ChordInterval1 = static_cast<std::int16_t>(below(25) - 12); });
         at(0.001 * below(4000), [this] { stop(); });

@@ -1,4 +1,4 @@
-// A song from its first column to its end: what is sent, when, and what is asked of the windows.
+// A song from its first column to its end: its messages, their times, and its calls to the windows.
 #include "PlaybackStage.h"
 
 #include <gtest/gtest.h>
@@ -12,7 +12,7 @@ struct Song : testing::Test, PlaybackStage {
     void play() { sequencer.PlayAndStop_Click(0); }
 };
 
-/// Without the setting up of a sound on its channel.
+/// Leaves out the messages that select an instrument.
 Lines notesOf(const Lines& messages) {
     Lines notes;
     for (const std::string& line : messages) {
@@ -23,8 +23,9 @@ Lines notesOf(const Lines& messages) {
     return notes;
 }
 
-// Tempo 100 is 0.120 s a column; the first column comes behind the first wait. Keys: index 60 is
-// 67, hex 43, with the note offs of the start chord 46, 4A, 4F behind it; index 64 is 63, hex 3F.
+// Tempo 100 is 0.120 s a column; the first column comes after the first wait. Keys: index 60 is 67,
+// hex 43; its note off is followed by those of the start chord, 46, 4A and 4F. Index 64 is 63, hex
+// 3F.
 TEST_F(Song, SendsProgramThenNotesColumnByColumn) {
     write(0, "60 = . 64", 24);
     play();
@@ -59,14 +60,14 @@ TEST_F(Song, AnEmptyScorePlaysColumn0AloneAndStops) {
     EXPECT_EQ(midi(), Lines{});
 }
 
-TEST_F(Song, ANoteInColumn0AloneIsEndedBehindTheLoop) {
+TEST_F(Song, ANoteInColumn0AloneIsEndedAfterTheLoop) {
     write(0, "60");
     play();
     EXPECT_EQ(notesOf(midi()), (Lines{"0.120 90 43 7F", "0.240 80 43 00", "0.240 80 46 00",
                                       "0.240 80 4A 00", "0.240 80 4F 00"}));
 }
 
-TEST_F(Song, ANewCellRightBehindANoteRestartsIt) {
+TEST_F(Song, ANewCellRightAfterANoteRestartsIt) {
     write(0, "60 60");
     studio.run.PlayColumn = 1;
     sequencer.LastCell.fill(emptyCell);
@@ -77,7 +78,7 @@ TEST_F(Song, ANewCellRightBehindANoteRestartsIt) {
                              "0.000 90 43 7F"}));
 }
 
-TEST_F(Song, AHeldCellBehindARestSoundsNothingButIsStoppedWhereItEnds) {
+TEST_F(Song, AHeldCellAfterARestSoundsNothingButIsStoppedWhereItEnds) {
     studio.score.NoteArray.write(0, 1, 1060);
     write(1, ". . . 60");
     play();
@@ -107,10 +108,10 @@ TEST_F(Song, AnInstrumentIsSentOnlyWithANoteAndOnlyIfItDiffers) {
 
 TEST_F(Song, ARowsVolumeIsReadAtEachColumn) {
     write(0, "60 60 60 60 60");
-    setup.row[0].volume = "50";
-    at(0.20, [this] { setup.row[0].volume = "loud"; });
-    at(0.30, [this] { setup.row[0].volume = "99999"; });
-    at(0.45, [this] { setup.row[0].volume = " 64.5 of 127"; });
+    setup.options.rows[0].volume = "50";
+    at(0.20, [this] { setup.options.rows[0].volume = "loud"; });
+    at(0.30, [this] { setup.options.rows[0].volume = "99999"; });
+    at(0.45, [this] { setup.options.rows[0].volume = " 64.5 of 127"; });
     play();
     Lines starts;
     for (const std::string& line : notesOf(midi())) {
@@ -121,8 +122,8 @@ TEST_F(Song, ARowsVolumeIsReadAtEachColumn) {
                              "0.600 90 43 40"}));
 }
 
-TEST_F(Song, Row9TakesTheVelocityThatTheRowBeforeHasLeft) {
-    setup.row[8].volume = "50";
+TEST_F(Song, Row9KeepsTheVelocityOfTheRowBefore) {
+    setup.options.rows[8].volume = "50";
     write(9, "60", 130);
     sequencer.LastCell.fill(emptyCell);
     sequencer.PlayNotes();
@@ -130,8 +131,8 @@ TEST_F(Song, Row9TakesTheVelocityThatTheRowBeforeHasLeft) {
 }
 
 TEST_F(Song, AStrumHoldsTheRowsBelowAndMakesTheSongLater) {
-    setup.row[0].chord = true;
-    setup.row[0].strummed = true;
+    setup.options.rows[0].chord = true;
+    setup.options.rows[0].strummed = true;
     write(0, "60");
     write(1, "60 . 60");
     play();
@@ -145,7 +146,7 @@ TEST_F(Song, AStrumHoldsTheRowsBelowAndMakesTheSongLater) {
 }
 
 TEST_F(Song, AChordThatRunsOutOfKeysDoesNotStopTheOtherRows) {
-    setup.row[0].chord = true;
+    setup.options.rows[0].chord = true;
     write(0, "0 .");
     write(1, "60");
     sequencer.LastCell.fill(emptyCell);
@@ -156,7 +157,7 @@ TEST_F(Song, AChordThatRunsOutOfKeysDoesNotStopTheOtherRows) {
 TEST_F(Song, ARowHiddenAtTheStartIsNotServedAndDoesNotLengthenTheSong) {
     write(0, "60");
     write(1, ". . . . 60");
-    setup.row[1].hidden = true;
+    setup.options.rows[1].hidden = true;
     play();
     EXPECT_EQ(studio.score.LastColumn, 0);
     EXPECT_EQ(notesOf(midi()).back(), "0.240 80 4F 00");
@@ -165,7 +166,7 @@ TEST_F(Song, ARowHiddenAtTheStartIsNotServedAndDoesNotLengthenTheSong) {
 TEST_F(Song, ARowHiddenDuringPlayIsNeverEnded) {
     write(0, "60 = =");
     write(1, "60 = =");
-    at(0.20, [this] { setup.row[0].hidden = true; });
+    at(0.20, [this] { setup.options.rows[0].hidden = true; });
     play();
     EXPECT_EQ(notesOf(midi()), (Lines{"0.120 90 43 7F", "0.120 91 43 7F", "0.480 81 43 00",
                                       "0.480 81 46 00", "0.480 81 4A 00", "0.480 81 4F 00"}));
@@ -173,13 +174,13 @@ TEST_F(Song, ARowHiddenDuringPlayIsNeverEnded) {
 
 TEST_F(Song, ARowShownAgainIsServedFromTheCellThatItHadBefore) {
     write(0, "60 . . 64");
-    at(0.20, [this] { setup.row[0].hidden = true; });
-    at(0.30, [this] { setup.row[0].hidden = false; });
+    at(0.20, [this] { setup.options.rows[0].hidden = true; });
+    at(0.30, [this] { setup.options.rows[0].hidden = false; });
     play();
     EXPECT_EQ(notesOf(midi())[1], "0.360 80 43 00");
 }
 
-TEST_F(Song, BehindTheGridEverythingIsEmpty) {
+TEST_F(Song, AfterTheGridEverythingIsEmpty) {
     write(0, "60", 0, 1000);
     studio.run.PlayColumn = 1000;
     sequencer.LastCell.fill(emptyCell);

@@ -1,4 +1,4 @@
-// The stopwatch table, its arithmetic, and the wait that serves events.
+// The stopwatch table, its arithmetic, and the wait that processes events.
 #include "playback/StopWatch.h"
 
 #include "support/VirtualTime.h"
@@ -10,7 +10,7 @@
 namespace velorin {
 namespace {
 
-/// A counter that goes on by `step` ticks with every reading.
+/// A counter that advances by `step` ticks with every reading.
 struct SteppingClock final : platform::Clock {
     std::int64_t counter = 0;
     std::int64_t step = 0;
@@ -111,7 +111,7 @@ TEST_F(StopWatches, AWaitEndsAtTheTickNearestToItsSum) {
     EXPECT_EQ(time.now(), 39'999'999);
 }
 
-// At a thousand ticks a second 0.0004 lies between two of them, and the first does not show it.
+// At a thousand ticks a second 0.0004 is between two of them; the first is still too early.
 TEST_F(StopWatches, AWaitFinerThanATickEndsAtTheNextOne) {
     struct Loop final : platform::MessageLoop {
         SteppingClock& clock;
@@ -150,7 +150,7 @@ TEST_F(StopWatches, AWaitEndsWithTheProgram) {
     EXPECT_EQ(time.now(), 100'000'000);
 }
 
-/// A loop whose time is the stepping clock's, and that counts what it is asked for.
+/// A message loop on the stepping clock that counts its calls.
 struct CountingLoop final : platform::MessageLoop {
     int waits = 0;
     int rests = 0;
@@ -161,7 +161,7 @@ struct CountingLoop final : platform::MessageLoop {
     [[nodiscard]] bool isEnding() const override { return false; }
 };
 
-// A song with a negative tempo has columns of less than no time.
+// A song with a negative tempo has columns of negative length.
 TEST(AWait, ThatIsOverAtOnceRestsAndAnyOtherDoesNot) {
     SteppingClock clock;
     CountingLoop loop;

@@ -1,9 +1,8 @@
 // The main window's own commands: the toolbar, the right-click mode, the tool windows, the frame.
-#include "program/Form1.h"
+#include "windows/main/Form1.h"
 #include "program/Program.h"
-#include "resources/Look.h"
-#include "shell/SetupToolbar.h"
 #include "support/ScriptedPlatform.h"
+#include "windows/frame/Look.h"
 
 #include <gmock/gmock.h>
 
@@ -16,15 +15,19 @@ namespace {
 
 struct Form1Test : testing::Test {
     void SetUp() override {
-        applyLook(*qApp);
-        ASSERT_TRUE(program.start());
         form.resize(640, 480);
         host.midi.log.clear();
     }
 
+    Form1& started() {
+        applyLook(*qApp);
+        EXPECT_TRUE(program.start());
+        return program.form1();
+    }
+
     scripted::ScriptedPlatform host;
     Program program{host.platform};
-    Form1& form = program.makeMainWindow();
+    Form1& form = started();
 };
 
 TEST_F(Form1Test, TheButtonsDoNothingWhileTheStartIsNotOver) {
@@ -36,21 +39,15 @@ TEST_F(Form1Test, TheButtonsDoNothingWhileTheStartIsNotOver) {
     EXPECT_TRUE(host.menus.log.empty());
 }
 
-TEST_F(Form1Test, ButtonsOfWindowsThatAreNotThereDoNothing) {
-    for (const int i : {10, 11, 12})
-        form.Cmd2_Click(i);
-    EXPECT_FALSE(program.hasEnded());
-}
-
 TEST_F(Form1Test, ClearAllPutsTheStripBackToOneLine) {
-    form.setBeatboxHeight(60);
+    form.desk.setBeatboxHeight(60);
     program.studio().score.NoteArray.write(0, 3, 60);
     program.studio().score.PolyArray.write(1, 4, 1);
     form.Cmd2_Click(1);
     EXPECT_EQ(form.area->Beatbox->height(), 12);
     EXPECT_EQ(program.studio().score.NoteArray.at(0, 3), -1);
     EXPECT_EQ(program.studio().score.PolyArray.at(1, 4), 0);
-    EXPECT_EQ(program.focus.current(), form.area->MusicBox);
+    EXPECT_EQ(program.windows.focus.current(), form.area->MusicBox);
 }
 
 TEST_F(Form1Test, TheRightClickModeShowsOnItsButton) {
@@ -68,7 +65,7 @@ TEST_F(Form1Test, FourButtonsHaveANameAndNoTip) {
     const std::pair<int, const char*> names[] = {
         {7, "Stop"}, {9, "Setup"}, {13, "Help"}, {14, "Exit"}};
     for (const auto& [index, name] : names) {
-        const QToolButton* button = form.toolbMenu->Cmd2[static_cast<std::size_t>(index)];
+        const QToolButton* button = form.toolbMenu->Cmd2[index];
         EXPECT_EQ(button->toolTip(), "");
         EXPECT_EQ(button->accessibleName(), name);
     }
@@ -77,20 +74,20 @@ TEST_F(Form1Test, FourButtonsHaveANameAndNoTip) {
 TEST_F(Form1Test, AFileDialogHidesTheOpenToolbarsAndBringsThemBack) {
     QWidget* setup = program.window("Form3", false);
     ASSERT_TRUE(setup->isVisible());
-    form.HideToolbars();
+    program.windows.HideToolbars();
     EXPECT_FALSE(setup->isVisible());
-    form.ShowToolbars();
+    program.windows.ShowToolbars();
     EXPECT_TRUE(setup->isVisible());
 }
 
 TEST_F(Form1Test, AClosedSetupToolbarComesBackWithItsDefaults) {
-    program.setup().setVol(3, "50");
+    program.studio().setup.setVol(3, "50");
     host.menus.choices = {"mnuSetupToolBar", "mnuSetupToolBar"};
     form.Cmd2_Click(9);
     EXPECT_EQ(program.window("Form3", false), nullptr);
     form.Cmd2_Click(9);
     ASSERT_NE(program.window("Form3", false), nullptr);
-    EXPECT_EQ(program.setup().vol(3), "127");
+    EXPECT_EQ(program.studio().setup.vol(3), "127");
 }
 
 TEST_F(Form1Test, AHintTakesTheShortTipAway) {
@@ -113,13 +110,13 @@ TEST_F(Form1Test, ADragOfTheRightHandleWidensTheWindowAtTheRelease) {
     EXPECT_EQ(form.width(), 640);
     form.Resizer_MouseUp(1);
     EXPECT_EQ(form.size(), QSize(650, 480));
-    EXPECT_EQ(program.frames.WindowResizable, 1);
+    EXPECT_EQ(program.windows.frames.WindowResizable, 1);
 }
 
 TEST_F(Form1Test, MaximisingGoesThroughTheWindowState) {
     form.ToggleMaximize();
     EXPECT_EQ(form.windowState(), Qt::WindowMaximized);
-    EXPECT_EQ(program.frames.WindowResizable, 0);
+    EXPECT_EQ(program.windows.frames.WindowResizable, 0);
     form.ToggleMaximize();
     EXPECT_EQ(form.windowState(), Qt::WindowNoState);
     EXPECT_EQ(form.size(), QSize(640, 480));
@@ -133,15 +130,15 @@ TEST_F(Form1Test, TheHelpOpensBesideTheProgram) {
 
 TEST_F(Form1Test, AScrollBarRefusesAValueOutsideItsRange) {
     const int before = form.area->HScroll1->value();
-    form.setHScroll1(5000);
+    form.desk.setHScroll1(5000);
     EXPECT_EQ(form.area->HScroll1->value(), before);
 }
 
 TEST_F(Form1Test, TheMainWindowsListAppliesTheInstrumentThatTheSetupToolbarShows) {
-    form.setMainCombo1(40);
+    form.desk.setMainCombo1(40);
     EXPECT_THAT(host.midi.log, ElementsAre("0.000 B0 00 00", "0.000 B0 20 00", "0.000 C0 18"));
-    form.setMainCombo1(40);
-    form.setMainCombo1(500);
+    form.desk.setMainCombo1(40);
+    form.desk.setMainCombo1(500);
     EXPECT_EQ(host.midi.log.size(), 3U);
 }
 

@@ -1,9 +1,8 @@
-// The main window as a window: its edges, its handles, who has the keyboard, the wheel.
-#include "program/Form1.h"
+// The main window as a window: its edges, its handles, the focus, the wheel.
 #include "program/Program.h"
-#include "resources/Look.h"
-#include "score/SetupControls.h"
 #include "support/ScriptedPlatform.h"
+#include "windows/frame/Look.h"
+#include "windows/main/Form1.h"
 
 #include <gmock/gmock.h>
 
@@ -19,8 +18,6 @@ namespace {
 
 struct Form1WindowTest : testing::Test {
     void SetUp() override {
-        applyLook(*qApp);
-        ASSERT_TRUE(program.start());
         form.resize(640, 480);
         form.activateWindow();
         QApplication::processEvents();
@@ -38,7 +35,7 @@ struct Form1WindowTest : testing::Test {
     void release(QWidget& control, QPoint place, Qt::MouseButton button = Qt::LeftButton) {
         mouse(QEvent::MouseButtonRelease, control, place, button, Qt::NoButton);
     }
-    /// To whatever has the keyboard, as the window system does it.
+    /// Sends it to the control with the focus, like the window system.
     void key(Qt::Key pressed) {
         QWidget* const holder = form.focusWidget() != nullptr ? form.focusWidget() : &form;
         const QString text = pressed == Qt::Key_Space ? QStringLiteral(" ") : QString();
@@ -56,20 +53,25 @@ struct Form1WindowTest : testing::Test {
                           QPoint(across, down), Qt::NoButton, held, Qt::NoScrollPhase, false);
         QApplication::sendEvent(&form, &event);
     }
-    /// Whether a control's edge has the colour of the ring.
+    /// True if a control's edge has the colour of the focus ring.
     static bool hasRing(PictureBox& box) {
         return box.grab().toImage().pixelColor(0, box.height() / 2) !=
                box.picture.image().pixelColor(0, box.height() / 2);
     }
     void expectHandlesAtTheEdges() {
-        for (std::size_t i = 0; i < 8; ++i)
-            EXPECT_EQ(form.frame.Resizer[i]->geometry(),
-                      handleRect(static_cast<int>(i), form.size()));
+        for (int i = 0; i < 8; ++i)
+            EXPECT_EQ(form.frame.Resizer[i]->geometry(), handleRect(i, form.size()));
+    }
+
+    Form1& started() {
+        applyLook(*qApp);
+        EXPECT_TRUE(program.start());
+        return program.form1();
     }
 
     scripted::ScriptedPlatform host;
     Program program{host.platform};
-    Form1& form = program.makeMainWindow();
+    Form1& form = started();
     bool isTaken = false; ///< the control has taken the key, and no shortcut gets it
 };
 
@@ -94,18 +96,18 @@ TEST_F(Form1WindowTest, ARightPressOnTheFrameDragsNothing) {
 }
 
 TEST_F(Form1WindowTest, WhateverSizesTheWindowTheHandlesGoWithItsEdges) {
-    program.frames.WindowResizable = 0; // the wizard was opened
+    program.windows.frames.WindowResizable = 0; // the wizard was opened
     form.resize(700, 520);
     expectHandlesAtTheEdges();
     form.ToggleMaximize();
     form.ToggleMaximize();
-    EXPECT_EQ(program.frames.WindowResizable, 0);
+    EXPECT_EQ(program.windows.frames.WindowResizable, 0);
     form.resize(800, 600);
     expectHandlesAtTheEdges();
 }
 
 TEST_F(Form1WindowTest, TheHandlesOfAMaximisedWindowTakeNoPress) {
-    program.frames.WindowResizable = 0;
+    program.windows.frames.WindowResizable = 0;
     form.ToggleMaximize();
     QWidget* const handle = form.frame.Resizer[1];
     EXPECT_NE(form.childAt(handle->geometry().center()), handle);
@@ -132,42 +134,44 @@ TEST_F(Form1WindowTest, TheHelpMenuOpensAtEveryReleaseOfItsButton) {
 
 TEST_F(Form1WindowTest, LockedTableauxGiveTheKeyboardBackToWhoHadIt) {
     PictureBox& music = *form.area->MusicBox;
-    program.focus.give(&music);
+    program.windows.focus.give(&music);
     ASSERT_EQ(form.focusWidget(), &music);
-    form.enableTableaux(false);
+    form.desk.enableTableaux(false);
     EXPECT_EQ(form.focusWidget(), &form);
     EXPECT_FALSE(hasRing(*form.area->Beatbox));
-    form.enableTableaux(true);
+    form.desk.enableTableaux(true);
     EXPECT_EQ(form.focusWidget(), &music);
     EXPECT_FALSE(hasRing(music));
     EXPECT_FALSE(hasRing(*form.area->Beatbox));
 }
 
 TEST_F(Form1WindowTest, WhoWentElsewhereMeanwhileKeepsTheKeyboard) {
-    program.focus.give(form.area->MusicBox);
-    form.enableTableaux(false);
-    program.focus.give(form.toolbMenu->Cmd2[7]);
-    form.enableTableaux(true);
+    program.windows.focus.give(form.area->MusicBox);
+    form.desk.enableTableaux(false);
+    program.windows.focus.give(form.toolbMenu->Cmd2[7]);
+    form.desk.enableTableaux(true);
     EXPECT_EQ(form.focusWidget(), form.toolbMenu->Cmd2[7]);
 }
 
 TEST_F(Form1WindowTest, TabThroughTheStripChoosesNoPercussionRow) {
-    program.focus.give(form.area->MusicBox);
+    program.windows.focus.give(form.area->MusicBox);
     key(Qt::Key_Tab);
     EXPECT_EQ(form.focusWidget(), form.area->Beatbox);
-    EXPECT_EQ(program.focus.current(), form.area->Beatbox);
+    EXPECT_EQ(program.windows.focus.current(), form.area->Beatbox);
     EXPECT_EQ(program.studio().score.CurrentRow, 0);
     key(Qt::Key_Tab);
-    EXPECT_EQ(program.focus.current(), form.area->VScroll1);
+    EXPECT_EQ(program.windows.focus.current(), form.area->Pic1);
     EXPECT_EQ(program.studio().score.CurrentRow, 0);
+    key(Qt::Key_Tab);
+    EXPECT_EQ(program.windows.focus.current(), form.area->VScroll1);
 }
 
 TEST_F(Form1WindowTest, EnterOrSpaceOnTheStripChoosesAPercussionRow) {
     for (const Qt::Key chosen : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
-        form.TrackSel_Click(0);
+        program.session.TrackSel_Click(0);
         program.studio().setup.setTrackSel(8, false);
         program.studio().setup.setTrackSel(0, true);
-        program.focus.give(form.area->MusicBox);
+        program.windows.focus.give(form.area->MusicBox);
         key(Qt::Key_Tab);
         ASSERT_EQ(program.studio().score.CurrentRow, 0);
         key(chosen);
@@ -180,7 +184,7 @@ TEST_F(Form1WindowTest, EnterOrSpaceOnTheStripChoosesAPercussionRow) {
 }
 
 TEST_F(Form1WindowTest, AClickOnTheStripThatTabHasComeToChoosesAPercussionRow) {
-    program.focus.give(form.area->MusicBox);
+    program.windows.focus.give(form.area->MusicBox);
     key(Qt::Key_Tab);
     press(*form.area->Beatbox, {30, 5});
     release(*form.area->Beatbox, {30, 5});

@@ -1,4 +1,4 @@
-// What other programs say of a file.
+// Runs other programs that read a file.
 #pragma once
 
 #include <array>

@@ -1,12 +1,12 @@
 // The recording logic on the real devices, files and encoder, over a stream that is pulled by hand.
 #pragma once
 
-#include "../host/MciStage.h"
+#include "../host/mci/MciStage.h"
 #include "../recording/RecordingStage.h"
-#include "host/HostFiles.h"
-#include "host/LameEncoder.h"
+#include "host/files/HostFiles.h"
+#include "host/media/LameEncoder.h"
 #include "host/media/SoundReader.h"
-#include "platform/CaseBlind.h"
+#include "platform/PathLookup.h"
 
 #include <cmath>
 #include <memory>
@@ -61,7 +61,7 @@ struct Side {
         return found;
     }
 
-    /// How strong a pure tone is in [fromS, fromS + lengthS): its amplitude.
+    /// The amplitude of a pure tone in [fromS, fromS + lengthS).
     [[nodiscard]] double strength(double hz, double fromS, double lengthS) const {
         const auto from = static_cast<std::size_t>(fromS * rateHz);
         const auto count = static_cast<std::size_t>(lengthS * rateHz);
@@ -100,6 +100,8 @@ protected:
         studio_.run.SongsFolder = folder_.string();
         player_.Recordcontrol = [this] { capture_.Recordcontrol(); };
         player_.makeStopWatches();
+        studio_.desk = &mainDesk_;
+        mainDesk_.endRecording = [this] { capture_.Recordcontrol(); };
         desk_.lists[RecordList::Combo4] = 8; // 128 kilobits a second
         engine_.add(std::make_shared<Beats>());
     }
@@ -107,10 +109,7 @@ protected:
     /// Records the beats in a row of `cbxFormat`; returns the WAV's name.
     std::string record(int format) {
         desk_.lists[RecordList::cbxFormat] = format;
-        commands_.onPlay = [this] {
-            pull(static_cast<int>(Beats::lengthS * host::streamRateHz));
-            capture_.Recordcontrol();
-        };
+        mainDesk_.onPlay = [this] { pull(static_cast<int>(Beats::lengthS * host::streamRateHz)); };
         capture_.Cmdrecord_Click();
         EXPECT_EQ(boxes(), Lines{});
         return wavName();
@@ -122,7 +121,7 @@ protected:
         return ChangeExtension(wavName(), "mp3");
     }
 
-    /// The name of the recording as other programs know it.
+    /// The path of the recording for other programs.
     [[nodiscard]] std::string wavName() const {
         return platform::resolve(studio_.run.WavFileName).string();
     }
@@ -146,16 +145,15 @@ protected:
                                  host_.platform.systemFiles,
                                  encoder_,
                                  folder_.string()};
-    PlainSetup setup_;
-    Studio studio_{platform_, setup_};
-    StopWatch watch_{host_.time, host_.time};
+    Session session_{platform_};
+    Studio& studio_ = session_.studio;
     PlainRecordDesk desk_;
-    LoggedRecordCommands commands_;
+    LoggedDesk mainDesk_;
     modMultimedia media_{platform_, desk_};
-    Mp3Player mp3_{studio_, media_, watch_, desk_};
-    FilePlayer player_{studio_, mp3_, watch_, desk_, commands_};
-    Mp3Encoding encoding_{studio_, desk_, commands_};
-    Capture capture_{studio_, player_, encoding_, desk_, commands_};
+    Mp3Player mp3_{studio_, media_, session_.watch, desk_};
+    FilePlayer player_{session_, mp3_, desk_};
+    Mp3Encoding encoding_{studio_, desk_};
+    Capture capture_{session_, player_, encoding_, desk_};
 };
 
 } // namespace velorin::test

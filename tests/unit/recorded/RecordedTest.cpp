@@ -1,8 +1,8 @@
 // Recordings and their MP3 files as other programs read them, and what a full disk leaves.
-#include "../host/FullDisk.h"
 #include "OtherPrograms.h"
 #include "RecordedStage.h"
 #include "host/media/WavHeader.h"
+#include "support/FullDisk.h"
 
 #include <gtest/gtest.h>
 
@@ -17,7 +17,7 @@ using test::told;
 
 class ARecordingOfBeats : public test::RecordedStage {
 protected:
-    // The MP3 through another program than the one that the player decodes with.
+    // Decodes the MP3 with another decoder than the player uses.
     std::vector<Side> decoded(const std::string& mp3) {
         const std::string wav = at("decoded.wav");
         told("lame --quiet --decode " + quoted(mp3) + " " + quoted(wav) + " 2>&1");
@@ -148,7 +148,7 @@ TEST_F(ARecordingOfBeats, OfEightBitsGivesNoiseOfThatLength) {
     }
 }
 
-TEST_F(ARecordingOfBeats, EncodedOntoAFullDiskLeavesAPartAndTheWavAndOneLine) {
+TEST_F(ARecordingOfBeats, EncodedOntoAFullDiskLeavesAPartAndTheWavAndOneLogLine) {
     const std::string wav = record(7);
     const auto size = std::filesystem::file_size(wav);
     testing::internal::CaptureStderr();
@@ -165,15 +165,12 @@ TEST_F(ARecordingOfBeats, EncodedOntoAFullDiskLeavesAPartAndTheWavAndOneLine) {
     EXPECT_EQ(desk_.captions[RecordCaption::Command20], "Encode File");
 }
 
-TEST_F(ARecordingOfBeats, OntoAFullDiskIsKeptAsFarAsItFits) {
+TEST_F(ARecordingOfBeats, OnAFullDiskIsKeptAsFarAsItFits) {
     writeBytes("older.wav", "older");
     {
         const host::test::FullDisk disk(50'000);
         desk_.lists[RecordList::cbxFormat] = 7;
-        commands_.onPlay = [this] {
-            pull(host::streamRateHz);
-            capture_.Recordcontrol();
-        };
+        mainDesk_.onPlay = [this] { pull(host::streamRateHz); };
         capture_.Cmdrecord_Click();
     }
     EXPECT_EQ(boxes(), Lines{});
@@ -189,10 +186,7 @@ TEST_F(ARecordingOfBeats, WhoseWavIsDeletedBeforeTheEncodingIsReported) {
     host_.time.plan(scripted::nanosecondsPerSecond / 2,
                     [this] { std::filesystem::remove(wavName()); });
     desk_.lists[RecordList::cbxFormat] = 7;
-    commands_.onPlay = [this] {
-        pull(640);
-        capture_.Recordcontrol();
-    };
+    mainDesk_.onPlay = [this] { pull(640); };
     capture_.Cmdrecord_Click();
     EXPECT_EQ(boxes(), Lines{"none;Velorin;Enter a valid Wave file."});
     EXPECT_EQ(desk_.captions[RecordCaption::Command20], "Encode File");

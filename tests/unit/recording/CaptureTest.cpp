@@ -1,4 +1,4 @@
-// A recording from its click to its end, the strings in their order and the state of the window.
+// A recording from its click to its end: the command strings in order, and the state of the window.
 #include "RecordingStage.h"
 
 #include "platform/Settings.h"
@@ -14,41 +14,41 @@ class Recording : public testing::Test, protected RecordingStage {
 protected:
     Recording() {
         studio.run.SongsFolder = "Songs";
-        // A score that plays for two seconds and then ends its recording.
-        commands.onPlay = [this] {
-            host.time.pass(2 * scripted::nanosecondsPerSecond);
-            finishPlay();
-        };
-    }
-    void finishPlay() {
-        if (studio.run.RecordingFlag == flagClear)
-            return;
-        studio.run.RecordingFlag = flagClear;
-        capture.Recordcontrol();
+        // A score that plays for two seconds. Its end also ends the recording.
+        mainDesk.onPlay = [this] { host.time.pass(2 * scripted::nanosecondsPerSecond); };
     }
     [[nodiscard]] Lines formatOf(int row) {
         desk.lists[RecordList::cbxFormat] = row;
-        commands.onPlay = nullptr;
+        mainDesk.onPlay = nullptr;
         capture.StartTrackRecording();
-        return {sent()[1]};
+        return {sent()[5]};
     }
 };
 
 TEST_F(Recording, OfAScoreSendsItsStringsInOrder) {
     host.desktop.randoms = {0.5};
     capture.Cmdrecord_Click();
-    EXPECT_EQ(sent(), (Lines{"0.000 open new type waveaudio alias capture",
+    EXPECT_EQ(sent(), (Lines{"0.000 stop sound", "0.000 close sound", "0.000 stop midi",
+                             "0.000 close midi", "0.000 open new type waveaudio alias capture",
                              "0.000 set capture samplespersec 44100 channels 2 bitspersample 16 "
                              "alignment 4 bytespersec 176400",
-                             "0.000 record capture", "2.000 stop capture",
+                             "0.000 record capture", "0.000 stop sound", "0.000 close sound",
+                             "0.000 stop midi", "0.000 close midi", "2.000 stop capture",
                              "2.000 save capture Songs/50000tmp.wav", "2.000 close capture",
                              "2.000 stop midi", "2.000 close midi"}));
-    EXPECT_EQ(commands.log, (Lines{"Command32_Click", "chkgraphics 0", "Command32_Click",
-                                   "PlayAndStop_Click 0"}));
+    EXPECT_EQ(mainDesk.log,
+              (Lines{"Instxt 24", "chkgraphics 0", "Instxt 24", "tableaux 0", "tableaux 1"}));
+}
+
+TEST_F(Recording, ReopensTheMidiOutputBeforeAndAfterTheStartOfTheDevice) {
+    capture.Cmdrecord_Click();
+    EXPECT_EQ(host.midi.log, (Lines{"0.000 open -1", "0.000 B0 00 00", "0.000 B0 20 00",
+                                    "0.000 C0 18", "0.000 close", "0.000 open -1", "0.000 B0 00 00",
+                                    "0.000 B0 20 00", "0.000 C0 18"}));
 }
 
 TEST_F(Recording, NamesItsFilesByARandomNumber) {
-    capture.Cmdrecord_Click(); // 0 draws the first
+    capture.Cmdrecord_Click(); // the random number 0 gives the first name
     EXPECT_EQ(studio.run.WavFileName, "Songs/1tmp.wav");
     host.desktop.randoms = {0.99999};
     capture.Cmdrecord_Click();
@@ -97,7 +97,7 @@ TEST_F(Recording, KeepsBitsAndChannelsUnderAnUnknownFormat) {
                                  "alignment 4 bytespersec 0"});
 }
 
-TEST_F(Recording, GoesOnWithoutADeviceAndLeavesAtARefusedFormat) {
+TEST_F(Recording, GoesOnWithoutADeviceAndStopsAtARefusedFormat) {
     host.mci.reply("open new", 263, "");
     host.mci.reply("set capture", 263, "");
     capture.Cmdrecord_Click();
@@ -109,7 +109,7 @@ TEST_F(Recording, GoesOnWithoutADeviceAndLeavesAtARefusedFormat) {
 }
 
 TEST_F(Recording, WithoutItsFolderIsARecordingError) {
-    commands.folderIsThere = false;
+    mainDesk.folderIsThere = false;
     capture.Cmdrecord_Click();
     EXPECT_EQ(boxes(), Lines{"none;Velorin;Recording error"});
     EXPECT_TRUE(sent().empty());
@@ -120,19 +120,17 @@ TEST_F(Recording, ShowsThePositionAsItsBoxSays) {
     studio.run.ShowNotePosition = flagClear;
     capture.Cmdrecord_Click();
     EXPECT_EQ(studio.run.ShowNotePosition, flagSet);
-    EXPECT_EQ(commands.log[1], "chkgraphics 1");
+    EXPECT_EQ(mainDesk.log[1], "chkgraphics 1");
     desk.checks[RecordCheck::Check4] = false;
     capture.Cmdrecord_Click();
     EXPECT_EQ(studio.run.ShowNotePosition, flagClear);
 }
 
 TEST_F(Recording, StoppedByHandEndsTwice) {
-    commands.onPlay = [this] {
-        while (studio.run.IsPlaying != flagClear)
+    mainDesk.onPlay = [this] {
+        while (studio.run.IsPlaying.isSet())
             host.time.waitUntil(host.time.now() + scripted::nanosecondsPerSecond);
-        finishPlay();
     };
-    studio.run.IsPlaying = flagSet;
     in(1.5, [this] { capture.Cmdrecord_Click(); });
     capture.Cmdrecord_Click();
     const Lines all = sent();
@@ -176,7 +174,7 @@ TEST_F(Recording, FromAMidFileEndsWithIt) {
     in(0.3, [this] { host.mci.reply("status midi position", 0, "40"); });
     capture.Cmdrecord_Click();
     const Lines all = sent();
-    EXPECT_EQ(all[3], "0.000 status midi mode");
+    EXPECT_EQ(all[11], "0.000 status midi mode");
     EXPECT_EQ(all[all.size() - 5], "0.500 stop capture");
     EXPECT_EQ(desk.captions[RecordCaption::Label8], "Stopped");
 }
@@ -186,22 +184,23 @@ TEST_F(Recording, EndsThroughItsImageWithoutAChangeOfCaptions) {
     studio.run.WavFileName = "a.wav";
     studio.run.IsPlaying = flagSet;
     capture.CmdStart_Click();
-    EXPECT_EQ(sent(),
-              (Lines{"0.000 stop capture", "0.000 save capture a.wav", "0.000 close capture"}));
-    EXPECT_EQ(commands.log, Lines{"StopallSound"});
+    EXPECT_EQ(sent(), (Lines{"0.000 stop capture", "0.000 save capture a.wav",
+                             "0.000 close capture", "0.000 stop sound", "0.000 close sound",
+                             "0.000 stop midi", "0.000 close midi", "0.000 close all"}));
+    EXPECT_TRUE(mainDesk.log.empty()) << "the output is not renewed";
     EXPECT_EQ(studio.run.IsPlaying, flagClear);
     EXPECT_EQ(studio.run.SoundFinished, flagSet);
     EXPECT_EQ(desk.captions[RecordCaption::Label1], "Stop Recording");
     EXPECT_EQ(boxes(), Lines{"critical;Critical Error;Encoding library not found...can't encode."});
 }
 
-TEST_F(Recording, BeginsThroughItsImageWhereOneIsAskedFor) {
+TEST_F(Recording, StartsThroughItsImageIfTheFlagIsSet) {
     studio.run.RecordingFlag = flagSet;
     capture.CmdStart_Click();
-    EXPECT_EQ(sent().front(), "0.000 open new type waveaudio alias capture");
+    EXPECT_EQ(sent()[4], "0.000 open new type waveaudio alias capture");
 }
 
-TEST_F(Recording, LosesItsWordWithTheTimer) {
+TEST_F(Recording, LosesItsCaptionWithTheTimer) {
     desk.captions[RecordCaption::Label8] = "Stopped";
     desk.timer10 = true;
     capture.Timer10_Timer();
@@ -221,11 +220,11 @@ TEST_F(Recording, StartsTheMixer) {
 TEST_F(Recording, CopiesItsBoxToTheMainWindow) {
     desk.checks[RecordCheck::Check2] = true;
     capture.Check2_Click();
-    EXPECT_TRUE(commands.check1);
+    EXPECT_TRUE(mainDesk.check1);
 }
 
 TEST_F(Recording, ReturnsWhenTheProgramEnds) {
-    commands.onPlay = [this] { host.time.end(); };
+    mainDesk.onPlay = [this] { host.time.end(); };
     desk.checks[RecordCheck::Check2] = true;
     capture.Cmdrecord_Click();
     capture.Recordcontrol();

@@ -1,9 +1,11 @@
-// From a WAV to an MP3: the refusals, the record, the chunks and the ends.
+// From a WAV to an MP3: refusals, the configuration record, the chunks, and how an encoding ends.
 #include "recording/EncoderConfig.h"
 
 #include "RecordingStage.h"
 
 #include <gtest/gtest.h>
+
+#include <array>
 
 namespace velorin {
 namespace {
@@ -22,8 +24,8 @@ protected:
         host.encoder.outputSize = 16;
     }
     void takeWav(const std::string& content) { studio.run.WavFileName = write("a.wav", content); }
-    /// The calls behind the first.
-    Lines callsBehindInit() {
+    /// The calls after the first.
+    Lines callsAfterInit() {
         Lines calls = std::exchange(host.encoder.log, {});
         calls.erase(calls.begin());
         return calls;
@@ -45,7 +47,7 @@ TEST_F(Encoding, FillsTheRecordByteForByte) {
     }
 }
 
-TEST_F(Encoding, TellsTheErrorsOfTheLibrary) {
+TEST_F(Encoding, HasATextForEachErrorOfTheLibrary) {
     EXPECT_EQ(encoderErrorText(0), "No Error");
     EXPECT_EQ(encoderErrorText(1), "Invalid format");
     EXPECT_EQ(encoderErrorText(2), "Invalid format parameters");
@@ -55,7 +57,7 @@ TEST_F(Encoding, TellsTheErrorsOfTheLibrary) {
     EXPECT_EQ(encoderErrorText(6), "");
 }
 
-TEST_F(Encoding, ChangesTheExtensionBehindTheLastPoint) {
+TEST_F(Encoding, ChangesTheExtensionAfterTheLastPoint) {
     EXPECT_EQ(ChangeExtension("a.b.wav", "mp3"), "a.b.mp3");
     EXPECT_EQ(ChangeExtension("a", "mp3"), "mp3");
 }
@@ -91,13 +93,13 @@ TEST_F(Encoding, LeavesAFileThatIsGoneByThen) {
 }
 
 TEST_F(Encoding, MovesTheFileInChunksWithATailOfRepeatedSound) {
-    // 44 bytes of header and 12 of sound. 56 bytes are 7 chunks of 8, of which the sound fills one
-    // and a half; the others keep what the buffer held.
+    // 44 bytes of header and 12 of sound. 56 bytes are 7 chunks of 8. The sound fills one and a
+    // half of them; the others keep what the buffer held.
     takeWav(std::string(44, 'h') + "abcdefghijkl");
     encoding.Command20_Click();
     const std::string first = crcOf("abcdefgh");
     const std::string tail = crcOf("ijklefgh");
-    EXPECT_EQ(callsBehindInit(),
+    EXPECT_EQ(callsAfterInit(),
               (Lines{"chunk 4 " + first, "chunk 4 " + tail, "chunk 4 " + tail, "chunk 4 " + tail,
                      "chunk 4 " + tail, "chunk 4 " + tail, "chunk 4 " + tail, "flush", "close"}));
     EXPECT_EQ(read("a.mp3").size(), 7U * 4 + 2);
@@ -110,16 +112,16 @@ TEST_F(Encoding, MovesTheFileInChunksWithATailOfRepeatedSound) {
 TEST_F(Encoding, RoundsTheSamplesOfAnOddChunkToEven) {
     takeWav(std::string(44, 'h') + "abcde"); // 49 bytes: 6 chunks and a byte
     encoding.Command20_Click();
-    EXPECT_TRUE(callsBehindInit()[6].starts_with("chunk 0 "));
+    EXPECT_TRUE(callsAfterInit()[6].starts_with("chunk 0 "));
     takeWav(std::string(44, 'h') + "abcdefg"); // 51: 6 chunks and 3 bytes
     encoding.Command20_Click();
-    EXPECT_TRUE(callsBehindInit()[6].starts_with("chunk 2 "));
+    EXPECT_TRUE(callsAfterInit()[6].starts_with("chunk 2 "));
 }
 
 TEST_F(Encoding, OfAnEmptyFileIsTheFlushAlone) {
     takeWav("");
     encoding.Command20_Click();
-    EXPECT_EQ(callsBehindInit(), (Lines{"flush", "close"}));
+    EXPECT_EQ(callsAfterInit(), (Lines{"flush", "close"}));
     EXPECT_EQ(read("a.mp3"), "\xFF\xFE");
 }
 
@@ -142,7 +144,7 @@ TEST_F(Encoding, StoppedLeavesAShortMp3) {
     });
     encoding.Command20_Click();
     EXPECT_EQ(studio.run.EncodeCancelled, flagSet);
-    EXPECT_EQ(callsBehindInit().size(), 4U); // two chunks: the click comes behind the first
+    EXPECT_EQ(callsAfterInit().size(), 4U); // two chunks: the click comes after the first
     EXPECT_EQ(read("a.mp3").size(), 2U * 4 + 2);
 }
 
@@ -177,7 +179,7 @@ TEST_F(Encoding, KeepsAWavWhoseMp3TheDiskRefusesInTheEnd) {
 TEST_F(Encoding, KeepsAWavThatCouldNotBeRead) {
     desk.checks[RecordCheck::Check3] = true;
     takeWav(std::string(60, 'x'));
-    host.files.makeReadOnly(inFolder("a.wav")); // it is opened for both
+    host.files.makeReadOnly(inFolder("a.wav")); // it is opened for reading and writing
     encoding.Command20_Click();
     EXPECT_TRUE(host.files.canRead(inFolder("a.wav")));
     EXPECT_EQ(notices(),
@@ -217,13 +219,13 @@ TEST_F(Encoding, KeepsTheFileThatWasChosenMeanwhile) {
 TEST_F(Encoding, IsAnErrorWithoutTheProgramsFolder) {
     desk.checks[RecordCheck::Check3] = true;
     takeWav(std::string(60, 'x'));
-    commands.folderIsThere = false;
+    mainDesk.folderIsThere = false;
     encoding.Command20_Click();
     EXPECT_EQ(boxes(), Lines{"critical;Encoding error...;Path not found"});
     EXPECT_TRUE(host.files.canRead(inFolder("a.wav")));
 }
 
-TEST_F(Encoding, ThatTheProgramsEndCutsShortIsTold) {
+TEST_F(Encoding, ThatTheProgramsEndCutsShortIsReported) {
     takeWav(std::string(60, 'x'));
     in(0.0, [this] { in(0.0, [this] { host.time.end(); }); });
     encoding.Command20_Click();
@@ -232,7 +234,7 @@ TEST_F(Encoding, ThatTheProgramsEndCutsShortIsTold) {
                     "is kept: encode it again."});
 }
 
-TEST_F(Encoding, TellsOfAFailedBegin) {
+TEST_F(Encoding, ReportsAFailedStart) {
     takeWav(std::string(60, 'x'));
     host.encoder.failures["init"] = 2;
     encoding.Command20_Click();
@@ -246,12 +248,12 @@ TEST_F(Encoding, ClosesTheStreamOfAFailedChunk) {
     host.encoder.failures["chunk"] = 5;
     encoding.Command20_Click();
     EXPECT_EQ(boxes(), Lines{"critical;Encoding error...;Buffer too small"});
-    const Lines calls = callsBehindInit();
+    const Lines calls = callsAfterInit();
     ASSERT_EQ(calls.size(), 2U);
     EXPECT_EQ(calls[1], "close");
 }
 
-TEST_F(Encoding, AsksForABitrateAndGoesOn) {
+TEST_F(Encoding, ReportsAMissingBitrateAndGoesOn) {
     takeWav("");
     desk.lists[RecordList::Combo4] = -1;
     encoding.Command20_Click();
@@ -259,7 +261,7 @@ TEST_F(Encoding, AsksForABitrateAndGoesOn) {
     EXPECT_FALSE(host.encoder.log.empty());
 }
 
-TEST_F(Encoding, AsksForAQualityAndLeaves) {
+TEST_F(Encoding, ReportsAMissingQualityAndStops) {
     takeWav("");
     desk.lists[RecordList::Combo3] = -1;
     encoding.Command20_Click();

@@ -1,4 +1,6 @@
-// The player's buttons for the four kinds of files, and the loops behind them.
+// The player's buttons for the four kinds of files, and the loops that they start.
+#include "model/ScoreWriter.h"
+
 #include "RecordingStage.h"
 
 #include <gtest/gtest.h>
@@ -18,7 +20,7 @@ protected:
 
 TEST_F(Player, OpensAFileBetweenHidingAndShowingTheToolbars) {
     player.Cmd2_Click(0);
-    EXPECT_EQ(commands.log, (Lines{"HideToolbars", "ShowToolbars"}));
+    EXPECT_EQ(mainDesk.log, (Lines{"HideToolbars", "ShowToolbars"}));
     EXPECT_EQ(host.dialogs.log, Lines{"open;Open File;Midi, score, wav, mp3(*.sng;*.mid;*.wav;*mp3)"
                                       "|*.sng;*.mid;*.wav;*mp3;0"});
 }
@@ -31,22 +33,32 @@ TEST_F(Player, DoesNothingWithoutAnAnswer) {
 }
 
 TEST_F(Player, LoadsAChosenScoreAndRecordsFromIt) {
+    Score song;
+    song.NoteArray.write(2, 7, 60);
+    song.PolyArray.write(3, 8, 1);
+    song.Tempo = 144;
+    const std::string name = write("Song.SNG", scoreText(song));
     desk.sourceIsMid = true;
-    chooseFile(" Song.SNG ");
-    EXPECT_EQ(commands.log, Lines{"OpenFile Song.SNG"});
+    chooseFile(" " + name + " ");
+    EXPECT_EQ(studio.score.NoteArray.read(2, 7), 60);
+    EXPECT_EQ(studio.score.Tempo, 144);
+    EXPECT_EQ(studio.score.PolyArray, Score().PolyArray) << "its chord marks stay in the file";
+    EXPECT_EQ(studio.score.CurrentFileName, "") << "only the open command names the score";
     EXPECT_FALSE(desk.sourceIsMid);
-    EXPECT_EQ(studio.run.WavFileName, "Song.SNG");
-    EXPECT_EQ(desk.texts[RecordText::Text6], "Song.SNG");
+    EXPECT_EQ(studio.run.WavFileName, name);
+    EXPECT_EQ(desk.texts[RecordText::Text6], name);
 }
 
 TEST_F(Player, RecordsFromAChosenMidAndLeavesTheSourceForTheRest) {
+    studio.score.NoteArray.write(2, 7, 60);
     chooseFile("a.mid");
     EXPECT_TRUE(desk.sourceIsMid);
     chooseFile("a.wav");
     EXPECT_TRUE(desk.sourceIsMid);
     chooseFile("b.mp3");
     EXPECT_TRUE(desk.sourceIsMid);
-    EXPECT_TRUE(commands.log.empty());
+    EXPECT_TRUE(mainDesk.log.empty());
+    EXPECT_EQ(studio.score.NoteArray.read(2, 7), 60) << "no score is opened";
 }
 
 TEST_F(Player, PlaysAWavToItsEnd) {
@@ -118,8 +130,8 @@ TEST_F(Player, NestsALoopForEveryClickAndEndsOnlyTheInnermost) {
               3); // at the start, and at the end of each loop
 }
 
-// Ten thousand presses of Stop, each in the wait of the loop before: the last handler is no deeper
-// on the stack than the first, and the sound is asked for as often as by one loop.
+// Ten thousand presses of Stop, each in the wait of the loop before. The last handler is no deeper
+// on the stack than the first, and the device is polled as often as by one loop.
 TEST_F(Player, TakesNoStackAndNoTimeForTheLoopsOfManyClicks) {
     constexpr int presses = 10'000;
     desk.texts[RecordText::Text6] = "a.wav";
@@ -150,13 +162,13 @@ TEST_F(Player, TakesNoStackAndNoTimeForTheLoopsOfManyClicks) {
               presses + 1);
 }
 
-// Each loop has stopped at a reading of the one stopwatch, which each click restarts; it goes on
-// when that reading comes again. The clicks of "Play" leave the end of a pause to do.
+// All loops share a stopwatch, and each click restarts it. A waiting loop goes on when the reading
+// at which it stopped comes again. Only a click on Play clears the pause when its loop ends.
 TEST_F(Player, EndsTheLoopsOfManyClicksOneByOne) {
     desk.texts[RecordText::Text6] = "a.wav";
     host.mci.reply("status sound length", 0, "100");
     host.mci.reply("status sound position", 0, "10");
-    std::vector<std::int16_t> flags;
+    std::vector<Flag> flags;
     in(0.15, [this] { player.Cmd2_Click(2); }); // at 0.15 of the first
     in(0.40, [&] {
         player.Cmd2_Click(1); // at 0.25 of the second
@@ -171,11 +183,11 @@ TEST_F(Player, EndsTheLoopsOfManyClicksOneByOne) {
             polls.push_back(line.substr(0, 5));
     }
     EXPECT_EQ(polls, (Lines{"0.100", "0.250", "0.350", "0.500", "0.700", "0.700"}));
-    EXPECT_EQ(flags, (std::vector<std::int16_t>{flagClear})) << "the third click was a Play";
+    EXPECT_EQ(flags, (std::vector<Flag>{flagClear})) << "the third click was a Play";
     EXPECT_EQ(studio.run.PlayerPaused, flagClear);
 }
 
-// What a click has begun in between waits for the loop, which a click in that has begun.
+// A handler that is not a loop waits for the loop that a click in its wait has started.
 TEST_F(Player, NestsALoopThatIsBegunInTheWaitOfSomethingElse) {
     desk.texts[RecordText::Text6] = "a.wav";
     bool isOver = false;
@@ -204,14 +216,26 @@ TEST_F(Player, PausesAndResumesAWavByTheFlag) {
     EXPECT_EQ(sent().front(), "0.100 resume sound");
 }
 
-TEST_F(Player, HandsAScoreToTheMainWindow) {
+TEST_F(Player, PlaysAndStopsAScoreByTheSequencer) {
+    session.sequencer.PlayTimer = session.watch.StopWatchNew();
+    studio.score.NoteArray.write(0, 500, 60);
     desk.texts[RecordText::Text6] = "a.SNG";
     desk.captions[RecordCaption::Status] = "5 %";
-    player.Cmd2_Click(1);
-    player.Cmd2_Click(2);
-    player.Cmd2_Click(3);
-    EXPECT_EQ(commands.log,
-              (Lines{"PlayAndStop_Click 0", "PlayAndStop_Click 0", "PlayAndStop_Click 1"}));
+    const auto playedFrom = [this](int button) {
+        in(1.0, [this] {
+            EXPECT_EQ(studio.run.IsPlaying, flagSet);
+            player.Cmd2_Click(3);
+            EXPECT_EQ(studio.run.IsPlaying, flagClear);
+        });
+        player.Cmd2_Click(button);
+        return std::exchange(mainDesk.log, {});
+    };
+    // It is locked at the start, and unlocked by the click that stops it and at its end.
+    const Lines started{"tableaux 0", "tableaux 1", "tableaux 1"};
+    EXPECT_EQ(playedFrom(1), started);
+    EXPECT_EQ(playedFrom(2), started) << "a pause of a score that stands still starts it";
+    in(0.5, [this] { player.Cmd2_Click(2); });
+    EXPECT_EQ(playedFrom(1), started) << "one that plays goes on";
     EXPECT_EQ(desk.captions[RecordCaption::Status], "5 %");
 }
 
@@ -227,67 +251,6 @@ TEST_F(Player, HasNoEffectWithoutAFileButTheClearingByStop) {
     EXPECT_EQ(desk.barWidth, 1.0);
     EXPECT_EQ(studio.run.SoundFinished, flagClear);
     EXPECT_TRUE(sent().empty());
-}
-
-TEST_F(Player, RunsAMidFileToItsEnd) {
-    desk.texts[RecordText::Text6] = write("A.mid", "MThd");
-    setup.setCombo2(1);
-    host.mci.reply("status midi length", 0, "40");
-    host.mci.reply("status midi position", 0, "10");
-    in(0.3, [this] { host.mci.reply("status midi position", 0, "40"); });
-    player.Cmd2_Click(1);
-    const std::string name = inFolder("a.mid");
-    EXPECT_EQ(sent(), (Lines{"0.000 status midi mode", "0.000 stop midi", "0.000 close midi",
-                             "0.000 open sequencer!" + name + " alias midi", "0.000 play midi",
-                             "0.250 status midi length", "0.250 status midi position",
-                             "0.500 status midi length", "0.500 status midi position"}));
-    EXPECT_EQ(commands.log, (Lines{"openMidiOutput 2", "Command32_Click"}));
-    EXPECT_EQ(desk.statuses, (Lines{"25 %", "100 %", ""}));
-    EXPECT_EQ(studio.run.SoundFinished, flagSet);
-}
-
-TEST_F(Player, PausesAndResumesAMidByItsMode) {
-    desk.texts[RecordText::Text6] = write("a.mid", "MThd");
-    host.mci.reply("status midi length", 0, "40");
-    host.mci.reply("status midi position", 0, "40");
-    player.Cmd2_Click(2);
-    EXPECT_EQ(sent()[1], "0.000 pause midi");
-    host.mci.reply("status midi mode", 0, "paused");
-    player.Cmd2_Click(2);
-    EXPECT_EQ(sent()[1], "0.250 resume midi");
-}
-
-TEST_F(Player, LeavesAMissingMidAlone) {
-    desk.texts[RecordText::Text6] = inFolder("a.mid");
-    player.Cmd2_Click(1);
-    EXPECT_TRUE(sent().empty());
-}
-
-TEST_F(Player, StopsAMidAndClearsTheProgress) {
-    desk.texts[RecordText::Text6] = "a.mid";
-    desk.barWidth = 20.0;
-    player.Cmd2_Click(3);
-    EXPECT_EQ(sent(), (Lines{"0.000 stop midi", "0.000 close midi"}));
-    EXPECT_EQ(desk.barWidth, 1.0);
-}
-
-TEST_F(Player, PollsNothingOfAMidUnderAnotherName) {
-    desk.texts[RecordText::Text6] = "a.wav";
-    player.midipos();
-    EXPECT_TRUE(sent().empty());
-}
-
-TEST_F(Player, EndsARecordingWithTheMidFile) {
-    desk.texts[RecordText::Text6] = write("a.mid", "MThd");
-    studio.run.RecordingFlag = flagSet;
-    studio.run.SoundFinished = flagSet;
-    studio.run.WavFileName = "r.wav";
-    host.mci.reply("status midi length", 0, "40");
-    host.mci.reply("status midi position", 0, "40");
-    player.RunMidiFile();
-    EXPECT_EQ(studio.run.RecordingFlag, flagClear);
-    const Lines all = sent();
-    EXPECT_NE(std::find(all.begin(), all.end(), "0.250 save capture r.wav"), all.end());
 }
 
 } // namespace

@@ -10,8 +10,8 @@ namespace {
 
 class Mp3 : public testing::Test, protected RecordingStage {
 protected:
-    /// A device of 250 frames in 10 seconds, 25 frames a second. The questions for frames and for
-    /// milliseconds are the same string, so both lengths are told as a number that fits both.
+    /// A device of 250 frames in 10 seconds, 25 frames a second. The same string asks for frames
+    /// and for milliseconds, so one answer serves for both lengths.
     void answerAt(const char* position) { host.mci.reply("status audiomp3 position", 0, position); }
 };
 
@@ -114,7 +114,7 @@ TEST_F(Mp3, ResumesWithoutALoopOfItsOwn) {
     EXPECT_TRUE(desk.picture5);
 }
 
-TEST_F(Mp3, ThatNeverPlayedStartsOnlyWithTheSecondPlayBehindAPause) {
+TEST_F(Mp3, ThatNeverPlayedStartsOnlyWithTheSecondPlayAfterAPause) {
     desk.texts[RecordText::Text6] = "a.mp3";
     host.mci.reply("", 263, "");
     player.Cmd2_Click(2);

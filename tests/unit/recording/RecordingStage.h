@@ -1,17 +1,16 @@
-// The whole recording logic on a scripted host, with a desk of plain values for its window.
+// The whole recording logic in a session on a scripted host, with fakes of its window and of the
+// main window.
 #pragma once
 
-#include "playback/StopWatch.h"
 #include "recording/Capture.h"
 #include "recording/FilePlayer.h"
 #include "recording/Mp3Encoding.h"
 #include "recording/Mp3Player.h"
-#include "recording/RecordCommands.h"
 #include "recording/RecordDesk.h"
 #include "recording/RecordingFormats.h"
 #include "recording/modMultimedia.h"
-#include "score/PlainSetup.h"
-#include "score/Studio.h"
+#include "session/Session.h"
+#include "studio/NoDesk.h"
 #include "support/ScriptedPlatform.h"
 
 #include <fstream>
@@ -38,7 +37,7 @@ struct PlainRecordDesk final : RecordDesk {
     bool sourceIsMid = false;
     RecordPicture rec = RecordPicture::RecUP;
     bool picture5 = false;
-    double barWidth = 1.0; ///< of a track of 300
+    double barWidth = 1.0; ///< the track's width is 300
     bool timer10 = false;
     std::vector<bool> topMost;
     Lines statuses; ///< every caption that `Status` got
@@ -75,43 +74,67 @@ struct PlainRecordDesk final : RecordDesk {
     void disableTimer10() override { timer10 = false; }
     void setTopMost(bool top) override { topMost.push_back(top); }
     std::int32_t picMP3Handle() override { return 77; }
+
+    Lines news;
+    std::vector<double> shares; ///< of the encodings
+    void recordingBegun(const std::string& wav, int bytesPerSecond, bool fromScore) override {
+        news.push_back("recording " + wav + " " + std::to_string(bytesPerSecond) +
+                       (fromScore ? " of the score" : ""));
+    }
+    void recordingEnded(const std::string& wav) override { news.push_back("recorded " + wav); }
+    void encodingBegun(const std::string& name) override { news.push_back("encoding " + name); }
+    void encodingAt(double share) override { shares.push_back(share); }
+    void encodingEnded(const MadeMp3& made) override {
+        news.push_back("made " + made.mp3 + (made.isWhole ? "" : ", not whole") +
+                       (made.isStopped ? ", stopped" : "") + "; " + made.flaw);
+    }
+    void explain(const std::string& lines) override { news.push_back("hint " + lines); }
 };
 
-/// Writes down what is asked of the main window.
-struct LoggedRecordCommands final : RecordCommands {
+/// Logs what is asked of the main window.
+struct LoggedDesk final : NoDesk {
     Lines log;
-    std::function<void()> onPlay;
+    std::function<void()> onPlay; ///< runs when a score begins to play; takes the score's time
+    std::function<void()> endRecording; ///< ends the recording when the score is over
     bool check1 = false;
     bool folderIsThere = true;
 
-    void Command32_Click() override { log.emplace_back("Command32_Click"); }
-    void StopallSound() override { log.emplace_back("StopallSound"); }
-    void PlayAndStop_Click(int index) override {
-        log.push_back("PlayAndStop_Click " + std::to_string(index));
-        if (index == 0 && onPlay)
-            onPlay();
-    }
-    void OpenFile(const std::string& name) override { log.push_back("OpenFile " + name); }
     void HideToolbars() override { log.emplace_back("HideToolbars"); }
     void ShowToolbars() override { log.emplace_back("ShowToolbars"); }
     void setCheck1(bool checked) override { check1 = checked; }
     void setChkgraphics(bool checked) override {
         log.emplace_back(checked ? "chkgraphics 1" : "chkgraphics 0");
     }
-    void openMidiOutput(int index) override {
-        log.push_back("openMidiOutput " + std::to_string(index));
+    /// "Stop all" sets the number of the instrument that it sends again.
+    void setText(MainText box, const std::string& text) override {
+        if (box == MainText::Instxt)
+            log.push_back("Instxt " + text);
+    }
+    /// Locked when a score begins to play, unlocked at its end and by a stop.
+    void enableTableaux(bool enabled) override {
+        log.emplace_back(enabled ? "tableaux 1" : "tableaux 0");
+        if (!enabled && onPlay)
+            onPlay();
+    }
+    void Recordcontrol() override {
+        if (endRecording)
+            endRecording();
     }
     bool changeToProgramFolder() override { return folderIsThere; }
 };
 
+/// The sequencer has no stopwatch, so a score is over as soon as it begins. The time that passes in
+/// `onPlay` stands for its length.
 struct RecordingStage {
     RecordingStage() {
+        studio.desk = &mainDesk;
+        mainDesk.endRecording = [this] { capture.Recordcontrol(); };
         studio.run.SongsFolder = host.folder.path().string();
         player.Recordcontrol = [this] { capture.Recordcontrol(); };
         player.makeStopWatches();
     }
 
-    /// A file in the folder of the test; returns its whole name.
+    /// Writes a file into the folder of the test and returns its full name.
     std::string write(const std::string& name, const std::string& bytes) {
         const std::string path = inFolder(name);
         std::ofstream(path, std::ios::binary) << bytes;
@@ -139,16 +162,15 @@ struct RecordingStage {
     }
 
     scripted::ScriptedPlatform host;
-    PlainSetup setup;
-    Studio studio{host.platform, setup};
-    StopWatch watch{host.time, host.time};
+    Session session{host.platform};
+    Studio& studio = session.studio;
     PlainRecordDesk desk;
-    LoggedRecordCommands commands;
+    LoggedDesk mainDesk;
     modMultimedia media{host.platform, desk};
-    Mp3Player mp3{studio, media, watch, desk};
-    FilePlayer player{studio, mp3, watch, desk, commands};
-    Mp3Encoding encoding{studio, desk, commands};
-    Capture capture{studio, player, encoding, desk, commands};
+    Mp3Player mp3{studio, media, session.watch, desk};
+    FilePlayer player{session, mp3, desk};
+    Mp3Encoding encoding{studio, desk};
+    Capture capture{session, player, encoding, desk};
 };
 
 } // namespace velorin

@@ -23,22 +23,22 @@ TEST_F(FileIo, MakesAFileThatIsNotThere) {
 
 TEST_F(FileIo, KeepsWhatAFileHoldsBeyondWhatIsWritten) {
     const std::string name = write("old.mp3", "123456");
-    file.OpenFile(name);
-    file.WriteBytes("ab", 2);
-    file.CloseFile();
+    EXPECT_TRUE(file.OpenFile(name).isSet());
+    EXPECT_TRUE(file.WriteBytes("ab", 2).isSet());
+    EXPECT_TRUE(file.CloseFile().isSet());
     EXPECT_EQ(read("old.mp3"), "ab3456");
 }
 
 TEST_F(FileIo, HasEveryBlockInTheFileAtOnce) {
-    file.OpenFile(inFolder("a.mp3"));
-    file.WriteBytes("ab", 2);
+    EXPECT_TRUE(file.OpenFile(inFolder("a.mp3")).isSet());
+    EXPECT_TRUE(file.WriteBytes("ab", 2).isSet());
     EXPECT_EQ(read("a.mp3"), "ab");
-    file.WriteBytes("cd", 2);
+    EXPECT_TRUE(file.WriteBytes("cd", 2).isSet());
     EXPECT_EQ(read("a.mp3"), "abcd");
 }
 
 TEST_F(FileIo, ReadsShortAtTheEndAndLeavesTheRestOfTheBuffer) {
-    file.OpenFile(write("a.wav", "abcde"));
+    EXPECT_TRUE(file.OpenFile(write("a.wav", "abcde")).isSet());
     std::string buffer = "------";
     EXPECT_EQ(file.ReadBytes(buffer.data(), 4), flagSet);
     EXPECT_EQ(buffer, "abcd--");
@@ -56,14 +56,14 @@ TEST_F(FileIo, DoesNothingWithoutAFile) {
     EXPECT_EQ(buffer, "--");
 }
 
-TEST_F(FileIo, TellsOfAFileThatCannotBeOpened) {
+TEST_F(FileIo, ReportsAFileThatCannotBeOpened) {
     host.files.makeReadOnly(inFolder("locked.mp3"));
     EXPECT_EQ(file.OpenFile(inFolder("locked.mp3")), flagClear);
     EXPECT_EQ(file.name(), inFolder("locked.mp3"));
 }
 
 TEST_F(FileIo, WritesTheHeaderOfASecondOfStereo) {
-    file.OpenFile(inFolder("a.wav"));
+    EXPECT_TRUE(file.OpenFile(inFolder("a.wav")).isSet());
     EXPECT_EQ(file.writeWavHeader(176400), flagSet); // 2B110 hex; with 36 more 2B134
     const std::string expected("RIFF\x34\xB1\x02\x00WAVEfmt \x10\x00\x00\x00\x01\x00\x02\x00"
                                "\x44\xAC\x00\x00\x10\xB1\x02\x00\x04\x00\x10\x00"

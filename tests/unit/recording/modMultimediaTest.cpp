@@ -40,7 +40,7 @@ TEST_F(Multimedia, PlaysAPartWithoutAskingForTheLength) {
     EXPECT_EQ(sent(), Lines{"0.000 play audiomp3 from 10 to 20"});
 }
 
-TEST_F(Multimedia, TellsAFailedLengthAsMinusOne) {
+TEST_F(Multimedia, ReportsAFailedLengthAsMinusOne) {
     host.mci.reply("status audiomp3 length", 263, "99");
     EXPECT_EQ(media.mmGetLength("audiomp3"), -1);
     EXPECT_EQ(media.mmGetLengthMs("audiomp3"), -1);
@@ -74,7 +74,7 @@ TEST_F(Multimedia, HasNoFramesPerSecondOfALengthOfZero) {
     EXPECT_EQ(media.mmGetFramesPerSecond("audiomp3"), std::nullopt);
 }
 
-TEST_F(Multimedia, StandsAtItsEndFromTheLastFrameOn) {
+TEST_F(Multimedia, IsAtItsEndFromTheLastFrameOn) {
     host.mci.reply("status audiomp3 position", 0, "100");
     std::int32_t length = 100;
     EXPECT_EQ(media.mmIsAtEnd("audiomp3", length), flagSet);
@@ -106,7 +106,7 @@ TEST_F(Multimedia, ShowsTheHeaderOfAFileInThreeLabels) {
     EXPECT_EQ(desk.captions[RecordCaption::lblmode], "mono");
 }
 
-TEST_F(Multimedia, LeavesTheRateThatStandsForNothing) {
+TEST_F(Multimedia, LeavesTheLabelForTheReservedRate) {
     desk.captions[RecordCaption::lblKhz] = "32";
     media.mmReadMp3Header(write("a.mp3", "\xFF\xFB\x9C\x64"));
     EXPECT_EQ(desk.captions[RecordCaption::lblKhz], "32");

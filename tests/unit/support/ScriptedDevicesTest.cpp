@@ -1,4 +1,4 @@
-// What the scripted devices, files and dialogs write down and refuse.
+// The logs and the refusals of the scripted devices, files and dialogs.
 #include "support/ScriptedPlatform.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-// The encoder library of a test.
+// The scripted encoder.
 #include "support/ScriptedEncoder.h"
 
 #include <gtest/gtest.h>

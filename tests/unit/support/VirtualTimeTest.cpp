@@ -1,4 +1,4 @@
-// Where the clock of a test goes, and what runs on the way.
+// The virtual clock and the order of planned actions.
 #include "support/VirtualTime.h"
 
 #include <gtest/gtest.h>

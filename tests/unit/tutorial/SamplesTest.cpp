@@ -1,10 +1,10 @@
 // The stored samples: what each holds, and that the MID file is the export of its score.
-#include "resources/Samples.h"
+#include "tutorial/Samples.h"
 
-#include "score/MidiExport.h"
-#include "score/PlainSetup.h"
-#include "score/Score.h"
-#include "score/ScoreReader.h"
+#include "model/MidiExport.h"
+#include "model/RowOptions.h"
+#include "model/Score.h"
+#include "model/ScoreReader.h"
 
 #include <gtest/gtest.h>
 
@@ -19,7 +19,7 @@ std::string content(const Sample& sample) {
     return {sample.bytes.begin(), sample.bytes.end()};
 }
 
-/// The lines of a sample without their ends, which are all CR LF.
+/// The lines of a sample without their line ends, which are all CR LF.
 std::vector<std::string> linesOf(const std::string& name) {
     const Sample* sample = findSample(name);
     if (sample == nullptr)
@@ -54,7 +54,7 @@ using Rows = std::map<int, RowOfSample>;
 /// The rows with notes. A row has one instrument, on its notes alone.
 Rows rowsOf(const std::string& name) {
     const std::vector<std::string> lines = linesOf(name);
-    EXPECT_EQ(lines.size(), 28U) << name; // the file ends behind the row instruments
+    EXPECT_EQ(lines.size(), 28U) << name; // the file ends after the row instruments
     Rows rows;
     const std::vector<int> rowInstruments = numbers(lines.at(27));
     EXPECT_EQ(rowInstruments.size(), 13U);
@@ -109,7 +109,7 @@ TEST(SamplesTest, TheMelodyOfTheFirstLessonIsWrittenOut) {
               "1062,63,65,67,1067,1067,1067,1067,1067,1067,1067");
 }
 
-/// The keys that sound in a column, with those that are held; percussion left out.
+/// The keys that sound in a column, also held ones, without percussion.
 std::vector<int> keysIn(const std::vector<std::string>& lines, std::size_t column) {
     std::vector<int> keys;
     for (std::size_t row = 0; row < 8; ++row) {
@@ -141,7 +141,7 @@ TEST(SamplesTest, TheMidFileHasFourteenTracksAtOneSecondAQuarter) {
 }
 
 TEST(SamplesTest, TheMidFileIsWhatTheExportWritesForItsScore) {
-    PlainSetup setup;
+    const RowOptions setup;
     Score score;
     score.ClearNoteArrays();
     std::ifstream file(VELORIN_SAMPLES "/333.sng", std::ios::binary);

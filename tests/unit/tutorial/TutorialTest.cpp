@@ -1,14 +1,18 @@
-// The step procedure: the hint first, then the acts in their order, whatever happens meanwhile.
+// A step of the tutorial: first the hint, then the acts in order, whatever other handlers do.
 #include "tutorial/Tutorial.h"
 
 #include "RecordingWizardDesk.h"
-#include "score/PlainSetup.h"
-#include "score/Studio.h"
+#include "session/Session.h"
 #include "support/ScriptedPlatform.h"
 #include "tutorial/Lesson.h"
 #include "tutorial/WizardView.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 
 namespace velorin {
 namespace {
@@ -27,6 +31,8 @@ struct PlainView final : WizardView {
     float Left() override { return 2670.0F; }
     float Top() override { return 2235.0F; }
     float labelTop(int, int step) override { return 750.0F + 360.0F * static_cast<float>(step); }
+    std::vector<std::pair<int, int>> done;
+    void stepDone(int lesson, int step) override { done.emplace_back(lesson, step); }
     bool showLesson(const std::string& text, float leftGiven, float topGiven) override {
         hints.push_back(text);
         left = leftGiven;
@@ -42,19 +48,48 @@ struct PlainView final : WizardView {
 class TutorialTest : public testing::Test {
 protected:
     scripted::ScriptedPlatform host;
-    PlainSetup setup;
-    Studio studio{host.platform, setup};
+    Session session{host.platform};
     RecordingWizardDesk desk;
     PlainView view;
-    Tutorial tutorial{studio, desk, view};
+    Tutorial tutorial{session, desk, view};
 
+    void SetUp() override { std::filesystem::create_directory(host.folder.path() / "media"); }
+
+    /// The name as the program makes it.
     [[nodiscard]] std::string sample(const std::string& name) const {
         return host.platform.programFolder + "/media/" + name;
     }
+    [[nodiscard]] std::filesystem::path onDisk(const std::string& name) const {
+        return host.folder.path() / "media" / name;
+    }
+    void write(const std::string& name, const std::string& text) const {
+        std::ofstream(onDisk(name), std::ios::binary) << text;
+    }
+    [[nodiscard]] bool isOnDisk(const std::string& name) const {
+        return std::filesystem::exists(onDisk(name));
+    }
+    [[nodiscard]] std::size_t filesOnDisk() const {
+        const std::filesystem::directory_iterator files(host.folder.path() / "media");
+        return static_cast<std::size_t>(std::distance(begin(files), end(files)));
+    }
+
+    /// The cells of the first row, columns [0, 5).
+    [[nodiscard]] std::vector<int> firstCells() const {
+        std::vector<int> cells;
+        for (int column = 0; column < 5; ++column)
+            cells.push_back(session.studio.score.NoteArray.at(0, column));
+        return cells;
+    }
+    /// A note in a place that no sample writes to. Every clear of the score removes it.
+    void drawNote() { session.studio.score.NoteArray.write(5, 900, 60); }
+    [[nodiscard]] bool hasNote() const { return session.studio.score.NoteArray.at(5, 900) == 60; }
+
+    /// Channel 2 (row 1) is selected by the third step of the lesson Composition.
+    [[nodiscard]] bool isChannel2Selected() { return session.studio.setup.TrackSel(1); }
 };
 
 TEST_F(TutorialTest, AStepIsExplainedBeforeItIsPerformed) {
-    view.onHint = [this] { EXPECT_TRUE(desk.log.empty()); };
+    view.onHint = [this] { EXPECT_FALSE(isChannel2Selected()); };
     tutorial.L1_Click(2);
     ASSERT_EQ(view.hints.size(), 1U);
     EXPECT_EQ(view.hints[0],
@@ -63,10 +98,12 @@ TEST_F(TutorialTest, AStepIsExplainedBeforeItIsPerformed) {
               "Click Channel 2 in the Instrument group, to open it.\r\n"
               "Close this window to continue. (Double-click on it or click the X button).This step "
               "will then be performed automatically.");
-    EXPECT_EQ(desk.log, Lines{"TrackSel(1) 1"});
+    EXPECT_TRUE(isChannel2Selected());
+    EXPECT_FALSE(session.studio.setup.TrackSel(0));
+    EXPECT_TRUE(desk.log.empty());
 }
 
-TEST_F(TutorialTest, TheHintStandsByTheWizardBelowTheStep) {
+TEST_F(TutorialTest, TheHintIsNextToTheWizardBelowTheStep) {
     tutorial.L1_Click(2);
     EXPECT_EQ(view.left, 2670.0F - 500.0F);
     EXPECT_EQ(view.top, 2235.0F + 750.0F + 720.0F + 1500.0F);
@@ -76,44 +113,117 @@ TEST_F(TutorialTest, AStepThatTheUserDeclinesIsNotPerformed) {
     view.goesOn = false;
     tutorial.L1_Click(2);
     EXPECT_EQ(view.hints.size(), 1U);
+    EXPECT_FALSE(isChannel2Selected());
     EXPECT_TRUE(desk.log.empty());
 }
 
 TEST_F(TutorialTest, WithoutTipsAStepIsPerformedAtOnce) {
     view.showsTips = false;
+    session.studio.score.CurrentFileName = "mine.sng";
+    session.studio.score.CurrentRow = 3;
+    drawNote();
     tutorial.L1_Click(0);
     EXPECT_TRUE(view.hints.empty());
-    EXPECT_EQ(desk.log, Lines{"Command4_Click"});
+    EXPECT_FALSE(hasNote());
+    EXPECT_EQ(session.studio.score.CurrentFileName, "");
+    EXPECT_EQ(session.studio.score.CurrentRow, 0);
+    EXPECT_TRUE(desk.log.empty());
     EXPECT_EQ(host.time.now(), 0);
 }
 
+TEST_F(TutorialTest, AStepIsDoneAtItsEndAndNotIfTheUserDeclinesIt) {
+    view.onHint = [this] { EXPECT_TRUE(view.done.empty()); };
+    tutorial.L1_Click(2);
+    EXPECT_EQ(view.done, (std::vector<std::pair<int, int>>{{LessonIndex::composition, 2}}));
+    view.onHint = {};
+    view.goesOn = false;
+    tutorial.L1_Click(3);
+    EXPECT_EQ(view.done.size(), 1U);
+}
+
+TEST_F(TutorialTest, AStepThatTheProgramEndsInIsNotDone) {
+    view.showsTips = false;
+    desk.onMouseDown = [this] { host.time.end(); };
+    tutorial.L1E_Click(0);
+    EXPECT_TRUE(view.done.empty());
+}
+
+TEST_F(TutorialTest, ALessonThatBeginsInSelectModePressesTheModeButtonFirst) {
+    view.showsTips = false;
+    for (int lesson = 0; lesson < lessonCount; ++lesson) {
+        session.studio.run.EditMode = editMode::select;
+        desk.log.clear();
+        tutorial.performStep(lesson, 0);
+        ASSERT_FALSE(desk.log.empty()) << lesson;
+        EXPECT_EQ(desk.log[0], "toggleEditMode") << lesson;
+    }
+}
+
+TEST_F(TutorialTest, StepsThatDrawSingleNotesPressTheModeButtonFirst) {
+    view.showsTips = false;
+    for (const int step : {2, 3, 4}) {
+        session.studio.run.EditMode = editMode::select;
+        desk.log.clear();
+        tutorial.L1E_Click(step);
+        EXPECT_EQ(std::count(desk.log.begin(), desk.log.end(), "toggleEditMode"), 1) << step;
+        EXPECT_EQ(desk.log[0], "toggleEditMode") << step;
+    }
+    session.studio.run.EditMode = editMode::select;
+    desk.log.clear();
+    tutorial.L1E_Click(7); // selects columns
+    EXPECT_EQ(std::count(desk.log.begin(), desk.log.end(), "toggleEditMode"), 0);
+}
+
+TEST_F(TutorialTest, ActivatingTheEditingModeNeverSwitchesItOff) {
+    view.showsTips = false;
+    tutorial.L1E_Click(6);
+    EXPECT_EQ(desk.log, (Lines{"toggleEditMode"}));
+    session.studio.run.EditMode = editMode::select;
+    tutorial.L1E_Click(6);
+    EXPECT_EQ(desk.log.size(), 3U); // off and on again
+}
+
 TEST_F(TutorialTest, AStepThatTheLessonDoesNotHaveDoesNothing) {
+    drawNote();
+    const auto changes = session.studio.score.NoteArray.changes();
     tutorial.L1_Click(8);
     tutorial.L1_Click(-1);
     EXPECT_TRUE(view.hints.empty());
     EXPECT_TRUE(desk.log.empty());
+    EXPECT_EQ(session.studio.score.NoteArray.changes(), changes);
+    EXPECT_FALSE(isChannel2Selected());
 }
 
 TEST_F(TutorialTest, ASampleThatIsMissingIsWrittenFirstAndDeletedOnceLoaded) {
     view.showsTips = false;
     tutorial.L1_Click(1);
-    EXPECT_EQ(desk.log, (Lines{"ExtractSamples", "OpenFile " + sample("101.sng"),
-                               "p_DestroyFile " + sample("101.sng")}));
+    EXPECT_EQ(firstCells(), (std::vector<int>{60, 60, 60, 60, 58}));
+    EXPECT_EQ(session.studio.score.Tempo, 70);
+    EXPECT_FALSE(isOnDisk("101.sng"));
+    EXPECT_TRUE(isOnDisk("102.sng"));
+    EXPECT_EQ(filesOnDisk(), 11U); // of twelve
+    EXPECT_EQ(host.time.now(), nanosecondsPerSecond / 5);
+    EXPECT_TRUE(desk.log.empty());
 }
 
-TEST_F(TutorialTest, ASampleThatIsThereIsLoadedAsItIs) {
+TEST_F(TutorialTest, AnExistingSampleIsLoadedAsItIs) {
     view.showsTips = false;
-    desk.files.insert(sample("101.sng"));
+    write("101.sng", "65,65,1065");
     tutorial.L1_Click(1);
-    EXPECT_EQ(desk.log,
-              (Lines{"OpenFile " + sample("101.sng"), "p_DestroyFile " + sample("101.sng")}));
+    EXPECT_EQ(firstCells(), (std::vector<int>{65, 65, 1065, -1, -1}));
+    EXPECT_EQ(filesOnDisk(), 0U); // the others are not written, and this one is deleted
+    EXPECT_TRUE(desk.log.empty());
 }
 
 TEST_F(TutorialTest, TheMidFileStaysSoThatItCanBePlayed) {
     view.showsTips = false;
+    drawNote();
     tutorial.L1R_Click(7);
-    EXPECT_EQ(desk.log, (Lines{"ExtractSamples", "OpenFile " + sample("333.mid"),
-                               "Text6 " + sample("333.mid"), "Optsourcemid"}));
+    EXPECT_FALSE(hasNote()); // it is opened like a score
+    EXPECT_EQ(filesOnDisk(), 12U);
+    EXPECT_EQ(std::filesystem::file_size(onDisk("333.mid")), 597U);
+    EXPECT_EQ(desk.log, (Lines{"Text6 " + sample("333.mid"), "Optsourcemid"}));
+    EXPECT_EQ(host.time.now(), 0);
 }
 
 TEST_F(TutorialTest, APauseLastsHalfASecondAndServesEvents) {
@@ -124,7 +234,7 @@ TEST_F(TutorialTest, APauseLastsHalfASecondAndServesEvents) {
     EXPECT_EQ(host.time.now(), nanosecondsPerSecond / 2);
 }
 
-TEST_F(TutorialTest, ScriptedClicksHaveTheHourglassAndAPauseBehindEach) {
+TEST_F(TutorialTest, ScriptedClicksHaveTheHourglassAndAPauseAfterEach) {
     view.showsTips = false;
     tutorial.L1E_Click(2);
     EXPECT_EQ(desk.log,
@@ -141,12 +251,26 @@ TEST_F(TutorialTest, AScriptedDragMovesOnTheSpotAndThenOn) {
     EXPECT_EQ(host.time.now(), nanosecondsPerSecond / 2);
 }
 
+TEST_F(TutorialTest, TheActsOnTheSessionAndOnTheWindowsRunInOneOrder) {
+    view.showsTips = false;
+    drawNote();
+    desk.onMouseDown = [this] { EXPECT_FALSE(hasNote()); }; // the clear is the first act
+    tutorial.L1E_Click(0);
+    EXPECT_EQ(desk.log.size(), 20U); // nine presses and releases, inside the hourglass
+    EXPECT_EQ(desk.log[1], "down 1 at 8,87");
+}
+
 TEST_F(TutorialTest, AStepThatIsClickedDuringAnotherRunsInsideIt) {
     view.showsTips = false;
-    host.time.plan(nanosecondsPerSecond / 4, [this] { tutorial.L1_Click(2); });
+    host.time.plan(nanosecondsPerSecond / 4, [this] {
+        EXPECT_EQ(desk.log, (Lines{"down 1 at 23,115", "move 1 at 23,115"}));
+        tutorial.L1_Click(2);
+        EXPECT_TRUE(isChannel2Selected());
+    });
     tutorial.L1E_Click(7);
-    EXPECT_EQ(desk.log, (Lines{"down 1 at 23,115", "move 1 at 23,115", "TrackSel(1) 1",
-                               "move 1 at 89,115", "up 1 at 89,115"}));
+    EXPECT_TRUE(isChannel2Selected());
+    EXPECT_EQ(desk.log, (Lines{"down 1 at 23,115", "move 1 at 23,115", "move 1 at 89,115",
+                               "up 1 at 89,115"}));
 }
 
 TEST_F(TutorialTest, TheEndOfTheProgramEndsAStepBetweenTwoActs) {
@@ -158,8 +282,10 @@ TEST_F(TutorialTest, TheEndOfTheProgramEndsAStepBetweenTwoActs) {
 }
 
 TEST_F(TutorialTest, TheEndOfTheProgramDuringTheHintLeavesTheStepUndone) {
+    drawNote();
     view.onHint = [this] { host.time.end(); };
     tutorial.L1_Click(0);
+    EXPECT_TRUE(hasNote());
     EXPECT_TRUE(desk.log.empty());
 }
 
@@ -170,12 +296,16 @@ TEST_F(TutorialTest, ThereAreSevenLessonsOfSixtyOneSteps) {
     EXPECT_EQ(steps, (std::vector<std::size_t>{8, 8, 11, 12, 10, 5, 7}));
 }
 
-TEST_F(TutorialTest, AStepThatOnlyTellsDoesNothingElse) {
+TEST_F(TutorialTest, AStepThatOnlyExplainsDoesNothingElse) {
+    drawNote();
+    const auto changes = session.studio.score.NoteArray.changes();
     tutorial.L1E_Click(1);
     tutorial.L1R_Click(2);
     tutorial.L1R_Click(6);
     EXPECT_EQ(view.hints.size(), 3U);
     EXPECT_TRUE(desk.log.empty());
+    EXPECT_EQ(session.studio.score.NoteArray.changes(), changes);
+    EXPECT_EQ(filesOnDisk(), 0U);
 }
 
 } // namespace

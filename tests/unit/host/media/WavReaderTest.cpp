@@ -1,0 +1,154 @@
+// Reading WAV files with unusual chunks, formats and samples.
+#include "host/media/SoundReader.h"
+#include "host/media/WavChunks.h"
+#include "support/ScriptedFiles.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <fstream>
+#include <limits>
+#include <vector>
+
+namespace velorin::host::test {
+
+namespace {
+
+void append(std::string& bytes, std::uint32_t number, int count) {
+    for (int i = 0; i < count; ++i)
+        bytes += static_cast<char>(number >> (8 * i));
+}
+
+/// A file of one channel at 44,100 Hz with 32-bit floating-point samples.
+std::filesystem::path floatWav(const std::filesystem::path& folder,
+                               const std::vector<float>& samples) {
+    const auto dataBytes = static_cast<std::uint32_t>(samples.size() * sizeof(float));
+    std::string bytes = "RIFF";
+    append(bytes, 36 + dataBytes, 4);
+    bytes += "WAVEfmt ";
+    append(bytes, 16, 4);
+    append(bytes, 3, 2); // floating point
+    append(bytes, 1, 2);
+    append(bytes, 44100, 4);
+    append(bytes, 44100 * 4, 4);
+    append(bytes, 4, 2);
+    append(bytes, 32, 2);
+    bytes += "data";
+    append(bytes, dataBytes, 4);
+    const std::size_t head = bytes.size();
+    bytes.resize(head + dataBytes);
+    std::memcpy(bytes.data() + head, samples.data(), dataBytes);
+    std::ofstream(folder / "float.wav", std::ios::binary) << bytes;
+    return folder / "float.wav";
+}
+
+std::string chunk(const std::string& name, const std::string& content) {
+    std::string bytes = name;
+    append(bytes, static_cast<std::uint32_t>(content.size()), 4);
+    return bytes + content;
+}
+
+std::string format(int form, int channels, int bits) {
+    std::string bytes;
+    append(bytes, static_cast<std::uint32_t>(form), 2);
+    append(bytes, static_cast<std::uint32_t>(channels), 2);
+    append(bytes, 8000, 4);
+    append(bytes, static_cast<std::uint32_t>(8000 * channels * bits / 8), 4);
+    append(bytes, static_cast<std::uint32_t>(channels * bits / 8), 2);
+    append(bytes, static_cast<std::uint32_t>(bits), 2);
+    return chunk("fmt ", bytes);
+}
+
+std::filesystem::path writeWav(const std::filesystem::path& folder, const std::string& chunks) {
+    std::ofstream(folder / "a.wav", std::ios::binary) << chunk("RIFF", "WAVE" + chunks);
+    return folder / "a.wav";
+}
+
+/// 256 samples of 16 bits: 0, 128, 256, ...
+std::string ramp() {
+    std::string bytes;
+    for (std::uint32_t i = 0; i < 256; ++i)
+        append(bytes, 128 * i, 2);
+    return chunk("data", bytes);
+}
+
+std::vector<float> leftOf(SoundReader& wav) {
+    std::vector<float> stereo(2 * 1000);
+    const int frames = wav.read(stereo.data(), 1000);
+    std::vector<float> left;
+    for (std::size_t i = 0; i < static_cast<std::size_t>(frames); ++i)
+        left.push_back(stereo[2 * i]);
+    return left;
+}
+
+std::string whyNot(const std::filesystem::path& path) {
+    EXPECT_EQ(openWav(path), nullptr);
+    return unreadableReason(readWavChunks(path));
+}
+
+} // namespace
+
+// "note" and "junk" have odd lengths without padding, as some programs write them.
+TEST(AWavFile, MayHaveChunksOfOddLengthsWithoutPadding) {
+    const scripted::TemporaryFolder folder;
+    const std::string plain = format(1, 1, 16);
+    for (const std::string& chunks :
+         {chunk("junk", "a") + plain + ramp(), plain + chunk("note", "odd") + ramp(),
+          chunk("junk", "abc") + plain + chunk("note", "o") + chunk("more", "b") + ramp(),
+          chunk("junk", "abc") + '\0' + plain + chunk("note", "o") + ramp()}) {
+        const auto wav = openWav(writeWav(folder.path(), chunks));
+        ASSERT_NE(wav, nullptr) << chunks.substr(0, 60);
+        EXPECT_EQ(wav->frames(), 256);
+        const std::vector<float> left = leftOf(*wav);
+        ASSERT_EQ(left.size(), 256U);
+        EXPECT_EQ(left[255], 255.0F / 256.0F);
+        ASSERT_TRUE(wav->seek(128));
+        EXPECT_EQ(leftOf(*wav).at(0), 0.5F);
+    }
+}
+
+TEST(AWavFile, WithPaddingHasNoMissingByte) {
+    const scripted::TemporaryFolder folder;
+    const auto path =
+        writeWav(folder.path(), chunk("junk", "abc") + '\0' + format(1, 1, 16) + ramp());
+    EXPECT_TRUE(readWavChunks(path).missingPads.empty());
+}
+
+TEST(AWavFile, InAnUnsupportedFormatIsReportedByName) {
+    const scripted::TemporaryFolder folder;
+    const std::string what = "is a WAV file in a form that cannot be read, ";
+    EXPECT_EQ(whyNot(writeWav(folder.path(), format(0x45, 1, 4) + ramp())), what + "G.726");
+    EXPECT_EQ(whyNot(writeWav(folder.path(), format(0x20, 1, 4) + ramp())), what + "Yamaha ADPCM");
+    EXPECT_EQ(whyNot(writeWav(folder.path(), format(0x11, 6, 4) + ramp())),
+              what + "IMA ADPCM of 6 channels");
+    EXPECT_EQ(whyNot(writeWav(folder.path(), format(0x2000, 2, 16) + ramp())),
+              "is a WAV file that is damaged or in a form that cannot be read");
+    EXPECT_EQ(whyNot(writeWav(folder.path(), ramp())), "is no WAV file");
+    std::ofstream(folder.path() / "text.wav") << "no sound";
+    EXPECT_EQ(whyNot(folder.path() / "text.wav"), "is no WAV file");
+}
+
+TEST(AWavFile, IsSilentForSamplesThatAreNoNumbers) {
+    const scripted::TemporaryFolder folder;
+    constexpr float infinity = std::numeric_limits<float>::infinity();
+    constexpr float noNumber = std::numeric_limits<float>::quiet_NaN();
+    const auto wav = openWav(floatWav(folder.path(), {0.5F, noNumber, infinity, -infinity, -0.5F}));
+    ASSERT_NE(wav, nullptr);
+    std::vector<float> stereo(2 * 8, 9.0F);
+    ASSERT_EQ(wav->read(stereo.data(), 8), 5);
+    stereo.resize(2 * 5);
+    EXPECT_EQ(stereo, (std::vector<float>{0.5F, 0.5F, 0, 0, 0, 0, 0, 0, -0.5F, -0.5F}));
+}
+
+TEST(AWavFile, MayExceedFullScaleWithinBounds) {
+    const scripted::TemporaryFolder folder;
+    const auto wav = openWav(floatWav(folder.path(), {4.0F, 3e38F, -3e38F}));
+    ASSERT_NE(wav, nullptr);
+    std::vector<float> stereo(2 * 3);
+    ASSERT_EQ(wav->read(stereo.data(), 3), 3);
+    EXPECT_EQ(stereo[0], 4.0F);
+    EXPECT_EQ(stereo[2], 1000.0F);
+    EXPECT_EQ(stereo[4], -1000.0F);
+}
+
+} // namespace velorin::host::test
