@@ -1,4 +1,4 @@
-"""Records pieces in real time, side by side, and compares each WAV with the rendered sound of the same piece."""
+"""Records pieces in real time, all at once, and compares each WAV with the rendered sound of the same piece."""
 
 import array
 import concurrent.futures
@@ -21,13 +21,13 @@ from recorded import AUTO_ENCODE, OPEN, START, open_toolbar  # noqa: E402
 WOODBLOCK, WOOD_BLOCK_KEY = 115, 169
 LAST_COLUMN = 1000
 APART = 2  # columns from one beat to the next
-SEARCHED = 3 * 4 * listen.RATE  # bytes, for what comes behind a silence of the server's own
-MIDI_LONGER = 1.25  # a MID file plays at four fifths of its score's speed
+SEARCHED = 3 * 4 * listen.RATE  # bytes that are searched after silence that the server inserted
+MIDI_LONGER = 1.25  # a MID file plays at four fifths of the speed of its score
 NEIGHBOURS = 5  # beats on either side
 
 
 def score_of(seconds):
-    """All thirteen rows beat at every second column; a long piece is a slow one, for the columns are limited."""
+    """All thirteen rows beat in every second column. A long piece is slow, since the number of columns is limited."""
     tempo = max(1, min(100, int(12 * LAST_COLUMN / seconds)))
     last = min(LAST_COLUMN, int(seconds * tempo / 12))
     score = score_text.Score(tempo)
@@ -40,7 +40,7 @@ def score_of(seconds):
 
 
 class Watch(threading.Thread):
-    """What a process takes while it records: its processor time, and its memory from second to second."""
+    """Samples the processor time and the memory of a recording process every second."""
 
     def __init__(self, pid, processor_seconds, memory_mib):
         super().__init__(daemon=True)
@@ -71,8 +71,8 @@ def onsets_of(both):
 
 
 def same_as_heard(both, heard_path, from_byte):
-    """The share of the recording's samples that the sound server has played, in per cent, and the places where the
-    server has played something else in between, silence of its own where it was not fed in time."""
+    """The share of the recorded samples that the sound server played, in per cent, and the number of gaps. In a gap the
+    server played its own silence, since it got no samples in time."""
     with open(heard_path, "rb") as file:
         file.seek(from_byte)
         heard = file.read()
@@ -106,16 +106,16 @@ def p99(values):
 
 
 def off_neighbours(off):
-    """How far each beat lies off the line through those around it. A song comes later from column to column by what
-    sounding and drawing take, which moves all of them alike."""
+    """The distance of each beat from the average of its neighbours. Sounding and drawing delay each column a little,
+    which shifts all beats evenly."""
     around = range(NEIGHBOURS, len(off) - NEIGHBOURS)
     return [abs(off[i] - statistics.mean(off[i - NEIGHBOURS:i + NEIGHBOURS + 1])) for i in around]
 
 
 def compare(both, rendered, name, is_midi):
-    """The rows of the table that tell of the onsets."""
+    """The table rows about onsets."""
     mine, expected = onsets_of(both), onsets_of(sound_of(rendered))
-    check(len(mine) == len(expected), f"{len(mine)} beats were recorded and not {len(expected)}")
+    check(len(mine) == len(expected), f"{len(mine)} beats were recorded instead of {len(expected)}")
     off = [1000 * (a - b) / listen.RATE for a, b in zip(mine, expected)]
     gaps = sum(b - a < -5 for a, b in zip(off, off[1:]))
     yield f"{name}: gaps", "", [gaps], "0", f"{len(mine)} beats, as in the rendered WAV", gaps == 0, 0
@@ -135,7 +135,7 @@ def figures_of(watch, name):
     share = watch.processor_share()
     yield f"{name}: processor", "% of a core", [share], "15", "", share < 15
     memory = [mib for _, _, mib in watch.seen]
-    # What the tap holds against a busy disk is written to for the first time in the first twenty seconds.
+    # The buffer of the tap is used for the first time during the first twenty seconds, so its memory is counted then.
     settled = memory[min(25, len(memory) - 1)]
     yield (f"{name}: memory at the end", "MiB", [memory[-1]], "no growth",
            f"at the start {memory[0]:.1f} MiB, after 25 s {settled:.1f} MiB",
@@ -143,7 +143,7 @@ def figures_of(watch, name):
 
 
 def take(desk, build, seconds, source, name, start_watch):
-    """One recording; returns its rows."""
+    """Makes one recording and returns its table rows."""
     desk.songs.mkdir(exist_ok=True)
     score, midi, rendered = desk.songs / "beats.sng", desk.songs / "beats.mid", desk.folder / "rendered.wav"
     score.write_bytes(score_of(seconds / MIDI_LONGER if source is midi_source else seconds).text())
@@ -187,8 +187,8 @@ TAKES = [(DeskWithoutSound, score_source, "recording a score"),
 
 
 def measure(build, seconds, add, processor_seconds, memory_mib):
-    """A score and the MID file of one without a sound card, and the score with a sound server, which keeps a time of its
-    own; all at once, since they take as long as they sound."""
+    """Records a score and its MID file without a sound card, and the score with a sound server, which has its own clock.
+    All run at once, since each takes as long as it plays."""
     def run(kind):
         desk_type, source, name = kind
         with desk_type(build) as desk:
