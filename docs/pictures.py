@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Takes the pictures of this folder anew, from the program on a virtual screen: docs/pictures.py BUILD_DIR"""
+"""Takes the pictures of this folder from the program on a virtual screen: docs/pictures.py BUILD_DIR"""
 
 import pathlib
 import shutil
@@ -8,10 +8,11 @@ import sys
 HERE = pathlib.Path(__file__).resolve().parent
 sys.path.insert(0, str(HERE.parent / "tests" / "e2e"))
 
-from desk import Desk, run  # noqa: E402  (it lies in the folder named above)
+from desk import Desk, run, wait_until  # noqa: E402  (it lies in the folder named above)
 
 SONG = HERE.parent / "src" / "resources" / "songs" / "harbour-lights.sng"
 SIZE = (1280, 800)
+CONVERTER = (760, 572)
 SETTING_UP, EDITING, RECORDING = 9, 10, 11  # the buttons of the toolbars
 
 SETTINGS = """[settings]
@@ -30,17 +31,33 @@ record%20top=7350
 
 def take(desk, name):
     desk.point(SIZE[0] - 4, SIZE[1] - 4)
-    desk.still(lambda: desk.screen.part(0, 0, *SIZE), "a picture that stands still")
+    desk.still(lambda: desk.screen.part(0, 0, *SIZE), "a picture that does not change")
     desk.screen.write_png(HERE / name, *SIZE)
 
 
 def open_all_rows(desk, program):
-    """The notes of a row show once it has been chosen; the first is chosen again at the end."""
+    """The notes of a row show once it has been selected. The first row is selected again at the end."""
     for row in (1, 2, 3, 4, 5, 6, 7, 0):
         desk.click(*program.setup(f"TrackSel({row})"))
 
 
+def take_converter(desk):
+    """Without a window manager the window is in the corner of the screen."""
+    folder = desk.folder / "Music"
+    shutil.copytree(SONG.parent, folder)
+    desk.start([desk.build / "bin" / "velorin-converter", folder])
+    desk.settled(desk.window("Velorin Converter"))
+    desk.click(700, 545)
+    wait_until(lambda: len(list(folder.glob("*.mp3"))) == len(list(folder.glob("*.sng"))), "the files")
+    desk.click(200, 120)
+    desk.point(SIZE[0] - 4, SIZE[1] - 4)
+    desk.still(lambda: desk.screen.part(0, 0, *CONVERTER), "a picture that does not change")
+    desk.screen.write_png(HERE / "converter.png", *CONVERTER)
+
+
 def test(build):
+    with Desk(build, size=SIZE) as desk:
+        take_converter(desk)
     with Desk(build, size=SIZE) as desk:
         settings = desk.home / ".config" / "velorin" / "Velorin 2.1.ini"
         settings.parent.mkdir(parents=True)
