@@ -9,6 +9,7 @@ import subprocess
 import tempfile
 
 from desk import check, run, wait_until
+from files import size_of
 from score_text import Score
 from waiting import PATIENCE_S
 
@@ -35,7 +36,7 @@ def start(build, folder, ignored=()):
 
 
 def parts(folder):
-    return [path.name for path in folder.iterdir() if path.name.endswith(".part") and path.stat().st_size > 10_000]
+    return [path.name for path in folder.iterdir() if path.name.endswith(".part") and size_of(path) > 10_000]
 
 
 def check_ends_by(process, folder, number):

@@ -3,6 +3,7 @@
 import signal
 
 from desk import Desk, check, run, wait_until
+from files import size_of
 from recorded import START, frames_of, open_score, open_toolbar
 from tune import melody_and_beats
 
@@ -27,7 +28,7 @@ def start_recording(desk):
     open_score(desk, program, "long.sng", MELODY[0])
     open_toolbar(desk, program)
     desk.click(*program.place_in("Recording Toolbar", START))
-    wait_until(lambda: any(file.stat().st_size > ENOUGH for file in hidden(desk)), "the recording's hidden file")
+    wait_until(lambda: any(size_of(file) > ENOUGH for file in hidden(desk)), "the recording's hidden file")
     return program
 
 

@@ -9,6 +9,7 @@ import time
 
 import listen
 from desk import Desk, check, run, wait_until
+from files import size_of
 from recorded import AUTO_ENCODE, START, from_first_sound, left_of, one_new, open_score, open_toolbar
 from score_text import Score
 
@@ -32,7 +33,7 @@ def beats():
 
 
 def recorded_bytes(desk):
-    return sum(part.stat().st_size for part in desk.songs.glob(".recording-*.part"))
+    return sum(size_of(part) for part in desk.songs.glob(".recording-*.part"))
 
 
 def wait_for_sound(desk, seconds):
