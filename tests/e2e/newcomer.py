@@ -8,7 +8,7 @@ import time
 
 import listen
 from desk import BEATBOX, CELL, MUSIC_BOX, wait_until
-from export_window import EXPORT, Exports
+from export_window import Exports
 from recorded import AUTO_ENCODE, PREFERENCES, RECORD_PLAY, START
 
 # The usual model of a user's time, in seconds. A decision is what the user thinks before a step that is no routine.
@@ -286,7 +286,7 @@ class Newcomer:
             self.exports.find()
             if kind != ".mp3":
                 self.hand.click(self.exports.card(kind))
-            self.hand.click(self.exports.at(EXPORT))
+            self.hand.key("Return", decide=True)
             self.hand.see(self.exports.has_result, "the result in the window")
             file = max((file for file in self.desk.songs.glob("*" + kind)), key=lambda file: file.stat().st_mtime_ns)
         self.exports.close()

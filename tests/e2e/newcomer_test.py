@@ -1,5 +1,5 @@
 """Does the tasks of a user's first hour with mouse and keys, and counts them. Checks what was made, and that an MP3 that
-sounds right takes at most eight clicks from the drawn melody on."""
+sounds right takes at most eight clicks from the empty sheet on, a melody of eight notes included."""
 
 import listen
 import score_text
@@ -29,7 +29,6 @@ def format_of(mp3):
 def check_sound(desk, mp3, slower=1):
     """The length, and the pitch of each note; at half speed an octave lower."""
     sound = decoded(mp3, desk.folder)
-    check(sound, "mpg123 is missing")
     first = listen.first_sound(sound, NOTE_LEVEL)  # the note that was drawn last may still ring at the start
     check(first is not None, f"{mp3.name} is silent")
     sound = sound[max(0, first - 100):]
@@ -60,7 +59,8 @@ def check_score(file, has_marks):
 def check_counts(counts):
     told = {count.name: count.hand() for count in counts}
     check(told["start to first note"] == 1, "the first note takes more than a click")
-    check(told["MP3 that sounds right"] <= MOST_CLICKS, f"an MP3 takes {told['MP3 that sounds right']} clicks")
+    clicks = sum(told[task] for task in ("start to first note", "melody of 8 notes", "MP3 that sounds right"))
+    check(clicks <= MOST_CLICKS, f"an MP3 takes {clicks} clicks")
 
 
 def test(build):
