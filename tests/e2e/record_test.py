@@ -74,9 +74,7 @@ def check_loudness(desk, sound):
 
 
 def check_mp3(desk, mp3):
-    sound = decoded(mp3, desk.folder)
-    if sound:
-        check_melody(from_first_sound(sound), SLOWER)
+    check_melody(from_first_sound(decoded(mp3, desk.folder)), SLOWER)
 
 
 def check_recording(desk, program):

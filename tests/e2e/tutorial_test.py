@@ -218,10 +218,7 @@ def check_mp3(wav, mp3, folder):
     both = samples_of(wav)
     check(len(both) == 2 * frames_of(wav.read_bytes()), "the WAV is not stereo")
     check(mp3_seconds(mp3.read_bytes()) >= len(both) / listen.RATE, "the MP3 is too short")
-    sound = decoded(mp3, folder)
-    if not sound:
-        return
-    heard, expected = from_first_sound(sound), from_first_sound(both)
+    heard, expected = from_first_sound(decoded(mp3, folder)), from_first_sound(both)
     check(abs(len(heard) - len(expected)) < listen.RATE / 4, "the MP3 is not twice as long as the recording")
     heard, expected = aligned(heard, expected)
     likeness = correlation(profile(heard), profile(expected))
