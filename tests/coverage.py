@@ -190,7 +190,7 @@ def print_gaps(files, folder):
 def main():
     arguments = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     arguments.add_argument("build", type=pathlib.Path)
-    arguments.add_argument("--end-to-end", choices=["beside", "no"], default="beside")
+    arguments.add_argument("--end-to-end", choices=["silent", "no"], default="silent")
     arguments.add_argument("--no-run", action="store_true")
     arguments.add_argument("--gaps", type=pathlib.Path, metavar="FOLDER", help="of src/")
     options = arguments.parse_args()

@@ -17,6 +17,10 @@ UNDO_SESSIONS = 10
 PLAYED_SCORES = 20
 PEN_DRAWINGS = 60
 SLOWEST = 10
+# A script mostly waits, for the program or for the song; a program of unit tests always works.
+SCRIPTS_AT_ONCE = 3
+PROGRAMS_AT_ONCE = 2
+LONG_SCRIPTS = ("tutorial_test", "package_test", "tutorial_trouble_test")  # they begin first, so that none is left at the end
 FAILURES = "What failed:"  # everything after this line is about failures
 
 
@@ -80,15 +84,10 @@ def timed(name, call):
     return name, time.monotonic() - started, result
 
 
-def listens(script):
-    """True if a script listens to the sound. Such a script runs alone, since a busy machine disturbs the sound."""
-    return "import listen" in script.read_text("utf-8")
-
-
 def unit_test_jobs(build, env):
     for program in sorted(build.glob("tests/unit/**/unit_*")):
         if os.access(program, os.X_OK) and program.is_file():
-            yield False, program.name, lambda p=program: unit_tests(p, env)
+            yield program.name, lambda p=program: unit_tests(p, env)
 
 
 def replay_jobs(build, env):
@@ -96,7 +95,7 @@ def replay_jobs(build, env):
     for program in sorted(build.glob("fuzz/replay_*")):
         if os.access(program, os.X_OK) and program.is_file():
             corpus = HERE.parent / "fuzz/corpus" / program.name.removeprefix("replay_")
-            yield False, program.name, lambda p=program, c=corpus: one(p.name, [str(p), str(c)], env)
+            yield program.name, lambda p=program, c=corpus: one(p.name, [str(p), str(c)], env)
 
 
 def command_jobs(build, env):
@@ -112,50 +111,60 @@ def command_jobs(build, env):
         yield f"transcript {transcript.relative_to(HERE / 'transcripts')}", [runner, transcript]
 
 
+def listens(script):
+    """True if a script listens to the sound. A slow build of the program cannot sound in time."""
+    return "import listen" in script.read_text("utf-8")
+
+
 def end_to_end_scripts(which):
     if which == "no":
         return []
     scripts = sorted((HERE / "e2e").glob("*_test.py"))
-    if which == "beside":
+    if which == "silent":
         return [script for script in scripts if not listens(script)]
-    return [*sorted((HERE / "packaging").glob("*_test.py")), *scripts]
+    scripts += (HERE / "packaging").glob("*_test.py")
+    return sorted(scripts, key=lambda script: (script.stem not in LONG_SCRIPTS, script.stem))
 
 
 def end_to_end_jobs(build, which):
     for script in end_to_end_scripts(which):
         name = f"{script.parent.name} {script.stem}"
-        yield listens(script), name, lambda n=name, s=script: end_to_end_test(n, s, build)
+        yield name, lambda n=name, s=script: end_to_end_test(n, s, build)
 
 
-def jobs(build, end_to_end, env):
-    """Yields for every test whether it listens, its name, and the function to call. Long ones come first."""
-    yield from end_to_end_jobs(build, end_to_end)
+def program_jobs(build, env):
+    """All but the end-to-end scripts."""
     yield from unit_test_jobs(build, env)
     yield from replay_jobs(build, env)
     for name, command in command_jobs(build, env):
-        yield False, name, lambda n=name, c=command: one(n, [str(word) for word in c], env)
+        yield name, lambda n=name, c=command: one(n, [str(word) for word in c], env)
 
 
-def run_together(work):
-    """Two at a time."""
-    with concurrent.futures.ThreadPoolExecutor(max_workers=2) as pool:
-        return list(pool.map(lambda job: timed(*job), work))
+def in_threads(pool, work):
+    return [pool.submit(timed, *job) for job in work]
+
+
+def run_together(programs, scripts):
+    with concurrent.futures.ThreadPoolExecutor(PROGRAMS_AT_ONCE) as pool, \
+            concurrent.futures.ThreadPoolExecutor(SCRIPTS_AT_ONCE) as desks:
+        return [job.result() for job in [*in_threads(desks, scripts), *in_threads(pool, programs)]]
 
 
 def main():
     arguments = argparse.ArgumentParser(description=__doc__)
     arguments.add_argument("build", type=pathlib.Path)
-    arguments.add_argument("--end-to-end", choices=["yes", "no", "beside"], default="yes",
-                           help="beside: only scripts of tests/e2e that may run beside others, so none that listens")
+    arguments.add_argument("--end-to-end", choices=["yes", "no", "silent"], default="yes",
+                           help="silent: only scripts of tests/e2e, and none that listens to the sound")
     arguments.add_argument("--threaded", action="store_true", help="only the unit tests, of which that build has those with threads")
     options = arguments.parse_args()
     build = options.build.resolve()
 
     passed = failed = 0
     env = environment(build)
-    work = list(unit_test_jobs(build, env) if options.threaded else jobs(build, options.end_to_end, env))
-    done = run_together([job[1:] for job in work if not job[0]])
-    done += [timed(*job[1:]) for job in work if job[0]]
+    if options.threaded:
+        done = run_together(unit_test_jobs(build, env), [])
+    else:
+        done = run_together(program_jobs(build, env), end_to_end_jobs(build, options.end_to_end))
     results = [result for _, _, result in done]
     for good, bad, _ in results:
         passed += good
