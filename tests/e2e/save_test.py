@@ -79,13 +79,15 @@ def test_again(desk, program):
     program.wait_for_colour(note, RED, "the score opened from the list")
     check(path.read_bytes() == saved, "opening has changed the file")
 
+    opened = path.stat().st_ino
     program.press(3)
     desk.choose_filter(*desk.settled(desk.window(DIALOG)), SCORE)
     desk.key("alt+s")
     wait_until(lambda: len(desk.windows(DIALOG)) == 2, "the question about the proposed name")
     desk.key("alt+y")
     desk.no_window(DIALOG)
-    wait_until(lambda: path.read_bytes() == saved, "the file under the proposed name")
+    wait_until(lambda: path.stat().st_ino != opened, "another file under the proposed name")
+    check(path.read_bytes() == saved, "the file under the proposed name is not the score")
 
 
 def test_failure(desk, program):
@@ -103,6 +105,10 @@ def test_failure(desk, program):
     wait_until(lambda: told in program.complaints(), "the notice")
 
 
+def left_over(desk):
+    return [path for path in desk.songs.iterdir() if path.name.startswith(".") or path.suffix == ".bak"]
+
+
 def test(build):
     with DeskWithoutSound(build) as desk:
         program = desk.launch()
@@ -113,8 +119,7 @@ def test(build):
         test_question(desk, program, "no. 3.sng", MIDI, "no. 3.sng.mid")
         test_new_names(desk, program)
         test_again(desk, program)
-        left_over = [path.name for path in desk.songs.iterdir() if path.name.startswith(".") or path.suffix == ".bak"]
-        check(not left_over, f"temporary files are left in the folder: {left_over}")
+        wait_until(lambda: not left_over(desk), "the end of the temporary files")
         test_failure(desk, program)
 
 
