@@ -13,7 +13,9 @@ from desk import Desk, run, wait_until  # noqa: E402  (it lies in the folder nam
 SONG = HERE.parent / "src" / "resources" / "songs" / "harbour-lights.sng"
 SIZE = (1280, 800)
 CONVERTER = (760, 572)
-SETTING_UP, EDITING, RECORDING = 9, 10, 11  # the buttons of the toolbars
+RETURN_TO_START = 5
+EDITING, RECORDING = 10, 11  # the buttons of the toolbars
+TOOLBARS = ("Setup Toolbar", "Editing Toolbar", "Recording Toolbar")
 
 SETTINGS = """[settings]
 form1%20left=0
@@ -70,18 +72,16 @@ def test(build):
         desk.choose_file("Open Score File", SONG.name)
         desk.no_window("Open Score File")
         open_all_rows(desk, program)
-        desk.click(*program.setup("close"))
-        desk.no_window("Setup Toolbar")
-        take(desk, "velorin.png")
-        with desk.popup():
-            program.press(SETTING_UP)
-        desk.key("Down", "Return")
         program.press(EDITING)
         program.press(RECORDING)
-        for title in ("Setup Toolbar", "Editing Toolbar", "Recording Toolbar"):
+        for title in TOOLBARS:
             desk.settled(desk.window(title))
         take(desk, "toolbars.png")
-
+        for title in TOOLBARS:
+            desk.click(*program.place_in(title, "Close"))
+            desk.no_window(title)
+        program.press(RETURN_TO_START)  # ends the sentence about the last row
+        take(desk, "velorin.png")
 
 
 run(test)
