@@ -74,3 +74,20 @@ function(velorin_program name)
     target_link_libraries(${name} PRIVATE ${ARG_LINK})
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 endfunction()
+
+# velorin_module(name SOURCES... LINK libs...): a module that programs load at run time, built into bin/.
+function(velorin_module name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+    add_library(${name} MODULE ${ARG_SOURCES})
+    velorin_warnings(${name})
+    velorin_name_counters(${name})
+    set_target_properties(${name} PROPERTIES PREFIX "" LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+    target_link_libraries(${name} PRIVATE ${ARG_LINK})
+endfunction()
+
+# velorin_finds_modules(program): the program finds the modules beside it, or where they are installed.
+function(velorin_finds_modules program)
+    set_target_properties(${program} PROPERTIES
+        BUILD_RPATH "\$ORIGIN" INSTALL_RPATH "\$ORIGIN;\$ORIGIN/../lib/velorin/modules")
+    add_dependencies(${program} velorin-picture velorin-synth)
+endfunction()

@@ -8,6 +8,7 @@
 #include "host/media/SoundReader.h"
 #include "host/media/WavChunks.h"
 #include "host/midi/MidiFile.h"
+#include "host/synth/SynthModule.h"
 #include "platform/PathLookup.h"
 
 #include <algorithm>
@@ -103,8 +104,15 @@ std::int16_t toSample(float value) {
 } // namespace
 
 Result<std::unique_ptr<host::Synth>> loadSynth(const SoundRequest& request) {
-    auto synth = host::Synth::load(request.soundFont, request.rateHz, host::FontLoading::asNeeded,
-                                   request.isDry ? host::Effects::none : host::Effects::usual);
+    host::LoadSynth load = request.loadSynth;
+    if (load == nullptr) {
+        auto loaded = host::loadSynthModule();
+        if (!loaded)
+            return Failure{"cannot be played: " + loaded.reason()};
+        load = *loaded;
+    }
+    auto synth = load(request.soundFont, request.rateHz, host::FontLoading::asNeeded,
+                      request.isDry ? host::Effects::none : host::Effects::usual);
     if (!synth)
         return Failure{"cannot be played: no SoundFont " + request.soundFont.string()};
     return synth;

@@ -34,12 +34,14 @@ struct SoundRequest {
     std::function<void(const std::string&)> warning;
 
     const PlaySetup* setup = nullptr; ///< of all scores; null as in `Task`
+
+    host::LoadSynth loadSynth = nullptr; ///< null loads the module with the synthesizer
 };
 
 /// Makes the target once the parameters of the source are known.
 using MakeTarget = std::function<MadeTarget(int rateHz, int channels)>;
 
-/// The synthesizer for a request. Fails if its SoundFont cannot be loaded.
+/// The synthesizer for a request. Fails if its SoundFont or the module cannot be loaded.
 [[nodiscard]] platform::Result<std::unique_ptr<host::Synth>> loadSynth(const SoundRequest& request);
 
 /// Plays the score with the sequencer of the program.

@@ -3,6 +3,7 @@
 import json
 import os
 import pathlib
+import shutil
 import subprocess
 import tempfile
 
@@ -88,6 +89,24 @@ def name_what_cannot_be(shell):
     shell.expect(["\x1b[2J.sng", "-o", "a.mid"], 1, complaints=[b"?[2J.sng cannot be read"])
 
 
+def do_without_the_synthesizer(shell):
+    """Sound files need no synthesizer. A module that is missing or damaged is named."""
+    shell.expect(["one.sng", "-o", "sound.wav"], 0)
+    alone = shell.folder / "alone"
+    alone.mkdir()
+    shell.program = shutil.copy(shell.program, alone)
+    shell.expect(["sound.wav", "-o", "sound.mp3"], 0)
+    check((shell.folder / "sound.mp3").stat().st_size > 1000, "the MP3 is empty")
+    shell.expect(["one.sng", "-o", "again.wav"], 1,
+                 complaints=[b"one.sng cannot be played: velorin-synth.so: cannot open shared object file: "
+                             b"No such file or directory"])
+    module = alone / "velorin-synth.so"
+    module.write_bytes(b"no module")
+    shell.expect(["one.sng", "-o", "again.wav"], 1,
+                 complaints=[f"one.sng cannot be played: {module}: file too short".encode()])
+    check(not (shell.folder / "again.wav").exists(), "a file that cannot be made is there")
+
+
 def test(build):
     with tempfile.TemporaryDirectory(prefix="velorin-command-") as name:
         shell = Shell(build, pathlib.Path(name))
@@ -97,6 +116,7 @@ def test(build):
         convert_a_folder(shell)
         draw_two(shell)
         name_what_cannot_be(shell)
+        do_without_the_synthesizer(shell)
 
 
 run(test)

@@ -45,7 +45,7 @@ def read_libraries(src):
     for file in sorted(src.rglob("CMakeLists.txt")):
         folder = file.parent.relative_to(src)
         for command, arguments in commands(file.read_text("utf-8")):
-            if command in ("velorin_library", "velorin_program", "add_library", "add_executable"):
+            if command in ("velorin_library", "velorin_program", "velorin_module", "add_library", "add_executable"):
                 library = libraries.setdefault(arguments[0], Library(arguments[0], folder))
                 add_arguments(library, src, arguments[1:])
             elif command == "target_link_libraries" and arguments[0] in libraries:

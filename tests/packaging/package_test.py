@@ -24,6 +24,7 @@ FILES = sorted([
     "bin/velorin-convert",
     "bin/velorin-converter",
     "lib/velorin/modules/velorin-picture.so",
+    "lib/velorin/modules/velorin-synth.so",
     "share/applications/org.velorin.velorin.desktop",
     "share/applications/velorin-converter.desktop",
     "share/dbus-1/services/org.velorin.velorin.service",

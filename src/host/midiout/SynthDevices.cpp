@@ -4,6 +4,7 @@
 #include "host/engine/SoundEngine.h"
 #include "host/midiout/SynthSource.h"
 #include "host/process/Worker.h"
+#include "host/synth/FluidSynth.h"
 #include "platform/Clock.h"
 
 namespace velorin::host {
@@ -83,7 +84,7 @@ void SynthDevices::take(Playing& playing, std::size_t index) {
     playing = {std::make_shared<SynthSource>(), index};
     engine_.add(playing.source);
     worker_.post([source = playing.source, path = fonts_[index].path, log = cannotLoad_] {
-        std::unique_ptr<Synth> synth = Synth::load(path, streamRateHz, FontLoading::whole);
+        std::unique_ptr<Synth> synth = FluidSynth::load(path, streamRateHz, FontLoading::whole);
         if (!synth)
             log->log("The SoundFont \"" + path.string() +
                      "\" cannot be read, so its device is silent. Choose another device in "

@@ -1,10 +1,8 @@
-// One FluidSynth synthesizer with one SoundFont in it.
+// A synthesizer with one SoundFont in it.
 #pragma once
 
 #include "host/midi/ShortMessage.h"
 #include "host/process/StreamThread.h"
-
-#include <fluidsynth.h>
 
 #include <cstdint>
 #include <filesystem>
@@ -27,38 +25,29 @@ enum class Effects {
 /// Not for use by two threads at once; it may be made by one and handed to another.
 class Synth {
 public:
-    /// FluidSynth renders in blocks of this many frames: a message takes effect at the next block.
+    /// Sound is made in blocks of this many frames: a message takes effect at the next block.
     static constexpr int blockFrames = 64;
 
-    /// Null if the SoundFont cannot be loaded. `sampleRateHz` [8000, 96000].
-    [[nodiscard]] static std::unique_ptr<Synth> load(const std::filesystem::path& soundFont,
-                                                     double sampleRateHz, FontLoading loading,
-                                                     Effects effects = Effects::usual);
+    virtual ~Synth() = default;
 
     /// Executes a channel message; other messages are ignored.
-    VELORIN_STREAM_THREAD void send(const ShortMessage& message);
+    VELORIN_STREAM_THREAD virtual void send(const ShortMessage& message) = 0;
 
     /// Ends all sound, including reverberation, and resets every program and controller.
-    VELORIN_STREAM_THREAD void reset();
+    VELORIN_STREAM_THREAD virtual void reset() = 0;
 
     /// Writes `frames` frames, left and right interleaved.
-    VELORIN_STREAM_THREAD void render(float* stereo, int frames);
-    void render(std::int16_t* stereo, int frames); ///< with dither; the same in every run
+    VELORIN_STREAM_THREAD virtual void render(float* stereo, int frames) = 0;
+    /// The same with dither, which is the same in every run.
+    VELORIN_STREAM_THREAD virtual void render(std::int16_t* stereo, int frames) = 0;
 
-    VELORIN_STREAM_THREAD [[nodiscard]] int activeVoices() {
-        return fluid_synth_get_active_voice_count(synth_.get());
-    }
-
-private:
-    struct Deleter {
-        void operator()(fluid_settings_t* settings) const { delete_fluid_settings(settings); }
-        void operator()(fluid_synth_t* synth) const { delete_fluid_synth(synth); }
-    };
-
-    Synth() = default;
-
-    std::unique_ptr<fluid_settings_t, Deleter> settings_;
-    std::unique_ptr<fluid_synth_t, Deleter> synth_;
+    VELORIN_STREAM_THREAD [[nodiscard]] virtual int activeVoices() = 0;
 };
+
+/// Loads a SoundFont into a new synthesizer. Null if the SoundFont cannot be loaded. `sampleRateHz`
+/// [8000, 96000].
+using LoadSynth = std::unique_ptr<Synth> (*)(const std::filesystem::path& soundFont,
+                                             double sampleRateHz, FontLoading loading,
+                                             Effects effects);
 
 } // namespace velorin::host

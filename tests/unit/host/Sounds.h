@@ -4,7 +4,6 @@
 #include "host/engine/SoundEngine.h"
 #include "host/engine/SoundTap.h"
 #include "host/synth/SoundFonts.h"
-#include "host/synth/Synth.h"
 
 #include <gtest/gtest.h>
 

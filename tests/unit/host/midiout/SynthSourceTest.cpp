@@ -1,6 +1,7 @@
 // The built-in synthesizer in the stream: when its notes begin, how they sound, how they end.
 #include "host/midiout/SynthSource.h"
 #include "../Sounds.h"
+#include "host/synth/FluidSynth.h"
 
 #include <algorithm>
 
@@ -31,7 +32,7 @@ protected:
     }
 
     void load() {
-        source_->provide(Synth::load(test::anySoundFont(), streamRateHz, FontLoading::whole));
+        source_->provide(FluidSynth::load(test::anySoundFont(), streamRateHz, FontLoading::whole));
     }
 
     void send(const ShortMessage& message) { EXPECT_TRUE(trySend(message)); }
@@ -189,7 +190,7 @@ TEST_F(TheSynthesizer, PlaysAgainRightAfterItWasClosed) {
 TEST_F(TheSynthesizer, IsTheSameInEveryRun) {
     std::vector<std::int16_t> runs[2];
     for (auto& run : runs) {
-        const auto synth = Synth::load(test::anySoundFont(), 44100, FontLoading::asNeeded);
+        const auto synth = FluidSynth::load(test::anySoundFont(), 44100, FontLoading::asNeeded);
         synth->send(noteOn(60));
         run.resize(2 * 22050);
         synth->render(run.data(), 22050);

@@ -3,6 +3,7 @@
 
 #include "host/capture/CaptureSource.h"
 #include "host/midiout/SynthSource.h"
+#include "host/synth/FluidSynth.h"
 
 #include <filesystem>
 #include <fstream>
@@ -75,7 +76,7 @@ TEST(TheStreamsThread, WhenACardComesToAStreamByTheClock) {
 TEST(TheStreamsThread, WhenTheSynthesizerFallsAsleep) {
     SoundEngine engine;
     const auto source = std::make_shared<SynthSource>();
-    source->provide(Synth::load(test::anySoundFont(), streamRateHz, FontLoading::whole));
+    source->provide(FluidSynth::load(test::anySoundFont(), streamRateHz, FontLoading::whole));
     engine.add(source);
     test::HandPulled stream(engine);
     takeForbiddenCalls();

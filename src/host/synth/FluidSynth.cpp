@@ -1,5 +1,5 @@
 // The adapter to FluidSynth.
-#include "host/synth/Synth.h"
+#include "host/synth/FluidSynth.h"
 
 namespace velorin::host {
 
@@ -27,10 +27,10 @@ fluid_synth_t* newSynth(fluid_settings_t* settings) {
 
 } // namespace
 
-std::unique_ptr<Synth> Synth::load(const std::filesystem::path& soundFont, double sampleRateHz,
-                                   FontLoading loading, Effects effects) {
+std::unique_ptr<Synth> FluidSynth::load(const std::filesystem::path& soundFont, double sampleRateHz,
+                                        FontLoading loading, Effects effects) {
     silenceLog();
-    std::unique_ptr<Synth> made(new Synth);
+    std::unique_ptr<FluidSynth> made(new FluidSynth);
     made->settings_.reset(new_fluid_settings());
     fluid_settings_t* settings = made->settings_.get();
     fluid_settings_setnum(settings, "synth.sample-rate", sampleRateHz);
@@ -50,7 +50,7 @@ std::unique_ptr<Synth> Synth::load(const std::filesystem::path& soundFont, doubl
     return made;
 }
 
-void Synth::send(const ShortMessage& message) {
+void FluidSynth::send(const ShortMessage& message) {
     fluid_synth_t* synth = synth_.get();
     const int channel = message.channel();
     const int first = message.byte[1];
@@ -82,15 +82,15 @@ void Synth::send(const ShortMessage& message) {
     }
 }
 
-void Synth::reset() {
+void FluidSynth::reset() {
     fluid_synth_system_reset(synth_.get());
 }
 
-void Synth::render(float* stereo, int frames) {
+void FluidSynth::render(float* stereo, int frames) {
     fluid_synth_write_float(synth_.get(), frames, stereo, 0, 2, stereo, 1, 2);
 }
 
-void Synth::render(std::int16_t* stereo, int frames) {
+void FluidSynth::render(std::int16_t* stereo, int frames) {
     fluid_synth_write_s16(synth_.get(), frames, stereo, 0, 2, stereo, 1, 2);
 }
 
