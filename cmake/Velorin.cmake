@@ -87,7 +87,8 @@ endfunction()
 
 # velorin_finds_modules(program): the program finds the modules beside it, or where they are installed.
 function(velorin_finds_modules program)
+    # The same path in both places: otherwise the shorter one would be filled up with empty folders, which are searched.
     set_target_properties(${program} PROPERTIES
-        BUILD_RPATH "\$ORIGIN" INSTALL_RPATH "\$ORIGIN;\$ORIGIN/../lib/velorin/modules")
+        BUILD_WITH_INSTALL_RPATH ON INSTALL_RPATH "\$ORIGIN;\$ORIGIN/../lib/velorin/modules")
     add_dependencies(${program} velorin-picture velorin-synth)
 endfunction()
