@@ -157,7 +157,8 @@ Result<void> renderSound(OutputFile& whole, const Task& task, const Options& opt
             return opened.failure();
         const int bitrate = options.bitrate.value_or(defaultBitrateAt(rateHz));
         auto target = makeTarget(task, whole.part(), {rateHz, channels, bitrate, options.quality});
-        if (target && callbacks.encodesAside)
+        // To read a WAV file is too little work for a thread of its own.
+        if (target && callbacks.encodesAside && sourceKindOf(task.source) != Kind::wav)
             target = MadeTarget(std::make_unique<BackgroundTarget>(std::move(*target)));
         if (!target || !callbacks.isStopRequested)
             return target;
