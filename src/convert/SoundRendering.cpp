@@ -12,7 +12,6 @@
 #include "platform/PathLookup.h"
 
 #include <algorithm>
-#include <cmath>
 #include <memory>
 #include <vector>
 
@@ -94,11 +93,6 @@ Result<void> finishTail(RenderedMidi& midi, SoundTarget& target) {
 std::uint32_t packed(const host::ShortMessage& message) {
     return message.byte[0] | static_cast<std::uint32_t>(message.byte[1]) << 8 |
            static_cast<std::uint32_t>(message.byte[2]) << 16;
-}
-
-std::int16_t toSample(float value) {
-    return static_cast<std::int16_t>(
-        std::lrintf(std::clamp(value * 32768.0F, -32768.0F, 32767.0F)));
 }
 
 } // namespace
@@ -206,11 +200,9 @@ Result<void> copyWav(const SoundRequest& request, const MakeTarget& make) {
         return made.failure();
     const std::unique_ptr<SoundTarget> target = std::move(*made);
     constexpr int step = 8192;
-    std::vector<float> read(2 * step);
     std::vector<std::int16_t> samples(2 * step);
     std::int64_t done = 0;
-    for (int got = file->read(read.data(), step); got > 0; got = file->read(read.data(), step)) {
-        std::transform(read.begin(), read.begin() + 2 * got, samples.begin(), toSample);
+    while (const int got = file->readRounded(samples.data(), step)) {
         if (!target->write(samples.data(), got))
             return Failure{target->failureReason()};
         done += got;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <vector>
 
 namespace velorin::host {
 
@@ -23,8 +24,14 @@ public:
     /// two are used.
     [[nodiscard]] virtual int read(float* stereo, int frames) = 0;
 
+    /// The same with 16 bits, rounded and clipped. The samples of a WAV file of 16 bits are copied.
+    [[nodiscard]] virtual int readRounded(std::int16_t* stereo, int frames);
+
     /// Sets the next frame to be read. False if the file cannot seek there.
     [[nodiscard]] virtual bool seek(std::int64_t frame) = 0;
+
+private:
+    std::vector<float> unrounded_;
 };
 
 // Null if the file is no regular file, not of that kind, or its rate is out of range.

@@ -38,25 +38,42 @@ public:
     std::int64_t frames() const override { return std::max<std::int64_t>(info_.frames, 0); }
 
     int read(float* stereo, int frames) override {
-        const auto channels = static_cast<std::size_t>(info_.channels);
-        samples_.resize(channels * static_cast<std::size_t>(frames));
-        const auto got = sf_readf_float(file_.get(), samples_.data(), frames);
-        const std::size_t right = channels > 1 ? 1 : 0;
-        for (std::size_t frame = 0; frame < static_cast<std::size_t>(std::max<sf_count_t>(got, 0));
-             ++frame) {
-            stereo[2 * frame] = mixable(samples_[frame * channels]);
-            stereo[2 * frame + 1] = mixable(samples_[frame * channels + right]);
-        }
-        return static_cast<int>(std::max<sf_count_t>(got, 0));
+        return readFirstTwo(sf_readf_float, samples_, stereo, frames, mixable);
+    }
+
+    int readRounded(std::int16_t* stereo, int frames) override {
+        if ((info_.format & SF_FORMAT_SUBMASK) != SF_FORMAT_PCM_16)
+            return SoundReader::readRounded(stereo, frames);
+        if (info_.channels == 2)
+            return static_cast<int>(
+                std::max<sf_count_t>(sf_readf_short(file_.get(), stereo, frames), 0));
+        return readFirstTwo(sf_readf_short, wholeSamples_, stereo, frames,
+                            [](std::int16_t sample) { return sample; });
     }
 
     bool seek(std::int64_t frame) override { return sf_seek(file_.get(), frame, SEEK_SET) >= 0; }
 
 private:
+    template <typename Sample, typename Convert>
+    int readFirstTwo(sf_count_t (*readFrames)(SNDFILE*, Sample*, sf_count_t),
+                     std::vector<Sample>& samples, Sample* stereo, int frames,
+                     const Convert& convert) {
+        const auto channels = static_cast<std::size_t>(info_.channels);
+        samples.resize(channels * static_cast<std::size_t>(frames));
+        const auto got = std::max<sf_count_t>(readFrames(file_.get(), samples.data(), frames), 0);
+        const std::size_t right = channels > 1 ? 1 : 0;
+        for (std::size_t frame = 0; frame < static_cast<std::size_t>(got); ++frame) {
+            stereo[2 * frame] = convert(samples[frame * channels]);
+            stereo[2 * frame + 1] = convert(samples[frame * channels + right]);
+        }
+        return static_cast<int>(got);
+    }
+
     std::unique_ptr<SplicedFile> padded_; ///< outlives the file
     SoundFile file_;
     SF_INFO info_;
     std::vector<float> samples_;
+    std::vector<std::int16_t> wholeSamples_;
 };
 
 // The library opens many kinds of files, whatever their names.

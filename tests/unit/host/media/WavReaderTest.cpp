@@ -86,6 +86,21 @@ std::string whyNot(const std::filesystem::path& path) {
     return unreadableReason(readWavChunks(path));
 }
 
+/// All frames, left and right interleaved.
+std::vector<std::int16_t> roundedSamples(SoundReader& wav) {
+    std::vector<std::int16_t> stereo(2 * 100);
+    stereo.resize(2 * static_cast<std::size_t>(wav.readRounded(stereo.data(), 100)));
+    return stereo;
+}
+
+/// Samples of 16 bits in a chunk.
+std::string data(const std::vector<int>& samples) {
+    std::string bytes;
+    for (const int sample : samples)
+        append(bytes, static_cast<std::uint32_t>(sample), 2);
+    return chunk("data", bytes);
+}
+
 } // namespace
 
 // "note" and "junk" have odd lengths without padding, as some programs write them.
@@ -149,6 +164,30 @@ TEST(AWavFile, MayExceedFullScaleWithinBounds) {
     EXPECT_EQ(stereo[0], 4.0F);
     EXPECT_EQ(stereo[2], 1000.0F);
     EXPECT_EQ(stereo[4], -1000.0F);
+}
+
+TEST(AWavFile, Of16BitsGivesItsOwnSamples) {
+    const scripted::TemporaryFolder folder;
+    const auto stereo =
+        openWav(writeWav(folder.path(), format(1, 2, 16) + data({-32768, 32767, -1, 1, 0, 2})));
+    ASSERT_NE(stereo, nullptr);
+    EXPECT_EQ(roundedSamples(*stereo), (std::vector<std::int16_t>{-32768, 32767, -1, 1, 0, 2}));
+    const auto mono = openWav(writeWav(folder.path(), format(1, 1, 16) + data({-32768, 32767, 5})));
+    ASSERT_NE(mono, nullptr);
+    EXPECT_EQ(roundedSamples(*mono),
+              (std::vector<std::int16_t>{-32768, -32768, 32767, 32767, 5, 5}));
+    const auto three =
+        openWav(writeWav(folder.path(), format(1, 3, 16) + data({1, 2, 3, 4, 5, 6})));
+    ASSERT_NE(three, nullptr);
+    EXPECT_EQ(roundedSamples(*three), (std::vector<std::int16_t>{1, 2, 4, 5}));
+}
+
+TEST(AWavFile, OfOtherSamplesIsRoundedAndClipped) {
+    const scripted::TemporaryFolder folder;
+    const auto wav = openWav(floatWav(folder.path(), {1.0F, -2.0F, 0.5F, 10.6F / 32768.0F}));
+    ASSERT_NE(wav, nullptr);
+    EXPECT_EQ(roundedSamples(*wav),
+              (std::vector<std::int16_t>{32767, 32767, -32768, -32768, 16384, 16384, 11, 11}));
 }
 
 } // namespace velorin::host::test
