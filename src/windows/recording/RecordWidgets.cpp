@@ -21,7 +21,7 @@ namespace velorin {
 
 namespace {
 
-constexpr int paintPauseMs = 30;
+constexpr int paintPauseMs = 100;
 
 class PathTip : public QObject {
 public:

@@ -51,8 +51,9 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 };
 
-/// `Status`: a caption that may change thousands of times a second. It is painted about thirty
-/// times a second at most, so the progress display does not slow down an encoding.
+/// `Status`: a caption that may change thousands of times a second. It is painted ten times a
+/// second at most, as the bar of the panel is, so the progress display does not slow down an
+/// encoding.
 class StatusLabel : public QLabel {
     Q_OBJECT
     Q_PROPERTY(QString caption READ caption)
