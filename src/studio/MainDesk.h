@@ -56,7 +56,6 @@ public:
     /// The instrument list; a change runs `Combo1_Click`.
     virtual void setMainCombo1(int index) = 0;
     virtual void enableMainTrackSel(int row, bool enabled) = 0;
-    virtual void setMainTrackSel(int row, bool selected) = 0;
     virtual void setCheck1(bool checked) = 0; ///< the copy of the Recording Toolbar's `Check2`
     /// Selects the sound of a row on the device.
     virtual void ChangeInstrument(int instrument, int row) = 0;

@@ -30,7 +30,6 @@ struct NoDesk : MainDesk {
     void setText(MainText, const std::string&) override {}
     void setMainCombo1(int) override {}
     void enableMainTrackSel(int, bool) override {}
-    void setMainTrackSel(int, bool) override {}
     void setCheck1(bool) override {}
     void ChangeInstrument(int, int) override {}
     void FunctionBut_Click(int) override {}

@@ -62,13 +62,6 @@ void Setup::setTrackSel(int row, bool selected) {
     values.selected[row] = selected;
 }
 
-void Setup::enableTrackSel(int row, bool enabled) {
-    if (!isRow(row))
-        return;
-    if (SetupView* const view = load())
-        view->enableTrackSel(row, enabled);
-}
-
 void Setup::TrackSel_MouseDown(int row) {
     if (!isRow(row))
         return;
@@ -146,11 +139,6 @@ void Setup::setCombo1(int index) {
 int Setup::Combo5() {
     load();
     return values.percussion;
-}
-
-void Setup::Combo5_Click() {
-    if (SetupView* const view = load())
-        view->Combo5_Click();
 }
 
 int Setup::Combo2() {

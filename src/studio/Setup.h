@@ -22,7 +22,6 @@ public:
     virtual void loadControls() = 0;
 
     virtual void setTrackSel(int row, bool selected) = 0;
-    virtual void enableTrackSel(int row, bool enabled) = 0;
     virtual void TrackSel_MouseDown(int row) = 0;
     virtual void TrackSel_Click(int row) = 0;
     virtual void setTrackHide(int row, bool hidden) = 0;
@@ -32,7 +31,6 @@ public:
     virtual void setCh(int row, bool chord) = 0;
     virtual void setChkstrum(int row, bool strummed) = 0;
     virtual void setCombo1(int index) = 0;
-    virtual void Combo5_Click() = 0;
     virtual void setCombo2(int index) = 0;
     virtual void setTempoBar(int value) = 0;
     virtual void setTempoLabel(const std::string& text) = 0;
@@ -68,7 +66,6 @@ public:
     [[nodiscard]] bool TrackSel(int row);
     /// Selecting an option clears the others of its group (0..7, 8..12) and runs `TrackSel_Click`.
     void setTrackSel(int row, bool selected);
-    void enableTrackSel(int row, bool enabled);
     void TrackSel_MouseDown(int row); ///< the other options and the pictures follow option `row`
     void TrackSel_Click(int row);
 
@@ -82,7 +79,6 @@ public:
     [[nodiscard]] int Combo1(); ///< the instrument list; its entries are `instrumentEntry`
     void setCombo1(int index);
     [[nodiscard]] int Combo5(); ///< the percussion list; its entries are `percussionEntry`
-    void Combo5_Click();
     [[nodiscard]] int Combo2(); ///< the device list
     void setCombo2(int index);
 

@@ -18,7 +18,6 @@ public:
         }
         setup_.values.selected[row] = selected;
     }
-    void enableTrackSel(int, bool) override {}
     void TrackSel_MouseDown(int) override {}
     void TrackSel_Click(int) override {}
     void setTrackHide(int row, bool hidden) override {
@@ -34,7 +33,6 @@ public:
         setup_.values.options.rows[row].strummed = strummed;
     }
     void setCombo1(int index) override { setup_.values.instrument = index; }
-    void Combo5_Click() override {}
     void setCombo2(int index) override { setup_.values.device = index; }
     void setTempoBar(int) override {}
     void setTempoLabel(const std::string&) override {}

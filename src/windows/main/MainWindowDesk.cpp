@@ -125,10 +125,6 @@ void MainWindowDesk::enableMainTrackSel(int row, bool enabled) {
     form_.TrackSel[row]->setEnabled(enabled);
 }
 
-void MainWindowDesk::setMainTrackSel(int row, bool selected) {
-    form_.TrackSel[row]->setChecked(selected);
-}
-
 void MainWindowDesk::setCheck1(bool checked) {
     form_.Check1->setChecked(checked);
 }

@@ -42,7 +42,6 @@ public:
     void setText(MainText box, const std::string& text) override;
     void setMainCombo1(int index) override;
     void enableMainTrackSel(int row, bool enabled) override;
-    void setMainTrackSel(int row, bool selected) override;
     void setCheck1(bool checked) override;
     void ChangeInstrument(int instrument, int row) override;
     void FunctionBut_Click(int index) override;

@@ -77,10 +77,6 @@ void SetupToolbar::setTrackSel(int row, bool selected) {
     form().setTrackSel(row, selected);
 }
 
-void SetupToolbar::enableTrackSel(int row, bool enabled) {
-    form().TrackSel[row]->setEnabled(enabled);
-}
-
 void SetupToolbar::TrackSel_MouseDown(int row) {
     form().TrackSel_MouseDown(row);
 }
@@ -115,10 +111,6 @@ void SetupToolbar::setChkstrum(int row, bool strummed) {
 
 void SetupToolbar::setCombo1(int index) {
     select(*form().Combo1, index);
-}
-
-void SetupToolbar::Combo5_Click() {
-    form().Combo5_Click();
 }
 
 void SetupToolbar::setCombo2(int index) {

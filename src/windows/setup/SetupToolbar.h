@@ -42,7 +42,6 @@ public:
     // SetupView
     void loadControls() override;
     void setTrackSel(int row, bool selected) override;
-    void enableTrackSel(int row, bool enabled) override;
     void TrackSel_MouseDown(int row) override;
     void TrackSel_Click(int row) override;
     void setTrackHide(int row, bool hidden) override;
@@ -52,7 +51,6 @@ public:
     void setCh(int row, bool chord) override;
     void setChkstrum(int row, bool strummed) override;
     void setCombo1(int index) override;
-    void Combo5_Click() override;
     void setCombo2(int index) override;
     void setTempoBar(int value) override;
     void setTempoLabel(const std::string& text) override;

@@ -44,7 +44,6 @@ public:
         enabledRows += enabled ? '+' : '-';
         enabledRows += std::to_string(row);
     }
-    void setMainTrackSel(int row, bool) override { log_.push_back(said("main TrackSel", row)); }
     void ChangeInstrument(int instrument, int row) override {
         log_.push_back(said(said("ChangeInstrument", instrument), row));
     }
