@@ -27,7 +27,7 @@ BITRATE_ROW = OFFERED_BITRATES.index(BITRATE)
 # A row of the list of qualities for each number that lame has for them. The other rows have one of these numbers.
 OFFERED_QUALITIES = {"Low": (0, 9), "Normal": (1, 5), "High": (2, 2), "Phone": (4, 7), "Hifi": (7, 3), "Studio": (9, 0)}
 CONVERTER_BITRATES = (8, 16, 24, *OFFERED_BITRATES)
-SETTING_ROUNDS = 3
+SETTING_ROUNDS = 5
 SCORES = 100
 
 
@@ -102,9 +102,10 @@ def choose(desk, program, place, row):
 
 
 def print_setting(name, ours, theirs):
-    """Prints the processor time of one setting, and returns how many times as fast as lame it is."""
-    ratio = statistics.median(b / a for a, b in zip(ours, theirs))
-    print(f"{name:38} {statistics.median(ours):6.3f} s, lame {statistics.median(theirs):6.3f} s: {ratio:.2f} x", flush=True)
+    """Prints the processor time of one setting, and returns how many times as fast as lame it is. The shortest of the
+    rounds counts: other work on the machine only adds to it, at times a third of it."""
+    ratio = min(theirs) / min(ours)
+    print(f"{name:38} {min(ours):6.3f} s, lame {min(theirs):6.3f} s: {ratio:.2f} x", flush=True)
     return ratio
 
 
