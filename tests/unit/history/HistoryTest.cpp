@@ -259,6 +259,18 @@ TEST_F(HistoryTest, SavedMomentIsALineOfItsOwnAndNoStep) {
     EXPECT_EQ(score().CurrentFileName, songPath("boat.sng")) << "the file is the same one";
 }
 
+TEST_F(HistoryTest, ScoreThatIsDrawnBackToItsFileIsNoSavedMoment) {
+    draw(0, 0);
+    session.files.SaveScoreFile(songPath("boat.sng"));
+    history.changeFinished();
+    draw(0, 3);
+    score().NoteArray.write(0, 3, emptyCell);
+    score().InstrumentArray.write(0, 3, 0);
+    history.changeFinished();
+    EXPECT_FALSE(history.isUnsaved()) << "nothing would be lost";
+    EXPECT_FALSE(history.entries().back().isSaved) << "but no file was written at this moment";
+}
+
 TEST_F(HistoryTest, ReplacedScoreThatWasNotSavedIsReportedOnce) {
     int reports = 0;
     history.onReplacedUnsaved = [&reports] { ++reports; };
