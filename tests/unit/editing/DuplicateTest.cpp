@@ -148,6 +148,24 @@ TEST(Duplicate, ARepeatOfZeroPastesTheFirstCopyAndShowsAHint) {
     EXPECT_NE(stage.texts.hints[0].find("Repeat starts at 1"), std::string::npos);
 }
 
+TEST(Duplicate, ANumberThatLeavesItsRangeCountsAsZero) {
+    EditingStage stage;
+    stage.texts.repeat = std::string("32768");
+    stage.note(0, 3, 60);
+
+    stage.duplicate.CopyNotes(0, 12);
+
+    EXPECT_EQ(startsOf(stage, 0, 60), "3");
+    EXPECT_EQ(stage.texts.hints.size(), 1U);
+
+    stage.texts.repeat = std::string("1");
+    stage.texts.notes = std::string("32768");
+
+    stage.duplicate.CopyNotes(0, 12);
+
+    EXPECT_EQ(startsOf(stage, 0, 60), "3") << "a second copy would add column 4";
+}
+
 TEST(Duplicate, ANegativeRepeatPastesNoCopy) {
     EditingStage stage;
     stage.texts.repeat = std::string("-12");
@@ -189,6 +207,17 @@ TEST(Duplicate, TheMarkerMovesAndStopsAfterTheLastCopy) {
     stage.duplicate.DuplicateRepeat(0, 12);
 
     EXPECT_EQ(stage.score.StartColumn, 46) << "copies at 10, 22 and 34; the limit is 40";
+}
+
+// The limit would be 32768, so it is 0.
+TEST(Duplicate, ALimitThatLeavesItsRangePastesNoCopy) {
+    EditingStage stage;
+    stage.score.StartColumn = 1;
+    stage.texts.notes = std::string("32767");
+
+    stage.duplicate.DuplicateRepeat(0, 12);
+
+    EXPECT_EQ(stage.score.StartColumn, 1);
 }
 
 TEST(Duplicate, TheMarkerStopsWhereTheNextStepLeavesItsRange) {
