@@ -177,6 +177,17 @@ TEST_F(StepEntryTest, AViewThatShowsTheStepStays) {
     EXPECT_EQ(studio.view.TopPitch, before.TopPitch);
 }
 
+TEST_F(StepEntryTest, AStepInTheFirstCellOfTheViewLeavesTheViewWhereItIs) {
+    score.StartColumn = 500;
+    ASSERT_EQ(entry.write({60}), StepResult::done);
+    const View before = studio.view;
+    ASSERT_GT(before.FirstColumn, 0);
+    score.StartColumn = before.FirstColumn;
+    EXPECT_EQ(entry.write({127 - (before.TopPitch + seen().firstLine)}), StepResult::done);
+    EXPECT_EQ(studio.view.FirstColumn, before.FirstColumn);
+    EXPECT_EQ(studio.view.TopPitch, before.TopPitch);
+}
+
 TEST_F(StepEntryTest, AChordThatIsHigherThanTheViewIsWrittenWhole) {
     EXPECT_EQ(entry.write({127, 64, 0}), StepResult::done);
     EXPECT_EQ(notes(0, 0, 0) + " " + notes(1, 0, 0) + " " + notes(2, 0, 0), "0 63 127");
