@@ -70,7 +70,6 @@ std::uint32_t ScriptedEncoder::beEncodeChunk(platform::EncoderStream, std::uint3
 std::uint32_t ScriptedEncoder::beDeinitStream(platform::EncoderStream, std::uint8_t* output,
                                               std::uint32_t& bytes) {
     log.emplace_back("flush");
-    bytes = 0;
     if (const std::uint32_t code = codeOf("flush"); code != platform::encoderSuccess)
         return code;
     bytes = 2;

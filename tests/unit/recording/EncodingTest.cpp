@@ -198,6 +198,13 @@ TEST_F(Encoding, KeepsAWavThatTheEncoderFailsOn) {
     EXPECT_EQ(notices().size(), 2U) << "a begin that fails makes no MP3, and has its box";
 }
 
+TEST_F(Encoding, WritesNothingForAFlushThatFails) {
+    takeWav(std::string(60, 'x')); // 8 chunks
+    host.encoder.failures["flush"] = 5;
+    encoding.Command20_Click();
+    EXPECT_EQ(read("a.mp3").size(), 8U * 4);
+}
+
 TEST_F(Encoding, LeavesAnMp3WhoseNameDiffersInCase) {
     write("A.MP3", "another song");
     takeWav(std::string(60, 'x'));
