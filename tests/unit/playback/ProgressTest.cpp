@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <limits>
+
 namespace velorin {
 namespace {
 
@@ -61,6 +64,15 @@ TEST_F(Progress, FromTwiceTheSongOnKeepsItsCaption) {
     play();
     EXPECT_EQ(shown(), (Lines{"progress 1.500000 \"150 %\"", "progress 2.000000",
                               "progress 2.500000", "end progress"}));
+}
+
+// 2147483647 / 2, and so on for as long as the song loops.
+TEST_F(Progress, StaysAtItsLargestCount) {
+    write(0, "60 =");
+    studio.run.ProgressCount = std::numeric_limits<std::int32_t>::max();
+    play();
+    EXPECT_EQ(shown(), (Lines{"progress 1073741823.500000", "progress 1073741823.500000",
+                              "progress 1073741823.500000", "end progress"}));
 }
 
 TEST_F(Progress, IsNeitherShownNorCountedWithoutItsWindow) {
