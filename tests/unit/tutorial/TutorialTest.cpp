@@ -3,6 +3,7 @@
 
 #include "RecordingWizardDesk.h"
 #include "session/Session.h"
+#include "support/PlainSetupView.h"
 #include "support/ScriptedPlatform.h"
 #include "tutorial/Lesson.h"
 #include "tutorial/WizardView.h"
@@ -287,6 +288,23 @@ TEST_F(TutorialTest, TheEndOfTheProgramDuringTheHintLeavesTheStepUndone) {
     tutorial.L1_Click(0);
     EXPECT_TRUE(hasNote());
     EXPECT_TRUE(desk.log.empty());
+}
+
+TEST_F(TutorialTest, ThePercussionLessonOpensThePercussionRowsOneAfterTheOther) {
+    struct PressedRows final : scripted::PlainSetupView {
+        using PlainSetupView::PlainSetupView;
+        void TrackSel_MouseDown(int row) override { pressed.push_back(row); }
+        std::vector<int> pressed;
+    } rows(session.studio.setup);
+    view.showsTips = false;
+    const std::vector<std::pair<int, int>> rowsOfSteps{{0, 8}, {3, 10}, {6, 11}};
+    for (const auto& [step, row] : rowsOfSteps) {
+        rows.pressed.clear();
+        tutorial.performStep(LessonIndex::percussion, step);
+        EXPECT_EQ(rows.pressed, std::vector<int>{row}) << step;
+        for (int other = 8; other < scoreRows; ++other)
+            EXPECT_EQ(session.studio.setup.TrackSel(other), other == row) << step;
+    }
 }
 
 TEST_F(TutorialTest, ThereAreSevenLessonsOfSixtyOneSteps) {
