@@ -54,6 +54,55 @@ TEST(ARow, HoldsVoicesThatNeverOverlapIfThereAreMoreVoicesThanRows) {
     EXPECT_EQ(import.account.shortened, 0);
 }
 
+TEST(ARow, IsNeverSharedByTheMelodyAndTheBass) {
+    Song
+        song; // nine channels, each with one bar; channel 1 is the lowest and channel 2 the highest
+    for (int channel = 0; channel < 9; ++channel) {
+        const int key = channel == 1 ? 36 : channel == 2 ? 96 : 60;
+        for (int i = 0; i < 4; ++i)
+            song.note((channel * 4 + i) * quarter, key, quarter, channel);
+    }
+    const Score score = song.import().pieces[0].score;
+    const auto rowOf = [&score](int column) {
+        int row = 0;
+        while (row < musicRows && !isStart(score.NoteArray.at(row, column)))
+            ++row;
+        return row;
+    };
+    EXPECT_LT(rowOf(4), musicRows);
+    EXPECT_LT(rowOf(8), musicRows);
+    EXPECT_NE(rowOf(4), rowOf(8));
+}
+
+TEST(ARow, IsThatOfOneVoiceIfNoOtherRowHasRoomForAllOfIt) {
+    Song song; // channel 0 has a melody that rests in the first column, and a voice below it
+    for (int i = 0; i < 4; ++i) {
+        if (i > 0)
+            song.note(i * quarter, 96, quarter);
+        song.note(i * quarter, 72, quarter);
+        for (int channel = 1; channel < 8; ++channel)
+            song.note(i * quarter, 72 - 5 * channel, quarter, channel);
+    }
+    EXPECT_EQ(rowText(song.import().pieces[0].score, 0, 4), "72 72 72 72");
+}
+
+// Two notes last, the one 16 columns too long for the note between them, the other 20. From 16 on
+// the loss is the same, and the longer note loses a smaller part of itself.
+TEST(ARow, IsTakenFromTheLongerOfTwoNotesThatBothLoseMuch) {
+    Song song;
+    song.note(0, 70, 36 * quarter, 2).note(0, 50, 40 * quarter, 3);
+    for (int i = 0; i < 40; ++i) {
+        song.note(i * quarter, 96, quarter, 0).note(i * quarter, 24, quarter, 1);
+        for (int channel = 4; channel < 8; ++channel)
+            song.note(i * quarter, 30 + 5 * channel, quarter, channel);
+    }
+    song.note(20 * quarter, 61, quarter, 8);
+    const Import import = song.import();
+    EXPECT_EQ(import.account.shortened, 1);
+    EXPECT_TRUE(isHeld(import.pieces[0].score.NoteArray.at(2, 35)));
+    EXPECT_EQ(PitchToKey(import.pieces[0].score.NoteArray.at(3, 20)), 61);
+}
+
 TEST(ARow, KeepsTheInstrumentOfEachNote) {
     Song song;
     song.program(0, 24).note(0, 60, quarter).program(quarter, 73).note(quarter, 62, quarter);
