@@ -110,20 +110,28 @@ class Runner:
         return failed
 
     def groups(self, change):
-        """The processes that reach a change, those of its own folder first: short unit tests, transcripts, long unit tests."""
+        """The processes that reach a change, those of its own folder first: short unit tests, transcripts, long unit tests.
+
+        The other short tests of its own folder come last: what a process computes once is reached by its first test only."""
         number, folder = change.number, change.path.split("/")[1]
-        short, scripts, long = [], [], []
+        short, others, scripts, long = [], [], [], []
         for program, tests in self.units.items():
-            reaching = [(test, seconds) for test, seconds, numbers in tests if number in numbers]
             name = pathlib.Path(program).name
-            if any(test == "" for test, _ in reaching):
-                reaching = [(test, seconds) for test, seconds, _ in tests if test]
-            for some, into in ([one for one in reaching if one[1] <= LONG_S], short), ([one for one in reaching if one[1] > LONG_S], long):
+            named = [(test, seconds) for test, seconds, _ in tests if test]
+            reaching = {test for test, _, numbers in tests if number in numbers}
+            if "" in reaching:
+                reaching = {test for test, _ in named}
+            parts = [([one for one in named if one[0] in reaching and one[1] <= LONG_S], short),
+                     ([one for one in named if one[0] in reaching and one[1] > LONG_S], long)]
+            if reaching and name.startswith(f"unit_{folder}"):
+                parts.append(([one for one in named if one[0] not in reaching and one[1] <= LONG_S], others))
+            for some, into in parts:
                 if some:
                     chosen = ":".join(test for test, _ in some)
                     into.append(Group([program, f"--gtest_filter={chosen}", "--gtest_fail_fast"], name, sum(seconds for _, seconds in some)))
         for some in (short, long):
             some.sort(key=lambda group: (not group.name.startswith(f"unit_{folder}"), group.seconds))
+        short += others
         reaching = sorted((seconds, file) for file, seconds, numbers in self.transcripts if number in numbers)
         for first in range(0, len(reaching), TRANSCRIPTS_AT_ONCE):
             some = reaching[first:first + TRANSCRIPTS_AT_ONCE]
