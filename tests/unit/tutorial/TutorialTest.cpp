@@ -305,6 +305,21 @@ TEST_F(TutorialTest, ThePercussionLessonOpensThePercussionRowsOneAfterTheOther) 
         for (int other = 8; other < scoreRows; ++other)
             EXPECT_EQ(session.studio.setup.TrackSel(other), other == row) << step;
     }
+    desk.log.clear();
+    for (const int step : {1, 4, 7})
+        tutorial.performStep(LessonIndex::percussion, step);
+    EXPECT_EQ(desk.log, (Lines{"Combo5 0", "Combo5 25", "Combo5 4"}));
+}
+
+TEST_F(TutorialTest, TheSetupLessonMovesTheTempoTo70) {
+    struct MovedBar final : scripted::PlainSetupView {
+        using PlainSetupView::PlainSetupView;
+        void setTempoBar(int value) override { moved.push_back(value); }
+        std::vector<int> moved;
+    } bar(session.studio.setup);
+    view.showsTips = false;
+    tutorial.performStep(LessonIndex::setup, 1);
+    EXPECT_EQ(bar.moved, std::vector<int>{70});
 }
 
 TEST_F(TutorialTest, ThereAreSevenLessonsOfSixtyOneSteps) {
