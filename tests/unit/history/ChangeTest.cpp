@@ -1,6 +1,7 @@
 // The line that says what changed.
 #include "history/Change.h"
 
+#include "history/NoteDifference.h"
 #include "model/Score.h"
 #include "support/GridText.h"
 
@@ -72,6 +73,8 @@ std::vector<Case> drawnNotes() {
                      note(s, 1, 12, 65);
                  },
                  "notes", "Note moved on channel 2, column 13"},
+            Case{"OneNoteInPlaceOfTwo", tune, [](Score& s) { note(s, 1, 4, 70, 6); }, "notes",
+                 "2 notes changed on channel 2"},
             Case{"OtherPitch", tune, [](Score& s) { note(s, 1, 9, 70); }, "notes",
                  "Note moved on channel 2, column 10"}};
 }
@@ -170,6 +173,20 @@ INSTANTIATE_TEST_SUITE_P(ErasedNotesAndBeats, ChangeTest, testing::ValuesIn(eras
                          nameOf);
 INSTANTIATE_TEST_SUITE_P(Values, ChangeTest, testing::ValuesIn(values()), nameOf);
 INSTANTIATE_TEST_SUITE_P(Blocks, ChangeTest, testing::ValuesIn(blocks()), nameOf);
+
+TEST(ShiftTest, NoteInARowThatWasEmptyIsNotInsertedWithTheOthers) {
+    auto before = std::make_unique<Score>();
+    tune(*before);
+    auto after = std::make_unique<Score>();
+    note(*after, 0, 4, 60, 2);
+    note(*after, 0, 8, 62);
+    note(*after, 1, 8, 64, 3);
+    note(*after, 1, 13, 65);
+    ASSERT_TRUE(findShift(*before, *after));
+    EXPECT_EQ(findShift(*before, *after)->columns, 4);
+    note(*after, 2, 3, 60);
+    EXPECT_FALSE(findShift(*before, *after)) << "nothing of row 2 has moved";
+}
 
 TEST(ChangeNamesTest, OpenedScoreIsNamedWithoutItsFolder) {
     const Change change = changeBy(tune, nothing, {"", "", "C:\\Songs\\harbour-lights.sng"});

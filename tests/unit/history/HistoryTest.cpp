@@ -327,6 +327,18 @@ TEST_F(HistoryTest, EndTellsWhetherTheScoreNeedsRecovery) {
     EXPECT_TRUE(store.endedSafely);
 }
 
+TEST_F(HistoryTest, EndWithAnErrorLeavesAlsoASavedScoreToRecover) {
+    draw(0, 0);
+    session.files.SaveScoreFile(songPath("boat.sng"));
+    scripted::putNote(score(), 0, 1, 60, 1, 24);
+    history.endWithError();
+    EXPECT_TRUE(store.ended);
+    EXPECT_FALSE(store.endedSafely);
+    EXPECT_EQ(store.toRecover(), exactText(score()));
+    history.end();
+    EXPECT_FALSE(store.endedSafely) << "the first end counts";
+}
+
 TEST_F(HistoryTest, ChangeAfterTheEndIsNotKept) {
     draw(0, 0);
     history.end();
