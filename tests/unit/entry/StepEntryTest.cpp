@@ -237,6 +237,17 @@ TEST_F(StepEntryTest, NothingIsWrittenWhileAPressWouldNotDraw) {
     EXPECT_EQ(score.StartColumn, 0);
 }
 
+TEST_F(StepEntryTest, AStepMayBeAsWideAsTheViewAndNoWider) {
+    for (int width = 60; studio.view.VisibleColumns != 3 && width < 640; width += 4)
+        resize(width, 600);
+    ASSERT_EQ(studio.view.VisibleColumns, 3) << "the fourth is at the edge";
+    entry.setLength(5);
+    EXPECT_EQ(entry.write({60}), StepResult::tooNarrow);
+    entry.setLength(4);
+    EXPECT_EQ(entry.write({60}), StepResult::done);
+    EXPECT_EQ(notes(0, 0, 4), "67 1067 1067 1067 .");
+}
+
 // Scrolling yields.
 TEST_F(StepEntryTest, ASongThatStartsWhileTheViewScrollsIsLeftAlone) {
     score.StartColumn = 500;
