@@ -10,6 +10,15 @@ using Runs = std::vector<importing::Run>;
 
 constexpr double second = 1e6; ///< in microseconds
 
+// Ticks of 5 ms, and from 5 s on one in 500 longer: 10 ms more in the end, as near as a run may be.
+TEST(ARunOfTempos, HasTheFirstOfTwoThatLastEquallyLong) {
+    midifile::TempoMap map(midifile::TickLength(100));
+    map.add(1000, 501'000);
+    const Runs runs = runsOf(map, 10 * second);
+    ASSERT_EQ(runs.size(), 1U);
+    EXPECT_DOUBLE_EQ(runs[0].usPerTick, 5000.0);
+}
+
 TEST(AGroupOfRuns, HasTheTempoOfItsLongestRun) {
     const Runs runs{{0.0, 12 * second, 0, 1, 1000.0},
                     {12 * second, 52 * second, 1, 2, 1001.0},
