@@ -104,6 +104,7 @@ TEST(AMidiFileReader, KeepsWhatIsBeforeADamage) {
         const Track track = trackOf(good + damage);
         EXPECT_EQ(track.events.size(), 1U) << testing::PrintToString(damage);
         EXPECT_FALSE(track.isWhole) << testing::PrintToString(damage);
+        EXPECT_EQ(track.endTick, damage[0] == '\x81' && damage.size() == 1 ? 128 : 0);
     }
 }
 

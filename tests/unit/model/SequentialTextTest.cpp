@@ -124,6 +124,21 @@ TEST(SequentialText, LongLinesKeepTheirNumbers) {
     EXPECT_EQ(linesOf("-" + zeros + "," + zeros + ".5e1"), "0:0 1:5 /");
 }
 
+// The text is read in pieces of 4096 bytes. An exponent looks two characters ahead.
+TEST(SequentialText, NumberMayBeInTwoPiecesOfALongText) {
+    for (int blanks = 4090; blanks <= 4096; ++blanks) {
+        std::istringstream file(times(blanks, " ") + "2e+5\r\n" + times(9000, "7,") + "8\r\n9");
+        SequentialText text(&file);
+        FieldText number;
+        EXPECT_TRUE(text.readNumber(number));
+        EXPECT_EQ(number.text(), "2e+5") << blanks;
+        std::int64_t sum = 0;
+        EXPECT_TRUE(text.readFields(9001, [&sum](int, std::int16_t value) { sum += value; }));
+        EXPECT_EQ(sum, 9000 * 7 + 8) << blanks;
+        EXPECT_TRUE(text.readFields(1, [](int, std::int16_t value) { EXPECT_EQ(value, 9); }));
+    }
+}
+
 TEST(SequentialText, HundredMegabytesInOneLineAreReadInBoundedMemory) {
     for (const char* piece : {"1234567890", "60,", ",,,,,,", "          ", "0000"}) {
         EndlessText endless(piece, 20'000'000);
