@@ -169,6 +169,15 @@ TEST_F(Chords, ANoteIndexThatHasNoKeySoundsNothing) {
     EXPECT_EQ(midi(), (Lines{"0.000 90 80 7E"}));
 }
 
+TEST_F(Chords, AnInstrumentOfNoRowIsSentAndNotKept) {
+    for (const int row : {13, 15}) {
+        sounding.ChangeInstrument(5, row);
+        sounding.ChangeInstrument(174, row);
+    }
+    EXPECT_EQ(midi(), (Lines{"0.000 BD 00 00", "0.000 BD 20 00", "0.000 CD 05", "0.000 BF 00 00",
+                             "0.000 BF 20 00", "0.000 CF 05"}));
+}
+
 TEST_F(Chords, APercussionSoundStartsOnChannel9AndEndsOnChannel12) {
     sounding.ChangeInstrument(174, 10);
     sounding.StartNote(3, 10);

@@ -34,6 +34,12 @@ TEST_F(InstrumentSampleTest, OfANoteIsSoftAndEndsAtItsOwnPitch) {
     EXPECT_EQ(midi(), (Lines{"0.800 8F 3D 00"}));
 }
 
+TEST_F(InstrumentSampleTest, OfANoteOfAVerySoftRowIsStillHeard) {
+    setup.options.rows[0].volume = "2"; // four tenths are less than 1
+    sample.startSoftly(128, 67);
+    EXPECT_EQ(midi(), (Lines{"0.000 99 23 01"}));
+}
+
 TEST_F(InstrumentSampleTest, OfANoteOutsideTheTableauIsNothing) {
     sample.startSoftly(26, -1);
     sample.startSoftly(26, 128);

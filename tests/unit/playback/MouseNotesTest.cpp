@@ -54,6 +54,12 @@ TEST_F(MouseNotes, AReleaseOfAPlainNoteIsOneMessage) {
     EXPECT_EQ(midi(), (Lines{"0.000 80 3C 00"}));
 }
 
+TEST_F(MouseNotes, AReleaseIsTheFirstOfTheLastMessages) {
+    sounding.StopNoteBtnUp(67);
+    EXPECT_EQ(sounding.LastMessages[0], 0x003C80);
+    EXPECT_EQ(sounding.LastMessages[1], 0);
+}
+
 TEST_F(MouseNotes, AReleaseOnAChordRowEndsTheWholeChord) {
     setup.options.rows[0].chord = true;
     sounding.StopNoteBtnUp(67);

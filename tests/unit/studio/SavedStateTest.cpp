@@ -87,6 +87,13 @@ TEST_F(SavedStateTest, FileThatCannotBeReadSavesNothing) {
     EXPECT_FALSE(isSaved());
 }
 
+TEST_F(SavedStateTest, KnowsTheFileAlsoOfAScoreThatIsSavedTwice) {
+    putRow(studio.score, 0, "60", 24);
+    files.SaveScoreFile(at("Song.SNG"));
+    files.SaveScoreFile(at("Song.SNG"));
+    EXPECT_EQ(studio.saved.fileNamed(platform::lowerCase(at("Song.SNG"))), at("Song.SNG"));
+}
+
 TEST_F(SavedStateTest, KnowsTheFileOfAScoreByItsNameInLowerCase) {
     EXPECT_EQ(studio.saved.fileNamed(""), "");
     files.SaveScoreFile(at("Song.SNG"));
