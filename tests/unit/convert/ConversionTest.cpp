@@ -175,6 +175,32 @@ TEST_F(AConversion, ToAThumbnailFitsIntoASquare) {
     EXPECT_EQ(sizeOf(read("thumbnail")), std::pair(192, 144));
 }
 
+// One row with the pitch 125 in column 0, and another pitch in column 20.
+std::string lowScore(const std::string& last) {
+    std::string notes = "125";
+    std::string instruments = "115";
+    for (int column = 1; column < 20; ++column) {
+        notes += ",-1";
+        instruments += ",0";
+    }
+    std::string text = notes + "," + last + "\r\n" + instruments + ",115\r\n";
+    for (int row = 1; row < 13; ++row)
+        text += "-1\r\n0\r\n";
+    return text + " 100 \r\n115,0,0,0,0,0,0,0,0,0,0,0,0\r\n";
+}
+
+// It has 12 lines and shows columns 0 to 15. The one song has only the five lines 123 to 127, so it
+// gets more above them; the other has the lines 116 to 127.
+TEST_F(AConversion, ToAThumbnailOfTheLowestNotesEndsWithTheLowestLine) {
+    write("one.sng", lowScore("125"));
+    write("two.sng", lowScore("118"));
+    options_.thumbnailPx = 1024;
+    ASSERT_EQ(make("one", Kind::png, "one.sng"), "");
+    ASSERT_EQ(make("two", Kind::png, "two.sng"), "");
+    EXPECT_EQ(sizeOf(read("one")), std::pair(192, 144));
+    EXPECT_EQ(read("one"), read("two"));
+}
+
 TEST_F(AConversion, ThatFailsLeavesNoFiles) {
     write("text.sng", "no score");
     write("empty.sng", "");

@@ -89,6 +89,13 @@ TEST_F(AMidiConversion, OfAFileWithoutNotesIsSilentAndWarns) {
     EXPECT_THAT(warnings_, ElementsAre(at("a.mid") + " has no notes; the sound is silent"));
 }
 
+// 4,000 ticks are 20 seconds. A frame has 4 bytes, after a header of 44.
+TEST_F(AMidiConversion, OfSilenceEndsASecondAfterTheFileDoes) {
+    writeMidi("a.mid", std::string("\x9F\x20\xFF\x2F\x00", 5));
+    ASSERT_EQ(make("a.mid", "a.wav"), "");
+    EXPECT_EQ(read("a.wav").size(), 44U + 21 * 8000 * 4);
+}
+
 TEST_F(AMidiConversion, OfADamagedFileWarnsAndFailsIfItHasNoNotes) {
     writeMidi("cut.mid", oneQuarter.substr(0, 6));
     ASSERT_EQ(make("cut.mid", "cut.wav"), "");

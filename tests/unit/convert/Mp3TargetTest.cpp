@@ -146,6 +146,12 @@ TEST_F(AnMp3Target, OfOneChannelEncodesTheLeftSamplesOfEachFrame) {
     EXPECT_EQ(written(), "TAG.") << "the first frame tells players the length";
 }
 
+TEST_F(AnMp3Target, MayHaveTheBestQuality) {
+    const auto made = makeMp3(folder_.path() / "a.mp3", {44100, 1, 192, 0}, monoEncoder());
+    ASSERT_TRUE(made) << made.reason();
+    EXPECT_EQ(told().quality, 0);
+}
+
 TEST_F(AnMp3Target, KeepsAFirstFrameThatDoesNotFit) {
     const auto lame = monoEncoder();
     lame->tagFrame = [](const host::LameFlags*, unsigned char*, std::size_t size) {

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 
@@ -15,6 +16,7 @@ namespace velorin::convert {
 namespace {
 
 namespace fs = std::filesystem;
+using namespace std::chrono_literals;
 
 // Without the ending, which makes the first two 255 bytes long.
 const std::string names[] = {std::string(251, 'n'),
@@ -103,6 +105,23 @@ TEST(AFolderOfScores, GetsFilesWithTheEndingOfEachKind) {
         ASSERT_EQ(tasks.size(), 1U);
         EXPECT_EQ(tasks[0].target, fs::path("out") / name);
     }
+}
+
+TEST(AFolderOfScores, IsConvertedAgainWhereTheOutputIsOlder) {
+    const scripted::TemporaryFolder folder;
+    std::ofstream(folder.path() / "a.sng") << "60\r\n";
+    Options options;
+    std::vector<SkippedFile> skipped;
+    options.tasks =
+        expandFolders({{folder.path().string(), folder.path() / "out", Kind::mid, true}}, skipped);
+    ASSERT_EQ(options.tasks.size(), 1U);
+    const auto outcome = [&options] {
+        return convertAll(options, 1, [](const ConversionResult&) {}).at(0).outcome;
+    };
+    EXPECT_EQ(outcome(), Outcome::converted);
+    EXPECT_EQ(outcome(), Outcome::skipped);
+    fs::last_write_time(folder.path() / "a.sng", fs::file_time_type::clock::now() + 1h);
+    EXPECT_EQ(outcome(), Outcome::converted);
 }
 
 INSTANTIATE_TEST_SUITE_P(Odd, ANamedFile, testing::ValuesIn(names));

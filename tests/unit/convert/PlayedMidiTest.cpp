@@ -195,6 +195,15 @@ TEST_F(APlayedScore, IsWholeWithoutATempo) {
 
 // 13 rows of 1001 notes, eight of them chords of four: more than the 10,000 bytes of the program's
 // own export.
+TEST_F(APlayedScore, WithoutColumnTimesHasNoWaitBeforeColumn0) {
+    draw(0, 0, 1, 24);
+    for (const int tempo : {0, -100}) {
+        score().Tempo = static_cast<std::int16_t>(tempo);
+        file();
+        EXPECT_EQ(song.leadNs, 0) << tempo;
+    }
+}
+
 TEST_F(APlayedScore, HasNoLimitOfLength) {
     for (int row = 0; row < scoreRows; ++row) {
         for (int column = 0; column < scoreColumns; ++column)

@@ -1,6 +1,8 @@
 // The length of a sound as text, and the limits.
 #include "convert/SoundLength.h"
 
+#include "convert/SoundTarget.h"
+
 #include <gmock/gmock.h>
 
 namespace velorin::convert {
@@ -34,6 +36,12 @@ TEST(ASoundLength, IsTooLongForAWavFileOver4GiB) {
     EXPECT_EQ(checkLength({406 * minute, 22050, 0}, 1440).reason(), "");
     EXPECT_EQ(checkLength({406 * minute, 44100, 192}, 1440).reason(), "")
         << "an MP3 file has no such end";
+}
+
+TEST(ASoundLength, MayBeTheMostThatAWavFileHolds) {
+    const double most = static_cast<double>(maxWavFrames); // one frame a second
+    EXPECT_EQ(checkLength({most, 1, 0}, 20'000'000).reason(), "");
+    EXPECT_NE(checkLength({most + 1.0, 1, 0}, 20'000'000).reason(), "");
 }
 
 } // namespace
