@@ -66,6 +66,17 @@ def loop_seconds(pid):
     return int(pathlib.Path(f"/proc/{pid}/task/{pid}/schedstat").read_text().split()[0]) / 1e9
 
 
+def has_open(pid, file):
+    """Whether a process has a file open."""
+    for descriptor in pathlib.Path(f"/proc/{pid}/fd").iterdir():
+        try:
+            if descriptor.readlink() == file:
+                return True
+        except FileNotFoundError:
+            pass  # closed meanwhile
+    return False
+
+
 def press_encode(desk, program, mp3):
     mp3.unlink(missing_ok=True)
     pid = program.process.pid
@@ -73,13 +84,11 @@ def press_encode(desk, program, mp3):
     desk.point(*place)
     used, start = loop_seconds(pid), time.time()
     desk.click(*place)
-    sizes = []
 
-    def stands_still():
-        sizes.append(mp3.stat().st_size if mp3.exists() else 0)
+    def is_made():
         time.sleep(0.05)
-        return len(sizes) > 6 and sizes[-1] > 0 and sizes[-1] == sizes[-6]
-    wait_until(stands_still, "the MP3", 300)
+        return mp3.exists() and mp3.stat().st_size > 0 and not has_open(pid, mp3)
+    wait_until(is_made, "the MP3", 300)
     return mp3.stat().st_mtime - start, loop_seconds(pid) - used
 
 
