@@ -16,6 +16,7 @@ TEST(ADrum, HasTheSoundOfItsKey) {
     EXPECT_EQ(drumOf(82), 128 + 70 - 35); // a shaker becomes maracas
     EXPECT_EQ(drumOf(31), 128 + 37 - 35); // sticks become a side stick
     EXPECT_EQ(drumOf(87), 128 + 41 - 35); // an open surdo becomes a low floor tom
+    EXPECT_EQ(drumOf(33), 128 + 76 - 35); // a metronome becomes a high wood block
     EXPECT_EQ(drumOf(20), 0);
     EXPECT_EQ(drumOf(88), 0);
 }

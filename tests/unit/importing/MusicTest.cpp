@@ -31,6 +31,12 @@ TEST(Music, HoldsANoteWithoutANoteOffToTheEnd) {
     EXPECT_DOUBLE_EQ(musicOf(song.data()).notes[0].endUs, 1e6);
 }
 
+TEST(Music, BeginsWithAPianoAtTheUsualVolume) {
+    const Import import = Song().note(0, 60, quarter, 0, 0, 127).import();
+    EXPECT_EQ(import.pieces[0].score.InstrumentArray.at(0, 0), 0);
+    EXPECT_EQ(import.pieces[0].volumes[0], 127);
+}
+
 TEST(Music, NamesTheNotesOfASilentChannel) {
     Song song;
     song.control(0, 7, 0).note(0, 60, quarter);

@@ -34,6 +34,11 @@ TEST(AGroupOfRuns, EndsBeforeASteadyRunOfAnotherTempo) {
     EXPECT_EQ(groupsOf(runs).size(), 2U);
 }
 
+TEST(AGroupOfRuns, MayBeARunOfTenSeconds) {
+    const Runs runs{{0.0, 12 * second, 0, 1, 1000.0}, {12 * second, 22 * second, 1, 2, 1010.0}};
+    EXPECT_EQ(groupsOf(runs).size(), 2U);
+}
+
 TEST(AGroupOfRuns, ThatBeginsWithShortOnesHasTheTempoOfTheSteadyOne) {
     const Runs runs{{0.0, 4 * second, 0, 1, 1500.0},
                     {4 * second, 6 * second, 1, 2, 1200.0},
