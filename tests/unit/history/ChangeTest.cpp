@@ -147,6 +147,16 @@ std::vector<Case> blocks() {
                      note(s, 1, 8, 65);
                  },
                  "block", "1 column cut at column 4"},
+            Case{"CutOfOneRow",
+                 [](Score& s) {
+                     note(s, 1, 2, 64);
+                     note(s, 1, 6, 65);
+                 },
+                 [](Score& s) {
+                     s.ClearNoteArrays();
+                     note(s, 1, 2, 65);
+                 },
+                 "block", "4 columns cut at column 3"},
             Case{"ErasedColumns", tune,
                  [](Score& s) {
                      rest(s, 0, 4, 9);

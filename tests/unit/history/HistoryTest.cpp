@@ -191,6 +191,16 @@ TEST_F(HistoryTest, ViewStaysWhereTheChangeIsInSight) {
     EXPECT_EQ(desk.pitch, -1);
 }
 
+TEST_F(HistoryTest, ViewStaysWhereTheChangeIsInItsLastLine) {
+    session.studio.view.TopPitch = 50;
+    session.studio.view.BottomPitch = 70;
+    for (const int pitch : {50, 70}) {
+        draw(0, 5, pitch);
+        history.undo();
+        EXPECT_EQ(desk.pitch, -1) << pitch;
+    }
+}
+
 TEST_F(HistoryTest, ViewMovesToAChangeThatIsOutOfSight) {
     session.studio.view.TopPitch = 50;
     session.studio.view.BottomPitch = 70;
@@ -318,6 +328,15 @@ TEST_F(HistoryTest, ClearedHistoryBeginsWithTheScoreAsItIs) {
     draw(0, 4);
     history.undo();
     EXPECT_EQ(notes(), "60 60 . . .");
+}
+
+TEST_F(HistoryTest, ClearedHistoryOfABlankSheetIsEmpty) {
+    draw(0, 0);
+    score().ClearNoteArrays();
+    history.clear();
+    EXPECT_TRUE(history.entries().empty());
+    EXPECT_EQ(history.current(), 0);
+    EXPECT_EQ(history.undo(), HistoryStep::atEnd);
 }
 
 TEST_F(HistoryTest, EndTellsWhetherTheScoreNeedsRecovery) {
