@@ -87,6 +87,13 @@ Track trackOf(const std::string& bytes) {
     return files.empty() ? Track() : files[0].tracks[0];
 }
 
+TEST(AMidiFileReader, GivesAMeterAtTheEndOfATrack) {
+    const Track track = trackOf(std::string("\x00\xFF\x58\x04\x03\x02\x18\x08", 8));
+    ASSERT_EQ(track.meters.size(), 1U);
+    EXPECT_EQ(track.meters[0].beats, 3);
+    EXPECT_TRUE(track.isWhole);
+}
+
 TEST(AMidiFileReader, KeepsWhatIsBeforeADamage) {
     const std::string good("\x00\x90\x3C\x40", 4);
     const std::string damages[] = {

@@ -113,6 +113,8 @@ TEST(SequentialText, WhatFollowsTheNumberIsTheNextLine) {
     EXPECT_EQ(numberAndRest(" 70 24,1,2"), "70;24;1;2");
     EXPECT_EQ(numberAndRest("-1.5E+2\r\n3"), "-1.5E+2;3");
     EXPECT_EQ(numberAndRest("2e5x"), "2e5;0");
+    EXPECT_EQ(numberAndRest("2d5x"), "2d5;0");
+    EXPECT_EQ(numberAndRest("2D-5x"), "2D-5;0");
     EXPECT_EQ(numberAndRest("2ex"), "2;0");
     EXPECT_EQ(numberAndRest("abc\r\n5"), ";0");
     EXPECT_EQ(numberAndRest("\r\n5"), ";5");
