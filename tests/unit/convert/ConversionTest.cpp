@@ -201,6 +201,17 @@ TEST_F(AConversion, ToAThumbnailOfTheLowestNotesEndsWithTheLowestLine) {
     EXPECT_EQ(read("one"), read("two"));
 }
 
+TEST_F(AConversion, IsOfAFileThatBeginsWithANumber) {
+    for (const char* start : {"0", "9", "-1", "+5", "  60"}) {
+        write("start.sng", start + std::string("\r\n0\r\n"));
+        EXPECT_EQ(make("out.mid", Kind::mid, "start.sng"), "") << start;
+    }
+    for (const char* start : {"", "-", "a", ",60", "/", ":"}) {
+        write("start.sng", start + std::string("\r\n0\r\n"));
+        EXPECT_NE(make("out.mid", Kind::mid, "start.sng"), "") << start;
+    }
+}
+
 TEST_F(AConversion, ThatFailsLeavesNoFiles) {
     write("text.sng", "no score");
     write("empty.sng", "");

@@ -107,6 +107,14 @@ TEST(AFolderOfScores, GetsFilesWithTheEndingOfEachKind) {
     }
 }
 
+TEST(AReport, CountsEachOutcome) {
+    std::vector<ConversionResult> results(6);
+    results[0].outcome = Outcome::converted;
+    results[1].outcome = results[2].outcome = Outcome::skipped;
+    EXPECT_TRUE(reportOf(results).starts_with(
+        "{\n  \"converted\": 1,\n  \"skipped\": 2,\n  \"failed\": 3,\n  \"files\": ["));
+}
+
 TEST(AFolderOfScores, IsConvertedAgainWhereTheOutputIsOlder) {
     const scripted::TemporaryFolder folder;
     std::ofstream(folder.path() / "a.sng") << "60\r\n";

@@ -66,6 +66,10 @@ TEST(PercentEncoded, KeepsTheNumbersOfAScore) {
     EXPECT_EQ(percentEncoded("60,-1\r\n 66 \r\n"), "60,-1%0D%0A%2066%20%0D%0A");
 }
 
+TEST(PercentEncoded, KeepsTheLettersOfTheAlphabet) {
+    EXPECT_EQ(percentEncoded("azAZ{`[@"), "azAZ%7B%60%5B%40");
+}
+
 TEST(PercentEncoded, ComesBackByteForByte) {
     const std::string text = percentEncoded(everyByte());
     std::string decoded;
