@@ -40,6 +40,14 @@ TEST_F(InstrumentSampleTest, OfANoteOfAVerySoftRowIsStillHeard) {
     EXPECT_EQ(midi(), (Lines{"0.000 99 23 01"}));
 }
 
+TEST_F(InstrumentSampleTest, OfTheOutermostNotesIsTheirKeys) {
+    setup.options.rows[0].volume = "100"; // four tenths are hex 28
+    sample.startSoftly(26, 0);
+    EXPECT_EQ(midi().back(), "0.000 9F 7F 28");
+    sample.startSoftly(26, 127);
+    EXPECT_EQ(midi().back(), "0.000 9F 00 28");
+}
+
 TEST_F(InstrumentSampleTest, OfANoteOutsideTheTableauIsNothing) {
     sample.startSoftly(26, -1);
     sample.startSoftly(26, 128);
