@@ -215,6 +215,7 @@ TEST_F(Recording, StartsTheMixer) {
     studio.run.MixerPath = "SndVol32.exe";
     capture.Command1_Click();
     EXPECT_EQ(host.desktop.programs, Lines{"mixer SndVol32.exe"});
+    EXPECT_TRUE(boxes().empty());
 }
 
 TEST_F(Recording, CopiesItsBoxToTheMainWindow) {

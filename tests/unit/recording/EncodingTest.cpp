@@ -276,6 +276,14 @@ TEST_F(Encoding, ReportsAMissingQualityAndStops) {
     EXPECT_TRUE(host.encoder.log.empty());
 }
 
+// 22,050 is hex 5622.
+TEST_F(Encoding, TakesAlsoTheFirstFormat) {
+    takeWav("");
+    desk.lists[RecordList::cbxFormat] = 0;
+    encoding.Command20_Click();
+    EXPECT_NE(host.encoder.log.at(0).find(" 22 56 00 00"), std::string::npos);
+}
+
 TEST_F(Encoding, OfNoFileIsAnError) {
     desk.texts[RecordText::Text6] = inFolder("missing.wav");
     encoding.EncodeWavFile();
