@@ -6,6 +6,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <vector>
+
 using namespace velorin;
 using namespace velorin::test;
 
@@ -18,8 +20,10 @@ public:
 
     void loadControls() override { ++loads; }
     void TrackSel_MouseDown(int row) override { pressed = row; }
+    void setTempoBar(int value) override { tempos.push_back(value); }
     void setTrackHidePicture(int row, bool active) override { picture = active ? row : -1; }
 
+    std::vector<int> tempos;
     int loads = 0;
     int pressed = -1;
     int picture = -1;
@@ -61,6 +65,14 @@ TEST(TheSetup, LoadsNoWindowAndChangesNothingForARowThatDoesNotExist) {
     EXPECT_EQ(view.picture, -1);
     EXPECT_EQ(setup.values.options.rows, RowOptions{}.rows);
     EXPECT_EQ(setup.values.selected, SetupValues{}.selected);
+}
+
+TEST(TheSetup, MovesTheBarForTheTemposOfItsRange) {
+    velorin::Setup setup;
+    CountedSetup view(setup);
+    for (const int tempo : {19, 20, 300, 301})
+        setup.setTempoBar(tempo);
+    EXPECT_THAT(view.tempos, testing::ElementsAre(20, 300));
 }
 
 TEST(TheSetup, LoadsItsWindowForEveryValue) {
