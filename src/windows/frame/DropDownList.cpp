@@ -27,9 +27,10 @@ void DropDownList::showPopup() {
 // The style sheet sets the font of each list. The base class would then make the open list and
 // measure all of its rows: a seventh of the start for lists that hardly anyone opens.
 void DropDownList::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::FontChange && !hasRows_)
-        return QWidget::changeEvent(event); // NOLINT(bugprone-parent-virtual-call): past the base class
-    QComboBox::changeEvent(event);
+    if (event->type() != QEvent::FontChange || hasRows_)
+        return QComboBox::changeEvent(event);
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call): past the base class
+    QWidget::changeEvent(event);
 }
 
 } // namespace velorin
