@@ -55,8 +55,8 @@ TEST(ARow, HoldsVoicesThatNeverOverlapIfThereAreMoreVoicesThanRows) {
 }
 
 TEST(ARow, IsNeverSharedByTheMelodyAndTheBass) {
-    Song
-        song; // nine channels, each with one bar; channel 1 is the lowest and channel 2 the highest
+    // Nine channels, each with one bar. Channel 1 is the lowest and channel 2 the highest.
+    Song song;
     for (int channel = 0; channel < 9; ++channel) {
         const int key = channel == 1 ? 36 : channel == 2 ? 96 : 60;
         for (int i = 0; i < 4; ++i)
@@ -75,7 +75,8 @@ TEST(ARow, IsNeverSharedByTheMelodyAndTheBass) {
 }
 
 TEST(ARow, IsThatOfOneVoiceIfNoOtherRowHasRoomForAllOfIt) {
-    Song song; // channel 0 has a melody that rests in the first column, and a voice below it
+    // Channel 0 has a melody that rests in the first column, and a voice below it.
+    Song song;
     for (int i = 0; i < 4; ++i) {
         if (i > 0)
             song.note(i * quarter, 96, quarter);
