@@ -195,7 +195,8 @@ def import_with_report(desk, bus):
 
 def test(build):
     with DeskWithoutSound(build) as desk:
-        shutil.copy2(desk.build / "bin" / "velorin-converter", desk.program_folder)
+        for name in ("velorin-converter", "velorin-synth.so"):
+            shutil.copy2(desk.build / "bin" / name, desk.program_folder)
         bus = open_bus(desk)
         thirty_files(desk, bus)
         cancel(desk, bus)
