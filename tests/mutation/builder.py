@@ -54,8 +54,9 @@ class Builder:
         return done.returncode == 0, done.stdout.decode("utf-8", "replace")
 
     def configure(self):
-        subprocess.run(["cmake", "--preset", "release", "-DVELORIN_WERROR=OFF", f"-DVELORIN_MUTATIONS={';'.join(self.folders)}"],
-                       cwd=self.tree, check=True, stdout=subprocess.DEVNULL)
+        options = ["-DVELORIN_WERROR=OFF", "-DVELORIN_UNITY=OFF", "-DVELORIN_UNITY_TESTS=ON",
+                   f"-DVELORIN_MUTATIONS={';'.join(self.folders)}"]
+        subprocess.run(["cmake", "--preset", "release", *options], cwd=self.tree, check=True, stdout=subprocess.DEVNULL)
 
     def targets(self):
         """The programs of the unit tests that are run, and the one that runs the transcripts."""
