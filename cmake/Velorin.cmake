@@ -90,5 +90,11 @@ function(velorin_finds_modules program)
     # The same path in both places: otherwise the shorter one would be filled up with empty folders, which are searched.
     set_target_properties(${program} PROPERTIES
         BUILD_WITH_INSTALL_RPATH ON INSTALL_RPATH "\$ORIGIN;\$ORIGIN/../lib/velorin/modules")
-    add_dependencies(${program} velorin-picture velorin-synth)
+    add_dependencies(${program} velorin-card velorin-picture velorin-synth)
+endfunction()
+
+# velorin_loads_built_modules(test): a test or a benchmark finds the modules in the folder of the programs.
+function(velorin_loads_built_modules test)
+    add_dependencies(${test} velorin-card velorin-picture velorin-synth)
+    set_target_properties(${test} PROPERTIES BUILD_RPATH ${CMAKE_BINARY_DIR}/bin)
 endfunction()

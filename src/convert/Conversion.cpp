@@ -79,9 +79,9 @@ SoundRequest requestFor(const Task& task, const Options& options,
             callbacks.warning(about(task.target, "will be " + lengthText(length)));
         return checked;
     };
-    return {task.source,   task.text,        options.soundFont,  options.rateHz,
-            options.isDry, task.followers,   callbacks.progress, check,
-            warning,       task.setup.get(), callbacks.loadSynth};
+    return {task.source,   task.text,       options.soundFont,  options.rateHz,
+            options.isDry, task.followers,  callbacks.progress, check,
+            warning,       task.setup.get()};
 }
 
 Result<void> makeSound(const Task& task, const Options& options,

@@ -27,8 +27,6 @@ struct ConversionCallbacks {
     /// Draws a picture as `velorinPngOf` in ScorePicture.h does. If it is empty, the module beside
     /// the program is loaded.
     std::function<void(Studio&, int scale, int thumbnailPx, std::string& png)> drawPicture = {};
-    /// Makes the synthesizer. If it is null, the module beside the program is loaded.
-    host::LoadSynth loadSynth = nullptr;
     /// Gets the playing time in seconds before the sound or the MIDI file is made. What has none
     /// does not call it.
     std::function<void(double seconds)> length = {};

@@ -98,15 +98,11 @@ std::uint32_t packed(const host::ShortMessage& message) {
 } // namespace
 
 Result<std::unique_ptr<host::Synth>> loadSynth(const SoundRequest& request) {
-    host::LoadSynth load = request.loadSynth;
-    if (load == nullptr) {
-        auto loaded = host::loadSynthModule();
-        if (!loaded)
-            return Failure{"cannot be played: " + loaded.reason()};
-        load = *loaded;
-    }
-    auto synth = load(request.soundFont, request.rateHz, host::FontLoading::asNeeded,
-                      request.isDry ? host::Effects::none : host::Effects::usual);
+    auto load = host::loadSynthModule();
+    if (!load)
+        return Failure{"cannot be played: " + load.reason()};
+    auto synth = (*load)(request.soundFont, request.rateHz, host::FontLoading::asNeeded,
+                         request.isDry ? host::Effects::none : host::Effects::usual);
     if (!synth)
         return Failure{"cannot be played: no SoundFont " + request.soundFont.string()};
     return synth;

@@ -34,8 +34,6 @@ struct SoundRequest {
     std::function<void(const std::string&)> warning;
 
     const PlaySetup* setup = nullptr; ///< of all scores; null as in `Task`
-
-    host::LoadSynth loadSynth = nullptr; ///< null loads the module with the synthesizer
 };
 
 /// Makes the target once the parameters of the source are known.

@@ -104,7 +104,7 @@ class Desk:
         self.program_folder = self.folder / "program"
         for made in (self.home, self.run_folder, self.screen_folder, self.program_folder):
             made.mkdir(mode=0o700)
-        for name in ("velorin", "velorin.chm"):
+        for name in ("velorin", "velorin-card.so", "velorin-synth.so", "velorin.chm"):
             if (self.build / "bin" / name).exists():
                 shutil.copy2(self.build / "bin" / name, self.program_folder)
         self.songs = self.program_folder / "Songs"

@@ -23,6 +23,7 @@ FILES = sorted([
     "bin/velorin",
     "bin/velorin-convert",
     "bin/velorin-converter",
+    "lib/velorin/modules/velorin-card.so",
     "lib/velorin/modules/velorin-picture.so",
     "lib/velorin/modules/velorin-synth.so",
     "share/applications/org.velorin.velorin.desktop",

@@ -1,8 +1,8 @@
-// Recording from the engine, and from the sound card's input through SDL.
+// Recording from the engine, and from the sound card's input.
 #include "host/capture/CaptureSource.h"
 
+#include "host/card/CardModule.h"
 #include "host/engine/FramePacer.h"
-#include "host/engine/SdlAudio.h"
 #include "host/engine/SoundEngine.h"
 #include "host/process/StreamThread.h"
 
@@ -35,42 +35,29 @@ private:
 
 class CardCapture final : public CaptureSource {
 public:
-    ~CardCapture() override {
-        if (device_ != 0)
-            SDL_CloseAudioDevice(device_);
-    }
-
     bool open() {
-        SDL_AudioSpec wanted{};
-        wanted.freq = streamRateHz;
-        wanted.format = AUDIO_F32SYS;
-        wanted.channels = 2;
-        wanted.samples = SoundEngine::bufferFrames;
-        wanted.callback = [](void* self, Uint8* bytes, int count) {
-            static_cast<CardCapture*>(self)->take(reinterpret_cast<const float*>(bytes),
-                                                  count / static_cast<int>(2 * sizeof(float)));
-        };
-        wanted.userdata = this;
-        device_ = audio_.open(SdlAudio::Direction::input, wanted);
-        return device_ != 0;
+        auto card = openCard({CardDirection::input, streamRateHz, SoundEngine::bufferFrames,
+                              [this](float* stereo, int frames) { take(stereo, frames); }});
+        if (card)
+            card_ = std::move(*card);
+        return card_ != nullptr;
     }
 
     bool start(std::shared_ptr<SoundTap> tap) override {
         stop();
         tap_ = std::move(tap);
-        SDL_PauseAudioDevice(device_, 0);
+        card_->run();
         return true;
     }
 
-    // The call returns when the callback has.
-    void stop() override { SDL_PauseAudioDevice(device_, 1); }
+    void stop() override { card_->pause(); }
 
 private:
-    // Frames that do not fill a block wait for the next call. For a lost card SDL returns silence
-    // without waiting; the pacer records it in real time.
+    // Frames that do not fill a block wait for the next call. A lost card gives silence without
+    // waiting; the pacer records it in real time.
     VELORIN_STREAM_THREAD void take(const float* stereo, int frames) {
         const StreamThreadScope scope;
-        if (SDL_GetAudioDeviceStatus(device_) == SDL_AUDIO_STOPPED)
+        if (card_->isLost())
             pacer_.wait(frames);
         for (int frame = 0; frame < frames; ++frame) {
             const auto at = 2 * static_cast<std::size_t>(filled_);
@@ -84,12 +71,11 @@ private:
         }
     }
 
-    SdlAudio audio_;
-    SDL_AudioDeviceID device_ = 0;
     std::shared_ptr<SoundTap> tap_;
     TappedBlock block_;
     int filled_ = 0;
-    FramePacer pacer_; ///< once the card is lost
+    FramePacer pacer_;                 ///< once the card is lost
+    std::unique_ptr<CardStream> card_; ///< last: no call comes while the others end
 };
 
 } // namespace

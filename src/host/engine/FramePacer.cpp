@@ -3,7 +3,9 @@
 
 #include "host/engine/SoundSource.h"
 #include "host/process/StreamThread.h"
+#include "host/process/SystemClock.h"
 
+#include <algorithm>
 #include <thread>
 
 namespace velorin::host {
@@ -21,6 +23,16 @@ std::int64_t FramePacer::wait(int frames) {
     std::this_thread::sleep_until(due);
     frames_ += frames;
     return duration_cast<nanoseconds>(due.time_since_epoch()).count();
+}
+
+std::int64_t FramePacer::waitUntil(std::int64_t ns) {
+    constexpr std::int64_t longestNs = 20'000'000;
+    const std::int64_t nowNs = steadyNs();
+    if (ns <= nowNs)
+        return nowNs;
+    const StreamThreadWait waiting;
+    std::this_thread::sleep_for(std::chrono::nanoseconds(std::min(ns - nowNs, longestNs)));
+    return steadyNs();
 }
 
 } // namespace velorin::host

@@ -14,6 +14,10 @@ public:
     /// in nanoseconds of the steady clock.
     std::int64_t wait(int frames);
 
+    /// Sleeps until a moment of the steady clock, in nanoseconds, but 20 ms at most: longer than
+    /// any buffer. Returns the moment of its end.
+    static std::int64_t waitUntil(std::int64_t ns);
+
 private:
     std::chrono::steady_clock::time_point start_;
     std::int64_t frames_ = 0;

@@ -1,8 +1,8 @@
 // Mixes the stream, and passes sources from one thread to the other.
 #include "host/engine/SoundEngine.h"
 
+#include "host/engine/CardSink.h"
 #include "host/engine/ClockSink.h"
-#include "host/engine/SdlSink.h"
 #include "host/engine/SoundTap.h"
 
 #include <algorithm>
@@ -38,7 +38,7 @@ std::vector<Outlet*> addresses(const std::vector<std::shared_ptr<Outlet>>& outle
 } // namespace
 
 // A sound server that has just started may take a first buffer and then nothing for two seconds.
-bool SoundEngine::keepsPace(SdlSink& card) {
+bool SoundEngine::keepsPace(CardSink& card) {
     using namespace std::chrono_literals;
     constexpr int looks = 30;
     constexpr int enough =
@@ -59,7 +59,7 @@ bool SoundEngine::keepsPace(SdlSink& card) {
 }
 
 SoundEngine::SoundEngine(platform::Notices* notices) : noCard_(notices), lostCard_(notices) {
-    SdlSink::requestServerLatency();
+    CardSink::requestServerLatency();
 }
 
 SoundEngine::~SoundEngine() {
@@ -96,7 +96,7 @@ void SoundEngine::start() {
     if (sink_)
         return;
     quietBlocks_.store(0, std::memory_order_relaxed);
-    auto card = SdlSink::open(pulling(), bufferFrames);
+    auto card = CardSink::open(pulling(), bufferFrames);
     if (card) {
         (*card)->start();
         sink_ = std::move(*card);
@@ -132,7 +132,7 @@ void SoundEngine::reconnectCard() {
         report(lostCard_,
                "The sound card has gone away, so nothing is heard. Connect it again or start "
                "the sound server; the sound then comes back by itself.");
-    auto opened = SdlSink::open(pulling(), bufferFrames);
+    auto opened = CardSink::open(pulling(), bufferFrames);
     if (!opened || !keepsPace(**opened))
         return;
     sink_.reset();

@@ -20,7 +20,7 @@
 
 namespace velorin::host {
 
-class SdlSink;
+class CardSink;
 class SoundTap;
 
 /// Sources and taps are added and removed on the control thread; the stream is pulled on another
@@ -103,7 +103,7 @@ private:
 
     [[nodiscard]] PullStream pulling();
     void report(OnceLogger& log, const std::string& text);
-    [[nodiscard]] bool keepsPace(SdlSink& card);
+    [[nodiscard]] bool keepsPace(CardSink& card);
     void handOver();
     void collect();
     VELORIN_STREAM_THREAD void takeOver();

@@ -4,7 +4,7 @@
 #include "host/engine/SoundEngine.h"
 #include "host/midiout/SynthSource.h"
 #include "host/process/Worker.h"
-#include "host/synth/FluidSynth.h"
+#include "host/synth/SynthModule.h"
 #include "platform/Clock.h"
 
 namespace velorin::host {
@@ -84,8 +84,13 @@ void SynthDevices::take(Playing& playing, std::size_t index) {
     playing = {std::make_shared<SynthSource>(), index};
     engine_.add(playing.source);
     worker_.post([source = playing.source, path = fonts_[index].path, log = cannotLoad_] {
-        std::unique_ptr<Synth> synth = FluidSynth::load(path, streamRateHz, FontLoading::whole);
-        if (!synth)
+        auto load = loadSynthModule();
+        std::unique_ptr<Synth> synth =
+            load ? (*load)(path, streamRateHz, FontLoading::whole, Effects::usual) : nullptr;
+        if (!load)
+            log->log("The built-in synthesizer is silent, because it cannot be loaded: " +
+                     load.reason());
+        else if (!synth)
             log->log("The SoundFont \"" + path.string() +
                      "\" cannot be read, so its device is silent. Choose another device in "
                      "the Setup Toolbar.");

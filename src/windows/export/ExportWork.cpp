@@ -6,7 +6,6 @@
 #include "convert/PlayedMidi.h"
 #include "convert/PlayedMidiFile.h"
 #include "convert/ScorePicture.h"
-#include "host/synth/FluidSynth.h"
 #include "host/synth/SoundFonts.h"
 #include "model/MidiExport.h"
 #include "model/ScoreWriter.h"
@@ -86,7 +85,6 @@ ConversionJobs::Work exportWork(std::shared_ptr<const ExportedSong> song, const 
         task.setup = std::make_shared<convert::PlaySetup>(song->setup);
         convert::ConversionCallbacks callbacks = given;
         callbacks.drawPicture = velorinPngOf;
-        callbacks.loadSynth = host::FluidSynth::load;
         return convert::convert(task, options, callbacks);
     };
 }

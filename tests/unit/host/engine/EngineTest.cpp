@@ -1,10 +1,12 @@
 // The stream: its blocks, its sources and taps, and the clock that pulls it without a sound card.
 #include "../Sounds.h"
+#include "host/card/SdlCard.h"
 #include "host/engine/ClockSink.h"
-#include "host/engine/SdlAudio.h"
 #include "host/engine/SoundEngine.h"
 #include "host/engine/SoundTap.h"
 #include "support/ScriptedNotices.h"
+
+#include <SDL.h>
 
 #include <atomic>
 #include <cstdlib>
@@ -220,7 +222,7 @@ TEST(TheLibraryOfTheCard, IsThereForEachThreadThatUsesIt) {
         threads.emplace_back([&missing] {
             for (int i = 0; i < times; ++i) {
                 const SdlAudio audio;
-                missing += SDL_GetCurrentAudioDriver() == nullptr ? 1 : 0;
+                missing += !audio.works() || SDL_GetCurrentAudioDriver() == nullptr ? 1 : 0;
             }
         });
     }

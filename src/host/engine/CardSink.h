@@ -1,8 +1,8 @@
-// The sound card, through SDL.
+// The sound card as what pulls the stream.
 #pragma once
 
+#include "host/card/Card.h"
 #include "host/engine/FramePacer.h"
-#include "host/engine/SdlAudio.h"
 #include "host/engine/SoundSink.h"
 #include "host/process/StreamThread.h"
 #include "platform/Result.h"
@@ -14,16 +14,14 @@
 namespace velorin::host {
 
 /// If the card is lost, the stream goes on by the clock, and nothing is heard.
-class SdlSink final : public SoundSink {
+class CardSink final : public SoundSink {
 public:
     /// Fails if there is no usable sound card. The card is paused until `start` or `startSilent`.
-    static platform::Result<std::unique_ptr<SdlSink>> open(PullStream pull, int bufferFrames);
-    ~SdlSink() override;
-    SdlSink(const SdlSink&) = delete;
-    SdlSink& operator=(const SdlSink&) = delete;
+    static platform::Result<std::unique_ptr<CardSink>> open(PullStream pull, int bufferFrames);
 
-    /// Asks sound servers to buffer more of the stream than SDL asks for, unless the user has set
-    /// something else. Writes the environment, so it must be called while there is one thread.
+    /// Asks sound servers to buffer more of the stream than they are asked for otherwise, unless
+    /// the user has set something else. Writes the environment, so it must be called while there is
+    /// one thread.
     static void requestServerLatency();
 
     void start();       ///< pulls the stream from now on
@@ -35,11 +33,11 @@ public:
     VELORIN_STREAM_THREAD [[nodiscard]] bool hasCard() const override;
 
 private:
-    explicit SdlSink(PullStream pull) : pull_(std::move(pull)) {}
-    VELORIN_STREAM_THREAD static void fill(void* sink, unsigned char* bytes, int count);
-    [[nodiscard]] std::int64_t waitForPull(int frames); ///< returns the moment of the pull
+    explicit CardSink(PullStream pull) : pull_(std::move(pull)) {}
+    VELORIN_STREAM_THREAD void fill(float* stereo, int frames);
+    /// Returns the moment of the pull.
+    VELORIN_STREAM_THREAD [[nodiscard]] std::int64_t waitForPull(int frames);
 
-    SdlAudio audio_;
     PullStream pull_;
     // Of the stream's thread.
     bool first_ = true;           ///< no call has come yet
@@ -47,7 +45,7 @@ private:
     std::int64_t earliestNs_ = 0; ///< for the next pull
     std::atomic<bool> pulls_{false};
     std::atomic<int> requests_{0};
-    std::uint32_t device_ = 0;
+    std::unique_ptr<CardStream> card_; ///< last: no call comes while the others end
 };
 
 } // namespace velorin::host
