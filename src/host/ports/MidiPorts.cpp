@@ -5,6 +5,8 @@
 
 #include <rtmidi/RtMidi.h>
 
+#include <system_error>
+
 namespace velorin::host {
 
 namespace {
@@ -58,21 +60,32 @@ private:
 } // namespace
 
 MidiPorts::MidiPorts(platform::Notices* notices)
-    : refused_(notices), vanished_(std::make_shared<OnceLogger>(notices)) {}
+    : refused_(notices), vanished_(std::make_shared<OnceLogger>(notices)) {
+    try {
+        firstLook_ = std::async(std::launch::async, [this] { return look(systems_); });
+    } catch (const std::system_error&) {
+        // Without a thread the first scan looks.
+    }
+}
 
 MidiPorts::~MidiPorts() = default;
 
 void MidiPorts::scan() {
-    ports_.clear();
-    for (const int api : systems_.running()) {
+    ports_ = firstLook_.valid() ? firstLook_.get() : look(systems_);
+}
+
+std::vector<MidiPorts::Port> MidiPorts::look(const MidiSystems& systems) {
+    std::vector<Port> found;
+    for (const int api : systems.running()) {
         const std::unique_ptr<RtMidiOut> output = makeOutput(api);
         if (!output)
             continue;
         const unsigned count = output->getPortCount();
         for (unsigned i = 0; i < count; ++i) {
-            ports_.push_back({api, output->getPortName(i)});
+            found.push_back({api, output->getPortName(i)});
         }
     }
+    return found;
 }
 
 // The port is found by its name: numbers change when devices are plugged in or out.

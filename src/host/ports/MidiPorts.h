@@ -5,6 +5,7 @@
 #include "host/ports/MidiSystems.h"
 #include "host/process/OnceLogger.h"
 
+#include <future>
 #include <memory>
 #include <string>
 #include <vector>
@@ -14,13 +15,15 @@ namespace velorin::host {
 /// On a machine without a MIDI system the list is empty, and nothing is logged.
 class MidiPorts {
 public:
-    /// `notices`, which outlives the ports, may be null.
+    /// Begins to look for the ports on a thread of its own: asking the systems takes some
+    /// milliseconds. `notices`, which outlives the ports, may be null.
     explicit MidiPorts(platform::Notices* notices = nullptr);
-    ~MidiPorts();
+    ~MidiPorts(); ///< waits for that look if nobody has
     MidiPorts(const MidiPorts&) = delete;
     MidiPorts& operator=(const MidiPorts&) = delete;
 
-    /// Scans the ports again. Open ports stay open.
+    /// Scans the ports again. Open ports stay open. The first call takes what the constructor has
+    /// begun to look for.
     void scan();
 
     [[nodiscard]] std::size_t count() const { return ports_.size(); }
@@ -35,8 +38,11 @@ private:
         std::string name;
     };
 
+    [[nodiscard]] static std::vector<Port> look(const MidiSystems& systems);
+
     MidiSystems systems_;
     std::vector<Port> ports_;
+    std::future<std::vector<Port>> firstLook_;
     OnceLogger refused_;
     std::shared_ptr<OnceLogger> vanished_;
 };
