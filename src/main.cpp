@@ -33,7 +33,9 @@
 
 #include <clocale>
 #include <cstdlib>
+#include <future>
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -134,8 +136,9 @@ int main(int argc, char** argv) {
     preferX11();
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    std::future<void> fontSettings = velorin::readFontSettings();
     QApplication application(argc, argv);
-    const velorin::FontLoading fonts;
+    const velorin::FontLoading fonts(std::move(fontSettings));
     // QApplication sets the user's locale. Numbers must be read and written the same in every
     // locale.
     std::setlocale(LC_NUMERIC, "C");

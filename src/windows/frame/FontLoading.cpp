@@ -1,17 +1,32 @@
-// Finds the fonts of the system while the start does other things.
+// Asks the font library and Qt early.
 #include "windows/frame/FontLoading.h"
 
 #include <QFontDatabase>
 #include <QStringList>
 
+#include <fontconfig/fontconfig.h>
+
 #include <system_error>
+#include <utility>
 
 namespace velorin {
 
-// The database has a lock, so the question may be asked by any thread.
-FontLoading::FontLoading() {
+std::future<void> readFontSettings() {
+    const auto read = [] { FcInit(); };
     try {
-        thread_ = std::thread([] { static_cast<void>(QFontDatabase::families()); });
+        return std::async(std::launch::async, read);
+    } catch (const std::system_error&) {
+        return std::async(std::launch::deferred, read);
+    }
+}
+
+// The database has a lock, so the question may be asked by any thread.
+FontLoading::FontLoading(std::future<void> settings) {
+    try {
+        thread_ = std::thread([settings = std::move(settings)] {
+            settings.wait(); // otherwise the settings would be read twice
+            static_cast<void>(QFontDatabase::families());
+        });
     } catch (const std::system_error&) {
         // Without a thread the first text makes the list.
     }
