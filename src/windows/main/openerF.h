@@ -1,7 +1,10 @@
 // `openerF`, the splash: shows the program's picture while the main window loads.
 #pragma once
 
+#include <QImage>
 #include <QWidget>
+
+#include <future>
 
 namespace velorin {
 
@@ -18,6 +21,10 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    QImage picture_;              ///< null until the first paint
+    std::future<QImage> drawing_; ///< a thread draws it while the window opens
 };
 
 } // namespace velorin
