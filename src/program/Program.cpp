@@ -8,6 +8,7 @@
 #include "platform/MidiOut.h"
 #include "platform/Notices.h"
 #include "platform/PopupMenus.h"
+#include "program/RecoveryText.h"
 #include "program/StepKeyboard.h"
 #include "program/WizardCalls.h"
 #include "windows/main/Form1.h"
@@ -46,14 +47,6 @@ struct ToolName {
 constexpr ToolName toolNames[] = {{"Form2", Tool::editing},    {"Form3", Tool::setup},
                                   {"Record", Tool::recording}, {"Wiz", Tool::tutorial},
                                   {"History", Tool::history},  {"Export", Tool::exporting}};
-
-std::string recoveryText(const platform::RecoveredFile& recovered) {
-    const std::string place =
-        "in \"Songs\" as\r\n\"" + recovered.name + "\". Click here to open it.";
-    if (recovered.endedCleanly)
-        return "The score that was open when Velorin ended was not saved. It is " + place;
-    return "Velorin did not end in order the last time. Nothing is lost: the score is " + place;
-}
 
 } // namespace
 
@@ -101,7 +94,13 @@ bool Program::start() {
     showSplash();
     if (ended_) // by an event that was processed while the splash was painted
         return true;
-    makeMainWindow();
+    std::unique_ptr<Form1> made = makeMainWindow();
+    // The desktop has opened the splash meanwhile, so this paints it. An end would save the
+    // settings of the main window, which it has not read, so it is not taken yet.
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    if (ended_)
+        return true;
+    takeMainWindow(std::move(made));
     form1_->Form_Load();
     if (!ended_)
         watchHistory();
@@ -157,13 +156,16 @@ void Program::showSplash() {
     const platform::SizePx screen = platform_.desktop.screenSize();
     splash_->centreOn(screen.width, screen.height);
     splash_->show();
-    // Paints the splash now: no yield comes before the main window is made.
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
-void Program::makeMainWindow() {
-    form1_ = std::make_unique<Form1>(
+std::unique_ptr<Form1> Program::makeMainWindow() {
+    return std::make_unique<Form1>(
         MainWindowParts{session, windows, editing, recording, hints, tutorial.tutorial.samples});
+}
+
+void Program::takeMainWindow(std::unique_ptr<Form1> made) {
+    form1_ = std::move(made);
     sheetMarks_ = std::make_unique<SheetMarks>(session.studio, *form1_->area, form1_->music);
     form1_->onExit = [this] { Command3_Click(); };
     form1_->onError = [this](const std::string& text) { endWithError(text); };

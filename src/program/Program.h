@@ -87,7 +87,8 @@ public:
 
 private:
     void showSplash();
-    void makeMainWindow();
+    [[nodiscard]] std::unique_ptr<Form1> makeMainWindow();
+    void takeMainWindow(std::unique_ptr<Form1> made);
     void recoverScores();
     void openAgain(const std::string& path);
     void watchHistory();

@@ -90,6 +90,22 @@ TEST_F(ProgramTest, AnEndDuringTheSplashLeavesTheSettingsAlone) {
     EXPECT_EQ(setting("form1 left"), "none");
 }
 
+TEST_F(ProgramTest, AnEndAfterTheMainWindowIsMadeLeavesTheSettingsAloneToo) {
+    QTimer each;
+    QObject::connect(&each, &QTimer::timeout, [this] {
+        for (const QWidget* window : QApplication::topLevelWidgets()) {
+            if (window->objectName() == "Form1")
+                return program.Command3_Click();
+        }
+    });
+    each.start(0);
+    program.start();
+    EXPECT_TRUE(program.hasEnded());
+    EXPECT_EQ(program.window("Form1", false), nullptr);
+    EXPECT_THAT(host.midi.log, IsEmpty());
+    EXPECT_EQ(setting("form1 left"), "none");
+}
+
 // The last of what the start sends: the device reopened, and channel 0 on program 24 (18 hex).
 TEST_F(ProgramTest, TheStartOpensTheDeviceAndSelectsTheInstrument) {
     ASSERT_TRUE(program.start());
