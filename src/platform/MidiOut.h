@@ -26,6 +26,10 @@ public:
     /// The mapper's device number. The mapper is the first device.
     static constexpr int mapper = -1;
 
+    /// Begins to look for the devices if that takes time. The next `midiOutGetNumDevs` waits for
+    /// the result.
+    virtual void beginLook() {}
+
     [[nodiscard]] virtual int midiOutGetNumDevs() = 0;
 
     /// The host's name for device `index` [0, midiOutGetNumDevs()), UTF-8; empty if there is no

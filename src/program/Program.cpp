@@ -30,8 +30,6 @@
 #include <QGuiApplication>
 #include <QIcon>
 
-#include <algorithm>
-#include <iterator>
 #include <utility>
 
 namespace velorin {
@@ -100,6 +98,7 @@ bool Program::start() {
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     if (ended_)
         return true;
+    platform_.midi.beginLook(); // not earlier: the splash needs the processors
     takeMainWindow(std::move(made));
     form1_->Form_Load();
     if (!ended_)

@@ -25,6 +25,7 @@ public:
           beforeSending_(std::move(beforeSending)),
           notHeard_(notices) {}
 
+    void beginLook() override { ports_.beginLook(); }
     int midiOutGetNumDevs() override; ///< scans the ports again
     std::string midiOutGetDevCapsA(int index) override;
     std::uint32_t midiOutOpen(platform::MidiOutHandle& handle, int index) override;

@@ -60,18 +60,20 @@ private:
 } // namespace
 
 MidiPorts::MidiPorts(platform::Notices* notices)
-    : refused_(notices), vanished_(std::make_shared<OnceLogger>(notices)) {
-    try {
-        firstLook_ = std::async(std::launch::async, [this] { return look(systems_); });
-    } catch (const std::system_error&) {
-        // Without a thread the first scan looks.
-    }
-}
+    : refused_(notices), vanished_(std::make_shared<OnceLogger>(notices)) {}
 
 MidiPorts::~MidiPorts() = default;
 
+void MidiPorts::beginLook() {
+    try {
+        begun_ = std::async(std::launch::async, [this] { return look(systems_); });
+    } catch (const std::system_error&) {
+        // Without a thread the scan looks.
+    }
+}
+
 void MidiPorts::scan() {
-    ports_ = firstLook_.valid() ? firstLook_.get() : look(systems_);
+    ports_ = begun_.valid() ? begun_.get() : look(systems_);
 }
 
 std::vector<MidiPorts::Port> MidiPorts::look(const MidiSystems& systems) {

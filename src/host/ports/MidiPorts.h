@@ -15,15 +15,18 @@ namespace velorin::host {
 /// On a machine without a MIDI system the list is empty, and nothing is logged.
 class MidiPorts {
 public:
-    /// Begins to look for the ports on a thread of its own: asking the systems takes some
-    /// milliseconds. `notices`, which outlives the ports, may be null.
+    /// `notices`, which outlives the ports, may be null.
     explicit MidiPorts(platform::Notices* notices = nullptr);
     ~MidiPorts(); ///< waits for that look if nobody has
     MidiPorts(const MidiPorts&) = delete;
     MidiPorts& operator=(const MidiPorts&) = delete;
 
-    /// Scans the ports again. Open ports stay open. The first call takes what the constructor has
-    /// begun to look for.
+    /// Begins to look for the ports on a thread of its own: asking the systems takes some
+    /// milliseconds.
+    void beginLook();
+
+    /// Scans the ports again, or takes what `beginLook` has begun to look for. Open ports stay
+    /// open.
     void scan();
 
     [[nodiscard]] std::size_t count() const { return ports_.size(); }
@@ -42,7 +45,7 @@ private:
 
     MidiSystems systems_;
     std::vector<Port> ports_;
-    std::future<std::vector<Port>> firstLook_;
+    std::future<std::vector<Port>> begun_;
     OnceLogger refused_;
     std::shared_ptr<OnceLogger> vanished_;
 };

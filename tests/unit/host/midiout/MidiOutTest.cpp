@@ -41,6 +41,15 @@ TEST_F(TheDevices, BeginWithTheSynthesizers) {
     EXPECT_EQ(midi_.midiOutGetDevCapsA(1000), "");
 }
 
+TEST_F(TheDevices, AreTheSameAfterALookThatWasBegun) {
+    const int devices = midi_.midiOutGetNumDevs();
+    midi_.beginLook();
+    midi_.beginLook(); // waits for the first
+    EXPECT_EQ(midi_.midiOutGetNumDevs(), devices);
+    EXPECT_EQ(midi_.midiOutGetNumDevs(), devices);
+    midi_.beginLook(); // the destructor waits for this one
+}
+
 TEST_F(TheDevices, OpenByNumberAndByTheMapper) {
     MidiOutHandle handle = 0;
     EXPECT_EQ(midi_.midiOutOpen(handle, MidiOut::mapper), 0U);
