@@ -9,6 +9,10 @@ namespace {
 
 constexpr std::size_t mostWaiting = 64; ///< a piece has 4096 frames at most: six seconds, 1 MiB
 
+/// The thread sleeps until so many pieces are waiting. Writing a piece into a WAV is so short that
+/// waking the thread for each one would cost more than the writing.
+constexpr std::size_t wakingCount = 16;
+
 } // namespace
 
 BackgroundTarget::BackgroundTarget(std::unique_ptr<SoundTarget> target)
@@ -32,8 +36,10 @@ bool BackgroundTarget::write(const std::int16_t* stereo, int frames) {
     if (failed_)
         return false;
     waiting_.push_back(std::move(piece));
+    const bool wakes = waiting_.size() == wakingCount;
     lock.unlock();
-    changed_.notify_all();
+    if (wakes)
+        changed_.notify_all();
     return true;
 }
 
@@ -52,7 +58,8 @@ std::string BackgroundTarget::failureReason() const {
 void BackgroundTarget::run() {
     std::unique_lock lock(mutex_);
     while (!failed_) {
-        changed_.wait(lock, [this] { return !waiting_.empty() || isEnding_; });
+        if (waiting_.empty())
+            changed_.wait(lock, [this] { return waiting_.size() >= wakingCount || isEnding_; });
         if (waiting_.empty())
             return;
         Piece piece = std::move(waiting_.front());
