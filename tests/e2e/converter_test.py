@@ -1,4 +1,4 @@
-"""Uses the converter's window: thirty files of which two are damaged, cancel, a drop, an import, and the way to the studio.
+"""Uses the converter: its command line, thirty files of which two are damaged, cancel, a drop, an import, the way to the studio.
 
 The controls are found by their names on the accessibility bus.
 """
@@ -27,11 +27,11 @@ def song(last=12, tempo=100):
 class Converter:
     """The window as a user of a screen reader meets it."""
 
-    def __init__(self, desk, bus, *files):
+    def __init__(self, desk, bus, *files, **options):
         self.desk, self.bus = desk, bus
         self.errors = desk.folder / "converter-errors.txt"
         self.process = desk.start([str(desk.program_folder / "velorin-converter"), *map(str, files)],
-                                  stderr=open(self.errors, "wb"))
+                                  stderr=open(self.errors, "wb"), **options)
         self.window = desk.window(TITLE)
         self.root = wait_until(self.find_root, "the converter on the accessibility bus")
 
@@ -70,6 +70,27 @@ class Converter:
         check(self.process.wait(PATIENCE_S) == 0, f"the converter ended with status {self.process.returncode}")
         lines = [line for line in self.errors.read_text("utf-8", "replace").splitlines() if not line.startswith(KNOWN_LINES)]
         check(not lines, f"on standard error: {lines}")
+
+
+def command_line(desk, bus):
+    """The options answer without a window; behind -- a name may begin with a hyphen."""
+    program = desk.program_folder / "velorin-converter"
+    for argument, status, printed, complaint in (
+            ("--help", 0, "Usage: velorin-converter [FILE...]\n", ""),
+            ("--version", 0, "velorin-converter 2.", ""),
+            ("--loud", 2, "", "velorin-converter: unknown option --loud (see --help)\n")):
+        told = subprocess.run([program, argument], env=desk.environment, capture_output=True, text=True, check=False)
+        check(told.returncode == status, f"{argument} ended with status {told.returncode}")
+        check(told.stdout.startswith(printed) and bool(told.stdout) == bool(printed), f"{argument} printed {told.stdout!r}")
+        check(told.stderr == complaint, f"{argument} complained {told.stderr!r}")
+    folder = folder_of(desk, "hyphen")
+    (folder / "--help").with_suffix(".sng").write_bytes(song())
+    converter = Converter(desk, bus, "--", "--help.sng", cwd=folder)
+    converter.wait_for_rows(1)
+    check(converter.rows()[0].startswith("--help.sng, "), f"the rows are {converter.rows()}")
+    converter.press("Help")
+    desk.window("Velorin Help")
+    converter.end()
 
 
 def folder_of(desk, name):
@@ -197,6 +218,7 @@ def test(build):
     with DeskWithoutSound(build) as desk:
         shutil.copy2(desk.build / "bin" / "velorin-converter", desk.program_folder)
         bus = open_bus(desk)
+        command_line(desk, bus)
         thirty_files(desk, bus)
         cancel(desk, bus)
         drops(desk, bus)
