@@ -19,8 +19,9 @@ WOOD_BLOCK, PITCH = 169, 60
 FIRST_BEAT, BEATS, BEAT_COLUMNS = 10, 100, 2
 COLUMNS = FIRST_BEAT + BEAT_COLUMNS * BEATS
 BYTES_A_SECOND = 4 * listen.RATE
-# When the card goes away or comes back between two beats, the stream jumps by what the card had buffered.
-CHANGE_S = 0.15
+# When the card goes away or comes back between two beats, the stream jumps by what the card had buffered, up to 0.15 s.
+# A busy machine lets the program wait for a processor, at a load of 20 up to 0.2 s.
+MOST_OFF_S = 0.35
 
 
 def beats():
@@ -61,7 +62,7 @@ def check_beats(sound):
     late = [(b - a) / listen.RATE - BEAT_COLUMNS * COLUMN_S for a, b in zip(frames, frames[1:])]
     told = "the distances of the beats are off by ms: " + " ".join(f"{1000 * value:.1f}" for value in late)
     check(abs(statistics.median(late)) < 0.005, told)
-    check(max(map(abs, late)) < CHANGE_S, told)
+    check(max(map(abs, late)) < MOST_OFF_S, told)
 
 
 def check_heard(desk, program):
@@ -73,7 +74,7 @@ def check_heard(desk, program):
 
 
 def test(build):
-    Desk.stream_ms = None  # the stream must not jump by more than CHANGE_S
+    Desk.stream_ms = None  # the stream must not jump by more than MOST_OFF_S
     with Desk(build) as desk:
         desk.songs.mkdir()
         (desk.songs / "beats.sng").write_bytes(beats().text())
