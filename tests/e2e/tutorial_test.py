@@ -238,11 +238,11 @@ def profile(sound, step=2205):
     return [statistics.fmean(map(abs, sound[at:at + step])) for at in range(0, len(sound) - step, step)]
 
 
-def aligned(one, other, most=5, step=2205):
-    """Aligns both sounds: a soft onset may be found some hundredths of a second apart in them."""
-    def moved(by):
-        return one[max(by, 0) * step:], other[max(-by, 0) * step:]
-    return max(map(moved, range(-most, most + 1)), key=lambda both: correlation(*map(profile, both)))
+def aligned(one, other, most=50, step=221):
+    """Aligns both sounds to some milliseconds: a soft onset may be found some hundredths of a second apart in them."""
+    levels, others = profile(one, step), profile(other, step)
+    by = max(range(-most, most + 1), key=lambda by: correlation(levels[max(by, 0):], others[max(-by, 0):]))
+    return one[max(by, 0) * step:], other[max(-by, 0) * step:]
 
 
 def correlation(one, other):
