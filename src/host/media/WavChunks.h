@@ -1,7 +1,8 @@
-// The chunks of a WAV file before its samples.
+// The chunks of a WAV file up to its samples.
 #pragma once
 
-#include <cstdint>
+#include "host/media/SplicedFile.h"
+
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -9,13 +10,17 @@
 namespace velorin::host {
 
 struct WavChunks {
-    bool isWav = false; ///< begins with "RIFF" and "WAVE"; if not, the rest is empty
-    int form = 0;       ///< sample format: 1 PCM, 3 floating point, ...; 0: no "fmt "
+    bool isWav =
+        false;    ///< begins with "RIFF", "RIFX" or "RF64", and "WAVE"; if not, the rest is empty
+    int form = 0; ///< sample format: 1 PCM, 3 floating point, ...; 0: no "fmt "
     int channels = 0;
 
-    /// Offsets of missing padding bytes, ascending. Every chunk must have an even length, but some
-    /// programs write a chunk of odd length and begin the next right after it.
-    std::vector<std::int64_t> missingPads;
+    /// What the samples need, in the order of the file: the header, "ds64", "fmt ", "fact", the
+    /// samples. Left out are all other chunks, and what is behind the samples: the library that
+    /// reads WAV files can hang in a damaged "LIST". A zero stands where a padding byte is missing:
+    /// every chunk must have an even length, but some programs write a chunk of odd length and
+    /// begin the next right after it. One piece if the whole file is needed; empty without samples.
+    std::vector<FilePiece> needed;
 };
 
 /// Reads the chunks up to the samples.

@@ -6,7 +6,10 @@
 #include <sndfile.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <fstream>
+#include <string_view>
 #include <vector>
 
 namespace velorin::host {
@@ -29,9 +32,9 @@ float mixable(float sample) {
 
 class WavReader final : public SoundReader {
 public:
-    /// `padded` is what the file is read through; null if it is read as it is.
-    WavReader(std::unique_ptr<SplicedFile> padded, SoundFile file, const SF_INFO& info)
-        : padded_(std::move(padded)), file_(std::move(file)), info_(info) {}
+    /// `spliced` is what the file is read through; null if it is read as it is.
+    WavReader(std::unique_ptr<SplicedFile> spliced, SoundFile file, const SF_INFO& info)
+        : spliced_(std::move(spliced)), file_(std::move(file)), info_(info) {}
 
     int rateHz() const override { return info_.samplerate; }
     int channels() const override { return info_.channels; }
@@ -69,7 +72,7 @@ private:
         return static_cast<int>(got);
     }
 
-    std::unique_ptr<SplicedFile> padded_; ///< outlives the file
+    std::unique_ptr<SplicedFile> spliced_; ///< outlives the file
     SoundFile file_;
     SF_INFO info_;
     std::vector<float> samples_;
@@ -88,12 +91,12 @@ sf_count_t lengthOf(void* file) {
 }
 
 sf_count_t seekIn(sf_count_t offset, int whence, void* file) {
-    auto& padded = *static_cast<SplicedFile*>(file);
+    auto& spliced = *static_cast<SplicedFile*>(file);
     if (whence == SEEK_CUR)
-        offset += padded.position();
+        offset += spliced.position();
     else if (whence == SEEK_END)
-        offset += padded.length();
-    return padded.seek(offset);
+        offset += spliced.length();
+    return spliced.seek(offset);
 }
 
 sf_count_t readFrom(void* bytes, sf_count_t count, void* file) {
@@ -108,21 +111,18 @@ sf_count_t placeIn(void* file) {
     return static_cast<SplicedFile*>(file)->position();
 }
 
-// The pieces between the missing padding bytes, with a zero in place of each.
-std::vector<FilePiece> paddedPieces(const fs::path& path, const std::vector<std::int64_t>& pads) {
+bool isWhole(const std::vector<FilePiece>& pieces, const fs::path& path) {
     std::error_code failed;
-    const std::uintmax_t size = fs::file_size(path, failed);
-    if (failed)
-        return {};
-    std::vector<FilePiece> pieces;
-    std::int64_t begin = 0;
-    for (const std::int64_t pad : pads) {
-        pieces.push_back({begin, pad});
-        pieces.push_back({0, 1, true});
-        begin = pad;
-    }
-    pieces.push_back({begin, static_cast<std::int64_t>(size)});
-    return pieces;
+    return pieces.size() == 1 && pieces[0].begin == 0 &&
+           static_cast<std::uintmax_t>(pieces[0].end) == fs::file_size(path, failed) && !failed;
+}
+
+// The form for files of more than 4 GB that begins with "riff". No other file is given to the
+// library: it has parsers for two dozen kinds.
+bool isWave64(const fs::path& path) {
+    std::array<char, 4> kind{};
+    std::ifstream(path, std::ios::binary).read(kind.data(), kind.size());
+    return std::string_view(kind.data(), kind.size()) == "riff";
 }
 
 constexpr SF_VIRTUAL_IO splicedFileCalls{lengthOf, seekIn, readFrom, writeNothing, placeIn};
@@ -133,17 +133,20 @@ std::unique_ptr<SoundReader> openWav(const fs::path& path) {
     std::error_code failed;
     if (!fs::is_regular_file(path, failed))
         return nullptr;
+    const WavChunks chunks = readWavChunks(path);
+    if (chunks.isWav ? chunks.needed.empty() : !isWave64(path))
+        return nullptr;
     SF_INFO info{};
-    std::unique_ptr<SplicedFile> padded;
-    if (const auto pads = readWavChunks(path).missingPads; !pads.empty())
-        padded = std::make_unique<SplicedFile>(path, paddedPieces(path, pads));
+    std::unique_ptr<SplicedFile> spliced;
+    if (chunks.isWav && !isWhole(chunks.needed, path))
+        spliced = std::make_unique<SplicedFile>(path, chunks.needed);
     SF_VIRTUAL_IO calls = splicedFileCalls;
-    SoundFile file(padded ? sf_open_virtual(&calls, SFM_READ, &info, padded.get())
-                          : sf_open(path.string().c_str(), SFM_READ, &info));
+    SoundFile file(spliced ? sf_open_virtual(&calls, SFM_READ, &info, spliced.get())
+                           : sf_open(path.string().c_str(), SFM_READ, &info));
     if (!file || !isWav(info.format) || info.channels < 1 || info.samplerate < lowestRateHz ||
         info.samplerate > highestRateHz)
         return nullptr;
-    return std::make_unique<WavReader>(std::move(padded), std::move(file), info);
+    return std::make_unique<WavReader>(std::move(spliced), std::move(file), info);
 }
 
 } // namespace velorin::host

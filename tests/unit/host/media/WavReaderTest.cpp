@@ -122,11 +122,77 @@ TEST(AWavFile, MayHaveChunksOfOddLengthsWithoutPadding) {
     }
 }
 
-TEST(AWavFile, WithPaddingHasNoMissingByte) {
+TEST(AWavFile, WithNothingButItsSamplesIsReadAsItIs) {
     const scripted::TemporaryFolder folder;
-    const auto path =
-        writeWav(folder.path(), chunk("junk", "abc") + '\0' + format(1, 1, 16) + ramp());
-    EXPECT_TRUE(readWavChunks(path).missingPads.empty());
+    const auto path = writeWav(folder.path(), format(1, 1, 16) + chunk("fact", "1234") + ramp());
+    const auto needed = readWavChunks(path).needed;
+    ASSERT_EQ(needed.size(), 1U);
+    EXPECT_EQ(needed[0].begin, 0);
+    EXPECT_EQ(needed[0].end, static_cast<std::int64_t>(std::filesystem::file_size(path)));
+}
+
+// The library looks for ever for the end of such a list, before the samples and behind them. A
+// fuzzer found it.
+TEST(AWavFile, MayHaveADamagedListOfTexts) {
+    const scripted::TemporaryFolder folder;
+    const std::string endless = std::string("LISTWAVELIST\3\0\0\0AAVELIST\3\0\0\0AVE\0LIST", 36) +
+                                std::string(8, '\xFF') + "\xF7\xFF\xFF\xFF";
+    const std::string sound = format(1, 1, 16) + ramp();
+    EXPECT_EQ(whyNot(writeWav(folder.path(), endless)), "is no WAV file");
+    EXPECT_EQ(whyNot(writeWav(folder.path(), endless + sound)), "is no WAV file");
+    const auto wav = openWav(writeWav(folder.path(), sound + endless));
+    ASSERT_NE(wav, nullptr);
+    EXPECT_EQ(wav->frames(), 256);
+    EXPECT_EQ(leftOf(*wav).at(255), 255.0F / 256.0F);
+}
+
+TEST(AWavFile, ThatWasCutOffOrNeverClosedIsReadToItsEnd) {
+    const scripted::TemporaryFolder folder;
+    const std::string whole = chunk("RIFF", "WAVE" + format(1, 1, 16) + ramp());
+    std::string endless = whole;
+    endless.replace(endless.find("data") + 4, 4, 4, '\xFF');
+    std::string unclosed = whole;
+    unclosed.replace(4, 4, std::string("\10\0\0\0", 4));
+    unclosed.replace(unclosed.find("data") + 4, 4, 4, '\0');
+    for (const std::string& bytes : {whole.substr(0, whole.size() - 256), endless, unclosed}) {
+        std::ofstream(folder.path() / "a.wav", std::ios::binary) << bytes;
+        const auto wav = openWav(folder.path() / "a.wav");
+        ASSERT_NE(wav, nullptr);
+        const std::size_t expected = bytes.size() == whole.size() ? 256 : 128;
+        EXPECT_EQ(wav->frames(), static_cast<std::int64_t>(expected));
+        EXPECT_EQ(leftOf(*wav).size(), expected);
+    }
+}
+
+// "RIFX" has its numbers with the highest byte first.
+TEST(AWavFile, MayHaveItsBytesTheOtherWayRound) {
+    const scripted::TemporaryFolder folder;
+    const std::string format("fmt \0\0\0\20\0\1\0\2\0\0\x1F\x40\0\0\x7D\0\0\4\0\20", 24);
+    const std::string sound("data\0\0\0\10\x40\0\xC0\0\0\1\xFF\xFF", 16);
+    const std::string list("LIST\0\0\0\3abc\0", 12);
+    std::ofstream(folder.path() / "a.wav", std::ios::binary)
+        << std::string("RIFX\0\0\0\x38WAVE", 12) + format + list + sound;
+    const auto wav = openWav(folder.path() / "a.wav");
+    ASSERT_NE(wav, nullptr);
+    EXPECT_EQ(wav->rateHz(), 8000);
+    EXPECT_EQ(roundedSamples(*wav), (std::vector<std::int16_t>{16384, -16384, 1, -1}));
+}
+
+// Only the samples of the length that "ds64" tells are read; a file of 4 GB has no room for it
+// elsewhere.
+TEST(AWavFile, OfTheLongFormEndsWithTheLongLength) {
+    const scripted::TemporaryFolder folder;
+    std::string lengths;
+    for (const std::uint32_t number : {700U, 0U, 512U, 0U, 256U, 0U, 0U})
+        append(lengths, number, 4);
+    std::string sound = ramp();
+    sound.replace(4, 4, 4, '\xFF');
+    const std::string chunks = chunk("ds64", lengths) + format(1, 1, 16) + sound + "LIST\xFF\xFF";
+    std::ofstream(folder.path() / "a.wav", std::ios::binary) << "RF64\xFF\xFF\xFF\xFFWAVE" + chunks;
+    const auto wav = openWav(folder.path() / "a.wav");
+    ASSERT_NE(wav, nullptr);
+    EXPECT_EQ(wav->frames(), 256);
+    EXPECT_EQ(leftOf(*wav).at(255), 255.0F / 256.0F);
 }
 
 TEST(AWavFile, InAnUnsupportedFormatIsReportedByName) {
