@@ -10,8 +10,9 @@
 namespace velorin::host {
 
 struct WavChunks {
-    bool isWav =
-        false;    ///< begins with "RIFF", "RIFX" or "RF64", and "WAVE"; if not, the rest is empty
+    /// Begins with "RIFF", "RIFX" or "RF64", and "WAVE". If not, the rest is empty.
+    bool isWav = false;
+
     int form = 0; ///< sample format: 1 PCM, 3 floating point, ...; 0: no "fmt "
     int channels = 0;
 
